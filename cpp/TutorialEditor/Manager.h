@@ -1,0 +1,75 @@
+#pragma once
+
+#include "model/TreeItem.h"
+#include "model/TutorialItemData.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+namespace TutorialEditor
+{
+/// The document of the one loaded tutorial: its file, its records and its tree. It exists once in
+/// the process, and owns the records that stand in its list.
+///
+/// It shows no message: what fails is returned as a text for the user or as a list of such texts.
+class Manager : public QObject
+{
+    Q_OBJECT
+
+public:
+    Manager();
+    ~Manager() override;
+
+    /// The single instance, made if there is none yet.
+    static Manager *instance();
+
+    /// Reads the file into the document. The result is empty when no error was seen. A file that
+    /// can't be opened leaves the document as it was and gives no error; one that doesn't parse
+    /// leaves it empty.
+    QStringList setContents(const QString &filename);
+
+    /// The scenario as script text; with forSaving each hint is a translation call with its item's
+    /// key, else a plain string.
+    QString getScenario(bool forSaving) const;
+
+    /// Appends the array of the item's children to the text.
+    void getJsonText(int level, const TreeItem<TutorialItemData> &item, const TreeDataTemplate<TutorialItemData> &data,
+                     QString &text, bool forSaving) const;
+
+    /// Stores the scenario in its file. The result is empty on success, else a translated message;
+    /// the document then still counts as modified.
+    QString save();
+    /// Stores a given scenario array in the file, without touching the history.
+    void save(const QString &text);
+
+    /// Forgets the document and its history.
+    void clear();
+
+    /// The picture of an icon by its number, or an empty text for a number that has none.
+    static QString getStepIconPath(int index);
+
+    /// Requests from outside. They are logged and change nothing.
+    static void focusActionId(int id);
+    static void setCoordinates(int x, int y);
+    static void setCondition(const QStringList &conditions);
+    static void clearDialog();
+
+    /// Full name of the scenario file; empty until a load.
+    QString mFilename;
+    TreeDataTemplate<TutorialItemData> mData;
+
+private:
+    Q_DISABLE_COPY(Manager)
+
+    bool readItems(const QString &arrayText);
+    void fillInNames();
+    void dropRecords();
+
+    // Undo commands can still point to the records of a replaced document until the history is
+    // cleared.
+    QList<TutorialItemData *> mReplacedRecords;
+    bool mParseFailed = false;
+};
+} // namespace TutorialEditor

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+/// The text steps of a scenario file's reader and writer, as functions without state.
+///
+/// A scenario file is a script that assigns an array to "scenario"; the array is JSON but for the
+/// hints, which may be translation calls.
+namespace ScenarioText
+{
+/// Cuts each block comment, in strings too; an unclosed one stays.
+QString removeBlockComments(const QString &text);
+
+/// Cuts each line whose first characters behind blanks and tabs are two slashes. A last line without
+/// a line feed stays.
+QString removeLineComments(const QString &text);
+
+/// The array without its assignment: the first "var scenario = [" becomes "[" and the first "];"
+/// becomes "]".
+QString removeAssignment(const QString &text);
+
+/// The assignment of the array, which loses the line ends at its end.
+QString addAssignment(const QString &arrayText);
+} // namespace ScenarioText

@@ -1,0 +1,320 @@
+#pragma once
+
+#include "tool/DataSupport.h"
+#include "tool/JsonWrapper.h"
+#include "tool/JsonWrapperException.h"
+#include "tool/Log.h"
+
+#include <QHash>
+#include <QList>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+/// A node of a document's tree: the id of a record and the shape below it. The record knows all
+/// else.
+///
+/// Children are held by value in an implicitly shared list. A pointer to a node is therefore valid
+/// only until the list that holds the node changes; look the node up again by its id after that.
+template <typename T>
+class TreeItem
+{
+public:
+    TreeItem() = default;
+    TreeItem(int id, bool folder) : mId(id), mFolder(folder) { }
+    TreeItem(const TreeItem &other) = default;
+    TreeItem &operator=(const TreeItem &other) = default;
+    virtual ~TreeItem() = default;
+
+    /// A subtree from JSON, owned by the caller, with its records appended to dataList, parents
+    /// before children. Null with a warning in the log when the JSON is no object; the records that
+    /// were read until then stay in dataList.
+    static TreeItem<T> *createFromJson(const JsonWrapper &json, QList<T *> *dataList);
+
+    /// The node itself or the first node below it with that id, depth first; null if there is none.
+    TreeItem<T> *find(int id);
+    const TreeItem<T> *find(int id) const;
+
+    /// The node below this one that has a direct child of that id, with the child's position in
+    /// index; null, with index left alone, if there is none.
+    TreeItem<T> *findParent(int id, int &index);
+
+    /// Takes the first node of that id, with all below it, out of the tree below this node.
+    bool remove(int id);
+
+    /// Calls visit for this node and then for all below it, parents before children.
+    void visitAll(const std::function<void(const TreeItem<T> &)> &visit) const;
+
+    /// Appends the id of this node behind the ids of all below it.
+    void collectIds(QList<int> &idList) const;
+
+    int mId = -1;
+    bool mFolder = false;
+    QList<TreeItem<T>> mChildren;
+
+private:
+    static std::unique_ptr<TreeItem<T>> read(const JsonWrapper &json, QList<T *> &dataList);
+    // The positions that lead from this node to the first node of that id below it.
+    bool findPath(int id, QList<int> &path) const;
+    TreeItem<T> *follow(const QList<int> &path, int steps);
+};
+
+/// The tree of nodes and the flat list of records, which together are a document.
+///
+/// Each node below the root has a record of its id. Records live on the heap; who holds this object
+/// owns those in mDataList, this class frees none.
+template <typename T>
+class TreeDataTemplate
+{
+public:
+    /// Ids from this one on never count as used.
+    static constexpr int kIdLimit = 99999999;
+
+    /// The first record with that id, or null.
+    T *getData(int id) const;
+    /// The position of that record, or -1.
+    int getDataIndex(int id) const;
+    /// The ids below kIdLimit of all records, in list order.
+    QList<int> getIdList() const;
+    /// The names of all records, in list order.
+    QStringList getNameList() const;
+    /// The lowest free id from 1 up.
+    int getNewId() const;
+    QString getNewName(const QString &base, int digits) const;
+    /// The name itself if it is free, else the next free name in the numbering style that it shows.
+    QString getValidName(const QString &candidate) const;
+    /// The node that has a direct child of that id, with its position in index; null and -1 if
+    /// there is none.
+    TreeItem<T> *getParentItem(int id, int &index);
+
+    QList<T *> mDataList;
+    TreeItem<T> mRoot;
+
+private:
+    // Position by id of the first mIndexedCount records. A hint that every use checks against the
+    // list, since others write to the list directly.
+    void indexNewRecords() const;
+    mutable QHash<int, int> mIndexById;
+    mutable int mIndexedCount = 0;
+};
+
+template <typename T>
+TreeItem<T> *TreeItem<T>::createFromJson(const JsonWrapper &json, QList<T *> *dataList)
+{
+    try {
+        return read(json, *dataList).release();
+    } catch (const JsonWrapperException &exception) {
+        Log::warning("cpp/model", "TreeItem<class TutorialItemData>::createFromJson", __LINE__) << exception.message();
+        return nullptr;
+    }
+}
+
+template <typename T>
+std::unique_ptr<TreeItem<T>> TreeItem<T>::read(const JsonWrapper &json, QList<T *> &dataList)
+{
+    T *record = T::fromJson(json);
+    if (!record)
+        return nullptr;
+    dataList.append(record);
+    auto item = std::make_unique<TreeItem<T>>(record->mId, false);
+    const QString folderKey = QStringLiteral("folder");
+    if (json.contains(folderKey))
+        item->mFolder = json[folderKey].toBool();
+    const QString childrenKey = QStringLiteral("children");
+    if (json.contains(childrenKey)) {
+        const JsonWrapper children = json[childrenKey];
+        const int length = children.length();
+        for (int i = 0; i < length; ++i) {
+            const std::unique_ptr<TreeItem<T>> child = read(children[i], dataList);
+            if (!child)
+                return nullptr;
+            item->mChildren.append(*child);
+        }
+    }
+    return item;
+}
+
+template <typename T>
+bool TreeItem<T>::findPath(int id, QList<int> &path) const
+{
+    for (int i = 0; i < mChildren.size(); ++i) {
+        const TreeItem<T> &child = mChildren.at(i);
+        path.append(i);
+        if (child.mId == id || child.findPath(id, path))
+            return true;
+        path.removeLast();
+    }
+    return false;
+}
+
+template <typename T>
+TreeItem<T> *TreeItem<T>::follow(const QList<int> &path, int steps)
+{
+    TreeItem<T> *item = this;
+    for (int i = 0; i < steps; ++i)
+        item = &item->mChildren[path.at(i)];
+    return item;
+}
+
+template <typename T>
+TreeItem<T> *TreeItem<T>::find(int id)
+{
+    // The search reads only; the lists on the way to the hit are the only ones that may detach.
+    QList<int> path;
+    if (mId == id || findPath(id, path))
+        return follow(path, path.size());
+    return nullptr;
+}
+
+template <typename T>
+const TreeItem<T> *TreeItem<T>::find(int id) const
+{
+    if (mId == id)
+        return this;
+    for (const TreeItem<T> &child : mChildren) {
+        if (const TreeItem<T> *hit = child.find(id))
+            return hit;
+    }
+    return nullptr;
+}
+
+template <typename T>
+TreeItem<T> *TreeItem<T>::findParent(int id, int &index)
+{
+    QList<int> path;
+    if (!findPath(id, path))
+        return nullptr;
+    index = path.last();
+    return follow(path, path.size() - 1);
+}
+
+template <typename T>
+bool TreeItem<T>::remove(int id)
+{
+    int index = -1;
+    TreeItem<T> *parent = findParent(id, index);
+    if (!parent)
+        return false;
+    parent->mChildren.removeAt(index);
+    return true;
+}
+
+template <typename T>
+void TreeItem<T>::visitAll(const std::function<void(const TreeItem<T> &)> &visit) const
+{
+    visit(*this);
+    for (const TreeItem<T> &child : mChildren)
+        child.visitAll(visit);
+}
+
+template <typename T>
+void TreeItem<T>::collectIds(QList<int> &idList) const
+{
+    if (mFolder) {
+        for (const TreeItem<T> &child : mChildren)
+            child.collectIds(idList);
+    }
+    idList.append(mId);
+}
+
+template <typename T>
+void TreeDataTemplate<T>::indexNewRecords() const
+{
+    if (mIndexedCount > mDataList.size()) {
+        mIndexById.clear();
+        mIndexedCount = 0;
+    }
+    for (; mIndexedCount < mDataList.size(); ++mIndexedCount) {
+        const int id = mDataList.at(mIndexedCount)->mId;
+        if (!mIndexById.contains(id))
+            mIndexById.insert(id, mIndexedCount);
+    }
+}
+
+template <typename T>
+int TreeDataTemplate<T>::getDataIndex(int id) const
+{
+    indexNewRecords();
+    const int hint = mIndexById.value(id, -1);
+    if (hint >= 0 && mDataList.at(hint)->mId == id)
+        return hint;
+    // Either there is no such record, or the list was changed in its middle.
+    for (int i = 0; i < mDataList.size(); ++i) {
+        if (mDataList.at(i)->mId == id) {
+            mIndexById.clear();
+            mIndexedCount = 0;
+            return i;
+        }
+    }
+    return -1;
+}
+
+template <typename T>
+T *TreeDataTemplate<T>::getData(int id) const
+{
+    const int index = getDataIndex(id);
+    return index < 0 ? nullptr : mDataList.at(index);
+}
+
+template <typename T>
+QList<int> TreeDataTemplate<T>::getIdList() const
+{
+    QList<int> idList;
+    for (const T *record : mDataList) {
+        if (record->mId < kIdLimit)
+            idList.append(record->mId);
+    }
+    return idList;
+}
+
+template <typename T>
+QStringList TreeDataTemplate<T>::getNameList() const
+{
+    QStringList nameList;
+    for (const T *record : mDataList)
+        nameList.append(record->mName);
+    return nameList;
+}
+
+template <typename T>
+int TreeDataTemplate<T>::getNewId() const
+{
+    return DataSupport::getUniqueId(getIdList(), 1);
+}
+
+template <typename T>
+QString TreeDataTemplate<T>::getNewName(const QString &base, int digits) const
+{
+    return DataSupport::getUniqueName(getNameList(), base, digits);
+}
+
+template <typename T>
+QString TreeDataTemplate<T>::getValidName(const QString &candidate) const
+{
+    const QStringList names = getNameList();
+    if (!names.contains(candidate))
+        return candidate;
+
+    QString base = candidate;
+    int digits = 0;
+    const QRegularExpressionMatch bracket = QRegularExpression(QStringLiteral("\\(\\d+\\)$")).match(candidate);
+    const QRegularExpressionMatch number = QRegularExpression(QStringLiteral("\\d+$")).match(candidate);
+    if (bracket.hasMatch()) {
+        base = candidate.left(bracket.capturedStart());
+        digits = -2;
+    } else if (number.hasMatch()) {
+        base = candidate.left(number.capturedStart());
+        digits = number.capturedLength();
+    }
+    Log::debug("cpp/model", "TreeDataTemplate<class TutorialItemData>::getValidName", __LINE__) << base << digits;
+    return DataSupport::getUniqueName(names, base, digits);
+}
+
+template <typename T>
+TreeItem<T> *TreeDataTemplate<T>::getParentItem(int id, int &index)
+{
+    index = -1;
+    return mRoot.findParent(id, index);
+}

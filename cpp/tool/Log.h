@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDebug>
+
+/// The one form of the log statements of this program's classes: the folder of the source, the
+/// qualified name of the function and the line number, followed by the values of interest.
+///
+///     Log::debug("cpp/Tutorial", "TutorialManager::onConnected", __LINE__) << suffix;
+///
+/// No message context is passed on, so that a release build and a debug build write the same lines.
+namespace Log
+{
+inline QDebug debug(const char *folder, const char *function, int line)
+{
+    return QMessageLogger().debug() << folder << function << line;
+}
+
+inline QDebug warning(const char *folder, const char *function, int line)
+{
+    return QMessageLogger().warning() << folder << function << line;
+}
+} // namespace Log
