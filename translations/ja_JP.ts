@@ -274,6 +274,132 @@ Do you save tutorial?</source>
         </message>
     </context>
     <context>
+        <name>TutorialSideViewStep0</name>
+        <message>
+            <source>#2</source>
+            <translation>ようこそ！
+このツアーでは、目の前の小さなお絵かきエディタをご案内します。三分ほどで終わります。
+「次へ」を押して始めましょう。</translation>
+        </message>
+        <message>
+            <source>#3</source>
+            <translation>まずウィンドウをひと回り見てみますか？
+「いいえ」を押すと、すぐに描き始めます。</translation>
+        </message>
+        <message>
+            <source>#4</source>
+            <translation>ここに道具が並んでいます。色の付いているものが、今マウスで使える道具です。</translation>
+        </message>
+        <message>
+            <source>#5</source>
+            <translation>ここがキャンバスです。絵はここに描いていきます。</translation>
+        </message>
+        <message>
+            <source>#6</source>
+            <translation>図形をひとつ描くたびに、このリストに一行増えます。</translation>
+        </message>
+        <message>
+            <source>#7</source>
+            <translation>選択した図形の名前、線の太さ、レイヤーがここに表示されます。あとで三つとも変えてみましょう。</translation>
+        </message>
+        <message>
+            <source>#9</source>
+            <translation>さあ、描いてみましょう。
+「Rectangle」をクリックして、四角形の道具を選んでください。</translation>
+        </message>
+        <message>
+            <source>#10</source>
+            <translation>ここで左ボタンを押し、そのまま右下へドラッグして、ボタンを離してください。</translation>
+        </message>
+        <message>
+            <source>#11</source>
+            <translation>四角形が描けました！次は「Ellipse」をクリックしてください。</translation>
+        </message>
+        <message>
+            <source>#12</source>
+            <translation>もう一度ドラッグします。今度は四角形の下に描いてください。</translation>
+        </message>
+        <message>
+            <source>#13</source>
+            <translation>お見事です！少しのあいだ、できた絵を眺めてみましょう。</translation>
+        </message>
+        <message>
+            <source>#14</source>
+            <translation>二つの図形がキャンバスに見えていますか？</translation>
+        </message>
+        <message>
+            <source>#15</source>
+            <translation>大丈夫、もう一度描いてみましょう。
+ドラッグのあいだは、ボタンを押したままにするのがコツです。</translation>
+        </message>
+        <message>
+            <source>#17</source>
+            <translation>一行目をクリックして、四角形を選択してください。</translation>
+        </message>
+        <message>
+            <source>#18</source>
+            <translation>次は同じ行をダブルクリックしてください。カーソルが名前の欄に移ります。</translation>
+        </message>
+        <message>
+            <source>#19</source>
+            <translation>好きな名前を三文字以上で入力してください。</translation>
+        </message>
+        <message>
+            <source>#20</source>
+            <translation>線をもっと太くしましょう。太さを 6 にしてください。</translation>
+        </message>
+        <message>
+            <source>#21</source>
+            <translation>「Front」を選んでください。図形がほかの図形の手前に来ます。</translation>
+        </message>
+        <message>
+            <source>#22</source>
+            <translation>図形は動かすこともできます。「Select」をクリックしてください。</translation>
+        </message>
+        <message>
+            <source>#23</source>
+            <translation>四角形をマウスでつかんで、別の場所までドラッグしてください。</translation>
+        </message>
+        <message>
+            <source>#25</source>
+            <translation>グリッドがあると位置を揃えやすくなります。ここにチェックを入れてください。</translation>
+        </message>
+        <message>
+            <source>#26</source>
+            <translation>設定も見てみますか？
+「いいえ」を押すと、この部分を飛ばします。</translation>
+        </message>
+        <message>
+            <source>#27</source>
+            <translation>「View」メニューを開いてください。</translation>
+        </message>
+        <message>
+            <source>#28</source>
+            <translation>「Settings」を選んでください。</translation>
+        </message>
+        <message>
+            <source>#29</source>
+            <translation>キャンバスを温かみのある色にしましょう。「Cream」を選んでください。</translation>
+        </message>
+        <message>
+            <source>#30</source>
+            <translation>「OK」をクリックして、設定を閉じてください。</translation>
+        </message>
+        <message>
+            <source>#32</source>
+            <translation>最後にもうひとつ。ここを右クリックしてください。</translation>
+        </message>
+        <message>
+            <source>#33</source>
+            <translation>「Duplicate」を選ぶと、選択中の図形のコピーができます。</translation>
+        </message>
+        <message>
+            <source>#34</source>
+            <translation>これで一通りおしまいです。楽しく描いてください！
+「次へ」を押すとツアーを終わります。</translation>
+        </message>
+    </context>
+    <context>
         <name>TutorialSideViewStep1</name>
         <message>
             <source>#1</source>
