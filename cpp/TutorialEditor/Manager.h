@@ -65,11 +65,13 @@ private:
 
     bool readItems(const QString &arrayText);
     void fillInNames();
+    void replaceDocument();
     void dropRecords();
 
     // Undo commands can still point to the records of a replaced document until the history is
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
-    bool mParseFailed = false;
+    // Whether the document is what mFilename holds.
+    bool mLoaded = false;
 };
 } // namespace TutorialEditor
