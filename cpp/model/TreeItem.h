@@ -94,8 +94,12 @@ public:
 
 private:
     // Position by id of the first mIndexedCount records. A hint that every use checks against the
-    // list, since others write to the list directly.
+    // list, since others write to the list directly. An id that stands several times has no hint:
+    // which of its records comes first can change without any hint being wrong.
+    static constexpr int kNoHint = -1;
+    static constexpr int kSeveral = -2;
     void indexNewRecords() const;
+    void forgetIndex() const;
     mutable QHash<int, int> mIndexById;
     mutable int mIndexedCount = 0;
 };
@@ -220,16 +224,30 @@ void TreeItem<T>::collectIds(QList<int> &idList) const
 }
 
 template <typename T>
+void TreeDataTemplate<T>::forgetIndex() const
+{
+    mIndexById.clear();
+    mIndexedCount = 0;
+}
+
+template <typename T>
 void TreeDataTemplate<T>::indexNewRecords() const
 {
-    if (mIndexedCount > mDataList.size()) {
-        mIndexById.clear();
-        mIndexedCount = 0;
-    }
-    for (; mIndexedCount < mDataList.size(); ++mIndexedCount) {
+    if (mIndexedCount > mDataList.size())
+        forgetIndex();
+    while (mIndexedCount < mDataList.size()) {
         const int id = mDataList.at(mIndexedCount)->mId;
-        if (!mIndexById.contains(id))
+        const auto known = mIndexById.find(id);
+        if (known == mIndexById.end()) {
             mIndexById.insert(id, mIndexedCount);
+        } else if (*known == kSeveral || mDataList.at(*known)->mId == id) {
+            *known = kSeveral;
+        } else {
+            // A record was put in front of this one, so that all hints may be wrong.
+            forgetIndex();
+            continue;
+        }
+        ++mIndexedCount;
     }
 }
 
@@ -237,14 +255,14 @@ template <typename T>
 int TreeDataTemplate<T>::getDataIndex(int id) const
 {
     indexNewRecords();
-    const int hint = mIndexById.value(id, -1);
+    const int hint = mIndexById.value(id, kNoHint);
     if (hint >= 0 && mDataList.at(hint)->mId == id)
         return hint;
-    // Either there is no such record, or the list was changed in its middle.
+    // There is no such record, or several, or the list was changed in its middle.
     for (int i = 0; i < mDataList.size(); ++i) {
         if (mDataList.at(i)->mId == id) {
-            mIndexById.clear();
-            mIndexedCount = 0;
+            if (hint != kSeveral)
+                forgetIndex();
             return i;
         }
     }
