@@ -194,33 +194,23 @@ void tst_JsonWrapper::raise_data()
     QTest::addColumn<Step>("step");
     QTest::addColumn<QString>("message"); // %1 is what the step was applied to
     QTest::addColumn<QString>("onDoc"); // what stands there for a document
-    const auto row = [](bool wantsArray, const Step &step, const char *message, const char *onDoc = "kDoc") {
+    const auto row = [](bool wantsArray, const char *message, const char *onDoc, const Step &step) {
         QTest::newRow(message) << wantsArray << step << QString::fromLatin1(message) << QString::fromLatin1(onDoc);
     };
     const char *noArray = "mDoc which is not Array";
     const char *noObject = "mDoc which is not Object";
-    row(
-        false, [](JsonWrapper &json) { json[kKey]; }, "[a] is applied for %1.", noObject);
-    row(
-        true, [](JsonWrapper &json) { json.toArray(); }, "toArray() is called for %1.");
-    row(
-        true, [](JsonWrapper &json) { json.length(); }, "length() is called for %1.", noArray);
-    row(
-        false, [](JsonWrapper &json) { json.contains(kKey); }, "contains() is called for %1.", noObject);
-    row(
-        false, [](JsonWrapper &json) { json.set(kKey, 1); }, "set() is called for %1.");
-    row(
-        true, [](JsonWrapper &json) { json.set(0, 1); }, "set() is called for %1.");
-    row(
-        true, [](JsonWrapper &json) { json.insert(0, 1); }, "set() is called for %1.");
-    row(
-        false, [](JsonWrapper &json) { json.setEmptyArray(kKey); }, "setEmptyArray(QString) is called for %1.");
-    row(
-        true, [](JsonWrapper &json) { json.setEmptyArray(0); }, "setEmptyArray(int) is called for %1.");
-    row(
-        false, [](JsonWrapper &json) { json.setEmptyObject(kKey); }, "setEmptyObject(QString) is called for %1.");
-    row(
-        true, [](JsonWrapper &json) { json.setEmptyObject(0); }, "setEmptyObject(int) is called for %1.");
+    row(false, "[a] is applied for %1.", noObject, [](JsonWrapper &json) { json[kKey]; });
+    row(true, "toArray() is called for %1.", "kDoc", [](JsonWrapper &json) { json.toArray(); });
+    row(true, "length() is called for %1.", noArray, [](JsonWrapper &json) { json.length(); });
+    row(false, "contains() is called for %1.", noObject, [](JsonWrapper &json) { json.contains(kKey); });
+    row(false, "set() is called for %1.", "kDoc", [](JsonWrapper &json) { json.set(kKey, 1); });
+    row(true, "set() is called for %1.", "kDoc", [](JsonWrapper &json) { json.set(0, 1); });
+    row(true, "set() is called for %1.", "kDoc", [](JsonWrapper &json) { json.insert(0, 1); });
+    row(false, "setEmptyArray(QString) is called for %1.", "kDoc", [](JsonWrapper &json) { json.setEmptyArray(kKey); });
+    row(true, "setEmptyArray(int) is called for %1.", "kDoc", [](JsonWrapper &json) { json.setEmptyArray(0); });
+    row(false, "setEmptyObject(QString) is called for %1.", "kDoc",
+        [](JsonWrapper &json) { json.setEmptyObject(kKey); });
+    row(true, "setEmptyObject(int) is called for %1.", "kDoc", [](JsonWrapper &json) { json.setEmptyObject(0); });
 }
 
 void tst_JsonWrapper::raise()
@@ -242,33 +232,28 @@ void tst_JsonWrapper::raiseOneByOne_data()
 {
     QTest::addColumn<JsonWrapper>("json");
     QTest::addColumn<Step>("step");
-    const auto row = [](const JsonWrapper &json, const Step &step, const char *message) {
+    const auto row = [](const JsonWrapper &json, const char *message, const Step &step) {
         QTest::newRow(message) << json << step;
     };
     const Step first = [](JsonWrapper &json) { json[0]; };
-    row(doc("{}"), first, "[index] is applied for mDoc which is not Array.");
-    row(value("1"), first, "[index] is applied for kValue.");
-    row(JsonWrapper(), first, "[index] is applied for kMax.");
-    row(
-        object("{}"), [](JsonWrapper &json) { json[kKey]; }, "mObject doesn't have key: a");
-    row(
-        array("[]"), [](JsonWrapper &json) { json.toValue(); }, "toValue() is called for kArray.");
+    row(doc("{}"), "[index] is applied for mDoc which is not Array.", first);
+    row(value("1"), "[index] is applied for kValue.", first);
+    row(JsonWrapper(), "[index] is applied for kMax.", first);
+    row(object("{}"), "mObject doesn't have key: a", [](JsonWrapper &json) { json[kKey]; });
+    row(array("[]"), "toValue() is called for kArray.", [](JsonWrapper &json) { json.toValue(); });
     const Step toObject = [](JsonWrapper &json) { json.toObject(); };
-    row(doc("[]"), toObject, "toObject(): mDoc which is not Object.");
-    row(array("[]"), toObject, "toObject(): applied for kArray.");
+    row(doc("[]"), "toObject(): mDoc which is not Object.", toObject);
+    row(array("[]"), "toObject(): applied for kArray.", toObject);
     const Step keys = [](JsonWrapper &json) { json.keys(); };
-    row(doc("[]"), keys, "keys() is called for mDoc which is not Object.");
-    row(array("[]"), keys, "keys() is called for kArray");
-    row(value("[]"), keys, "keys() is called for kValue.");
+    row(doc("[]"), "keys() is called for mDoc which is not Object.", keys);
+    row(array("[]"), "keys() is called for kArray", keys);
+    row(value("[]"), "keys() is called for kValue.", keys);
     const Step assign = [](JsonWrapper &json) { json = QJsonValue(1); };
-    row(doc("[]"), assign, "= is applied for kDoc.");
-    row(JsonWrapper(), assign, "= is applied for kMax.");
-    row(
-        doc("[1]"), [](JsonWrapper &json) { json.set(1, 0); }, "index is out of range: 1");
-    row(
-        value("[1]"), [](JsonWrapper &json) { json.insert(2, 0); }, "index is out of range: 2");
-    row(
-        array("[1]"), [](JsonWrapper &json) { json.insert(-1, 0); }, "index is out of range: -1");
+    row(doc("[]"), "= is applied for kDoc.", assign);
+    row(JsonWrapper(), "= is applied for kMax.", assign);
+    row(doc("[1]"), "index is out of range: 1", [](JsonWrapper &json) { json.set(1, 0); });
+    row(value("[1]"), "index is out of range: 2", [](JsonWrapper &json) { json.insert(2, 0); });
+    row(array("[1]"), "index is out of range: -1", [](JsonWrapper &json) { json.insert(-1, 0); });
 }
 
 void tst_JsonWrapper::raiseOneByOne()
@@ -283,25 +268,18 @@ void tst_JsonWrapper::write_data()
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<Step>("step");
     QTest::addColumn<QString>("after");
-    const auto row = [](const char *name, const char *before, const Step &step, const char *after) {
+    const auto row = [](const char *name, const char *before, const char *after, const Step &step) {
         QTest::newRow(name) << QByteArray(before) << step << QString::fromLatin1(after);
     };
-    row(
-        "replace entry", "{\"a\":1,\"b\":2}", [](JsonWrapper &json) { json.set(kKey, true); }, "{\"a\":true,\"b\":2}");
-    row(
-        "new entry", "{\"b\":2}", [](JsonWrapper &json) { json.set(kKey, 1.5); }, "{\"a\":1.5,\"b\":2}");
-    row(
-        "replace element", "[1,2]", [](JsonWrapper &json) { json.set(1, kKey); }, "[1,\"a\"]");
-    row(
-        "insert before", "[1,2]", [](JsonWrapper &json) { json.insert(1, 9); }, "[1,9,2]");
-    row(
-        "insert at the end", "[1,2]", [](JsonWrapper &json) { json.insert(2, 9); }, "[1,2,9]");
-    row(
-        "empty containers by key", "{}",
-        [](JsonWrapper &json) { json.setEmptyArray(kKey).setEmptyObject(QStringLiteral("b")); }, "{\"a\":[],\"b\":{}}");
-    row(
-        "empty containers by index", "[1,2]", [](JsonWrapper &json) { json.setEmptyArray(0).setEmptyObject(1); },
-        "[[],{}]");
+    row("replace entry", "{\"a\":1,\"b\":2}", "{\"a\":true,\"b\":2}", [](JsonWrapper &json) { json.set(kKey, true); });
+    row("new entry", "{\"b\":2}", "{\"a\":1.5,\"b\":2}", [](JsonWrapper &json) { json.set(kKey, 1.5); });
+    row("replace element", "[1,2]", "[1,\"a\"]", [](JsonWrapper &json) { json.set(1, kKey); });
+    row("insert before", "[1,2]", "[1,9,2]", [](JsonWrapper &json) { json.insert(1, 9); });
+    row("insert at the end", "[1,2]", "[1,2,9]", [](JsonWrapper &json) { json.insert(2, 9); });
+    row("empty containers by key", "{}", "{\"a\":[],\"b\":{}}",
+        [](JsonWrapper &json) { json.setEmptyArray(kKey).setEmptyObject(QStringLiteral("b")); });
+    row("empty containers by index", "[1,2]", "[[],{}]",
+        [](JsonWrapper &json) { json.setEmptyArray(0).setEmptyObject(1); });
 }
 
 void tst_JsonWrapper::write()
