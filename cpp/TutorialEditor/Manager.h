@@ -44,6 +44,9 @@ public:
     /// Stores a given scenario array in the file, without touching the history.
     void save(const QString &text);
 
+    /// Whether the document is what its file held. Only then can it be saved.
+    bool isLoaded() const { return mLoaded; }
+
     /// Forgets the document and its history.
     void clear();
 
@@ -65,11 +68,12 @@ private:
 
     bool readItems(const QString &arrayText);
     void fillInNames();
+    void replaceDocument();
     void dropRecords();
 
     // Undo commands can still point to the records of a replaced document until the history is
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
-    bool mParseFailed = false;
+    bool mLoaded = false;
 };
 } // namespace TutorialEditor

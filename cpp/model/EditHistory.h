@@ -20,6 +20,9 @@ public:
     virtual void recordChange(int itemId, const QString &propertyName, const QVariant &value,
                               const QString &linkInfo) = 0;
 
+    /// Whether any step is held, which may refer to records.
+    virtual bool isEmpty() const = 0;
+
     /// The present state is the saved one.
     virtual void markClean() = 0;
 

@@ -1,0 +1,3 @@
+#include "Tutorial/GuidanceContext.h"
+
+GuidanceContext::~GuidanceContext() = default;

@@ -1,0 +1,236 @@
+#include "Tutorial/TranslatableText.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+// As strings with a known length, so that a search does not measure them.
+const QLatin1String kQsTr("qsTr(\"");
+const QLatin1String kNoop("QT_TRANSLATE_NOOP(\"");
+const QLatin1String kClosing("\")");
+const QLatin1String kBlankSeparator("\", \"");
+const QLatin1String kPlainSeparator("\",\"");
+const QLatin1String kArgument(".arg(");
+
+// Both calls look for their closing marker from here on.
+constexpr int kClosingSearchStart = 6;
+
+// Calls inside calls deeper than this are no text that anybody wrote.
+constexpr int kMaximumDepth = 200;
+
+QString message(const char *text)
+{
+    return QCoreApplication::translate("TutorialManager", text);
+}
+
+/// Reads expressions of one text, from its front to its end. Positions are those of the text.
+class Scanner
+{
+public:
+    Scanner(const QString &text, const QString &context, const TranslatableText::Translate &translate,
+            QStringList &errors)
+        : mText(text)
+        , mContext(context)
+        , mTranslate(translate)
+        , mErrors(errors)
+    { }
+
+    struct Expression
+    {
+        QString literal;
+        // Behind the expression; at the end of the text after a failure.
+        int end;
+    };
+
+    Expression read(int start, int depth = 0);
+
+private:
+    bool standsAt(int position, const QLatin1String &marker) const
+    {
+        return mText.midRef(position, marker.size()) == marker;
+    }
+
+    Expression fail(int start, const QString &errorText);
+    Expression readPlainLiteral(int start);
+    Expression readQsTr(int start);
+    Expression readNoop(int start);
+    void readArguments(Expression &expression, int depth);
+    int findBlankSeparator(int from);
+
+    QString literal(const QString &context, const QStringRef &source) const
+    {
+        const QString translated = mTranslate(context, TranslatableText::unescapeString(source.toString()));
+        return QLatin1Char('"') + TranslatableText::escapeString(translated) + QLatin1Char('"');
+    }
+
+    const QString &mText;
+    const QString &mContext;
+    const TranslatableText::Translate &mTranslate;
+    QStringList &mErrors;
+    // The first separator with a blank from some earlier position on, so that a text with many
+    // calls and no separator is not searched to its end for each.
+    int mBlankSeparator = -1;
+    bool mBlankSeparatorKnown = false;
+};
+
+Scanner::Expression Scanner::fail(int start, const QString &errorText)
+{
+    const QString remaining = mText.mid(start);
+    mErrors.append(errorText + remaining);
+    return { remaining, mText.size() };
+}
+
+Scanner::Expression Scanner::read(int start, int depth)
+{
+    if (start >= mText.size())
+        return { QString(), mText.size() };
+    if (mText.at(start) == QLatin1Char('"'))
+        return readPlainLiteral(start);
+
+    const int errorCount = mErrors.size();
+    Expression expression{ QString(), start };
+    if (depth < kMaximumDepth && standsAt(start, kQsTr))
+        expression = readQsTr(start);
+    else if (depth < kMaximumDepth && standsAt(start, kNoop))
+        expression = readNoop(start);
+    else
+        return fail(start, message(QT_TRANSLATE_NOOP("TutorialManager", "unable to parse as string: ")));
+    if (mErrors.size() == errorCount)
+        readArguments(expression, depth);
+    return expression;
+}
+
+Scanner::Expression Scanner::readPlainLiteral(int start)
+{
+    for (int end = mText.indexOf(QLatin1Char('"'), start + 1); end >= 0;
+         end = mText.indexOf(QLatin1Char('"'), end + 1)) {
+        if (mText.at(end - 1) != QLatin1Char('\\'))
+            return { mText.mid(start, end + 1 - start), end + 1 };
+    }
+    return fail(start, message(QT_TRANSLATE_NOOP("TutorialManager", "unterminated \"...\": ")));
+}
+
+Scanner::Expression Scanner::readQsTr(int start)
+{
+    const int closing = mText.indexOf(kClosing, start + kClosingSearchStart);
+    if (closing < 0) {
+        const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not matched %1...%2: "));
+        return fail(start, text.arg(kQsTr, kClosing));
+    }
+    const int source = start + kQsTr.size();
+    return { literal(mContext, mText.midRef(source, closing - source)), closing + kClosing.size() };
+}
+
+Scanner::Expression Scanner::readNoop(int start)
+{
+    const int closing = mText.indexOf(kClosing, start + kClosingSearchStart);
+    if (closing < 0) {
+        const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not matched %1...%2: "));
+        return fail(start, text.arg(kNoop, kClosing));
+    }
+    const int contextStart = start + kNoop.size();
+    int separator = findBlankSeparator(contextStart);
+    int source = separator + kBlankSeparator.size();
+    if (separator < 0) {
+        separator = mText.indexOf(kPlainSeparator, contextStart);
+        source = separator + kPlainSeparator.size();
+    }
+    if (separator < 0) {
+        const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not found %1 or %2: "));
+        return fail(start, text.arg(kBlankSeparator, kPlainSeparator));
+    }
+    const QString context = mText.mid(contextStart, separator - contextStart);
+    return { literal(context, mText.midRef(source, qMax(0, closing - source))), closing + kClosing.size() };
+}
+
+int Scanner::findBlankSeparator(int from)
+{
+    const bool stillAhead = mBlankSeparator < 0 || mBlankSeparator >= from;
+    if (!mBlankSeparatorKnown || !stillAhead) {
+        mBlankSeparator = mText.indexOf(kBlankSeparator, from);
+        mBlankSeparatorKnown = true;
+    }
+    return mBlankSeparator;
+}
+
+void Scanner::readArguments(Expression &expression, int depth)
+{
+    while (standsAt(expression.end, kArgument)) {
+        const Expression argument = read(expression.end + kArgument.size(), depth + 1);
+        expression.literal = expression.literal.arg(argument.literal.mid(1, argument.literal.size() - 2));
+        if (argument.end >= mText.size() || mText.at(argument.end) != QLatin1Char(')')) {
+            const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not closed %1: "));
+            mErrors.append(text.arg(kArgument) + mText.midRef(expression.end));
+            expression.end = mText.size();
+            return;
+        }
+        expression.end = argument.end + 1;
+    }
+}
+
+/// Replaces the expressions that begin with the marker. A literal that holds a marker is not looked
+/// at again, nor are the first skipped characters behind it.
+QString replaceExpressions(const QString &text, const QLatin1String &marker, int skipped, const QString &context,
+                           const TranslatableText::Translate &translate, QStringList &errors)
+{
+    Scanner scanner(text, context, translate, errors);
+    QString result;
+    result.reserve(text.size());
+    int copied = 0;
+    for (int start = text.indexOf(marker); start >= 0; start = text.indexOf(marker, copied + skipped)) {
+        const Scanner::Expression expression = scanner.read(start);
+        result += text.midRef(copied, start - copied) + expression.literal;
+        copied = expression.end;
+    }
+    return result + text.midRef(copied);
+}
+} // namespace
+
+QString TranslatableText::escapeString(const QString &text)
+{
+    QString escaped;
+    escaped.reserve(text.size());
+    for (const QChar character : text) {
+        if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
+            escaped += QLatin1Char('\\');
+        escaped += character;
+    }
+    return escaped;
+}
+
+QString TranslatableText::unescapeString(const QString &text)
+{
+    QString unescaped;
+    unescaped.reserve(text.size());
+    for (int i = 0; i < text.size(); ++i) {
+        const bool escape = text.at(i) == QLatin1Char('\\') && i + 1 < text.size();
+        unescaped += escape ? text.at(++i) : text.at(i);
+    }
+    return unescaped;
+}
+
+QString TranslatableText::parseStringExpression(const QString &text, const QString &context, const Translate &translate,
+                                                QString &rest, QStringList &errors)
+{
+    Scanner scanner(text, context, translate, errors);
+    const Scanner::Expression expression = scanner.read(0);
+    rest = text.mid(expression.end);
+    return expression.literal;
+}
+
+QString TranslatableText::applyToScenario(const QString &text, const QString &context, const Translate &translate,
+                                          QStringList &errors)
+{
+    QString result = replaceExpressions(text, kQsTr, 0, context, translate, errors);
+    result = replaceExpressions(result, kNoop, 0, context, translate, errors);
+    while (result.endsWith(QLatin1Char('\n')))
+        result.chop(1);
+    return result;
+}
+
+QString TranslatableText::applyToList(const QString &text, const QString &context, const Translate &translate,
+                                      QStringList &errors)
+{
+    constexpr int skipped = 2;
+    return replaceExpressions(text, kQsTr, skipped, context, translate, errors);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class QTextEdit;
+struct GuidanceStep;
+
+/// The window that paints a step: the bouncing arrow, the icon and the hint. It is transparent, lets
+/// all input through to the windows beneath it, and has no state of its own.
+///
+/// Closing it takes it out of the step (`mTooltip` becomes null); its owner frees it later.
+class TutorialTooltip : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Builds and shows the window. `parent` is the widget that is also the `GuidanceStep` to paint
+    /// from; it doesn't become the parent of this window, and outlives it.
+    explicit TutorialTooltip(QWidget *parent);
+    ~TutorialTooltip() override;
+
+    GuidanceStep *mIndicator; ///< not owned
+    QTextEdit *mTextEdit; ///< the hint, a child; null once the window was closed
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+protected Q_SLOTS:
+    void changeEvent(QEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(TutorialTooltip)
+};

@@ -1,0 +1,219 @@
+#include "TutorialEditor/Manager.h"
+
+#include "model/DocumentContext.h"
+#include "model/EditHistory.h"
+#include "tool/DataSupport.h"
+#include "tool/Log.h"
+#include "TutorialEditor/ScenarioText.h"
+
+#include <QFile>
+#include <QTextStream>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/TutorialEditor";
+
+TutorialEditor::Manager *currentManager = nullptr;
+
+/// Gives out names without an owner's name being looked at twice: the list is searched once for
+/// each base, and the number goes up from there.
+class NameFiller
+{
+public:
+    explicit NameFiller(const QStringList &names) : mNames(names) { }
+
+    QString next(const QString &base)
+    {
+        constexpr int digits = 3;
+        if (!mNumbers.contains(base)) {
+            const QString name = DataSupport::getUniqueName(mNames, base, digits);
+            mNumbers.insert(base, name.midRef(base.size()).toInt());
+            return name;
+        }
+        const int number = ++mNumbers[base];
+        return base + QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0'));
+    }
+
+private:
+    QStringList mNames;
+    QHash<QString, int> mNumbers;
+};
+} // namespace
+
+namespace TutorialEditor
+{
+Manager::Manager()
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::Manager", __LINE__);
+    currentManager = this;
+    mData.mRoot = TreeItem<TutorialItemData>(-1, true);
+}
+
+Manager::~Manager()
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::~Manager", __LINE__);
+    currentManager = nullptr;
+    dropRecords();
+}
+
+Manager *Manager::instance()
+{
+    if (!currentManager)
+        new Manager; // stored by the constructor; the process owns it
+    return currentManager;
+}
+
+QStringList Manager::setContents(const QString &filename)
+{
+    mFilename = filename;
+    mLoaded = false;
+    QFile file(filename);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << "failed to open" << filename;
+        return QStringList();
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    QString text = stream.readAll();
+    file.close();
+
+    text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
+    text = ScenarioText::removeAssignment(text);
+    QStringList errors;
+    if (const DocumentContext *context = DocumentContext::instance())
+        text = context->applyTranslationToText(text, errors);
+
+    replaceDocument();
+    mLoaded = readItems(text);
+    if (mLoaded)
+        fillInNames();
+    else
+        errors.append(QStringLiteral("json is not array"));
+    if (!errors.isEmpty())
+        Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << errors;
+    return errors;
+}
+
+bool Manager::readItems(const QString &arrayText)
+{
+    const JsonWrapper json(arrayText);
+    if (!json.isArray())
+        return false;
+    const int length = json.length();
+    for (int i = 0; i < length; ++i) {
+        const std::unique_ptr<TreeItem<TutorialItemData>> item(
+            TreeItem<TutorialItemData>::createFromJson(json[i], &mData.mDataList));
+        if (item)
+            mData.mRoot.mChildren.append(*item);
+    }
+    return true;
+}
+
+void Manager::fillInNames()
+{
+    QStringList names = mData.getNameList();
+    names.removeAll(QString());
+    NameFiller filler(names);
+    const QString folderBase = tr("folder");
+    const QString itemBase = tr("item");
+    mData.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+        TutorialItemData *record = item.mId < 0 ? nullptr : mData.getData(item.mId);
+        if (record && record->mName.isEmpty())
+            record->mName = filler.next(item.mFolder ? folderBase : itemBase);
+    });
+}
+
+QString Manager::save()
+{
+    const QString text = getScenario(true);
+    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << mFilename << text;
+    if (mFilename.isEmpty())
+        return tr("Tutorial not loaded yet.");
+    // What could not be read is not in the document, so that writing the document would empty the
+    // file.
+    if (!mLoaded || !DataSupport::writeFile(mFilename, text.toUtf8()))
+        return tr("Failed to save.");
+    if (EditHistory *history = EditHistory::instance())
+        history->markClean();
+    return QString();
+}
+
+void Manager::save(const QString &text)
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << mFilename << text;
+    if (mFilename.isEmpty())
+        return;
+    QFile file(mFilename);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << "failed to open" << mFilename;
+        return;
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    stream << ScenarioText::addAssignment(text);
+    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << "saved" << mFilename;
+}
+
+void Manager::clear()
+{
+    // The commands of the history go first: they may hold records of this document.
+    if (EditHistory *history = EditHistory::instance())
+        history->clear();
+    dropRecords();
+    mData.mRoot = TreeItem<TutorialItemData>(-1, true);
+    // Nothing is loaded any more, so that a save has no file to empty.
+    mFilename.clear();
+    mLoaded = false;
+}
+
+void Manager::replaceDocument()
+{
+    mReplacedRecords += mData.mDataList;
+    mData.mDataList.clear();
+    mData.mRoot.mChildren.clear();
+    const EditHistory *history = EditHistory::instance();
+    if (!history || history->isEmpty())
+        dropRecords();
+}
+
+void Manager::dropRecords()
+{
+    qDeleteAll(mReplacedRecords);
+    mReplacedRecords.clear();
+    qDeleteAll(mData.mDataList);
+    mData.mDataList.clear();
+}
+
+QString Manager::getStepIconPath(int index)
+{
+    static const QStringList files = { QStringLiteral("click.png"),       QStringLiteral("double_click.png"),
+                                       QStringLiteral("right_click.png"), QStringLiteral("eye.png"),
+                                       QStringLiteral("wait.png"),        QStringLiteral("keyboard.png") };
+    if (index < 0 || index >= files.size())
+        return QString();
+    return QStringLiteral(":/resource/png/%1").arg(files.at(index));
+}
+
+void Manager::focusActionId(int id)
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::focusActionId", __LINE__) << id;
+    instance();
+}
+
+void Manager::setCoordinates(int x, int y)
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::setCoordinates", __LINE__) << x << y;
+    instance();
+}
+
+void Manager::setCondition(const QStringList &conditions)
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::setCondition", __LINE__) << conditions;
+    instance();
+}
+
+void Manager::clearDialog()
+{
+    Log::debug(kFolder, "TutorialEditor::Manager::clearDialog", __LINE__);
+}
+} // namespace TutorialEditor

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+/// Functions on files, paths and lists, and the allocators of unique ids and names.
+///
+/// A failure is a warning in the log and a false result.
+class DataSupport
+{
+public:
+    DataSupport() = delete;
+
+    /// The whole file; bytes is left alone when the file can't be opened.
+    static bool readFile(const QString &path, QByteArray &bytes);
+    /// Writes in place: a crash meanwhile can leave a shortened file.
+    static bool writeFile(const QString &path, const QByteArray &bytes);
+    /// Replaces the destination. At every moment one complete file stands under the destination's
+    /// name or under that with ".tmp2" appended.
+    static bool copyFile(const QString &source, const QString &destination);
+    /// Makes the last level of the path; its parent must exist.
+    static bool mkdir(const QString &path);
+    /// Removes a folder with all in it. The first failure stops it; what is removed by then stays so.
+    static bool rmdir(const QString &path);
+    /// Removes the file, a write-protected one too.
+    static bool removeFile(const QString &path);
+    static bool fileExists(const QString &path);
+
+    static QString getPath(const QString &path);
+    static QString getAbsolutePath(const QString &path);
+    static QString getSuffix(const QString &path);
+    /// The path with that suffix, told without its dot, in place of its own.
+    static QString changeSuffix(const QString &path, const QString &suffix);
+    /// Whether the path begins with a slash or a drive letter, on every platform.
+    static bool isAbsolutePath(const QString &path);
+    static QString getIconPath(const QString &name);
+    static QString getResourcePath(const QString &name);
+
+    static QStringList getStringList(const QList<int> &numbers);
+    static QStringList getStringList(const QList<double> &numbers);
+    static QList<int> getIntList(const QVariantList &values);
+    static QList<int> getIntList(const QStringList &texts);
+    static QVariantList getVariantList(const QList<int> &numbers);
+    static QString join(const QList<int> &numbers, const QString &separator);
+
+    /// Typed reads; the fallback is returned when the key is absent.
+    static bool getBool(const QVariantMap &map, const QString &key, bool fallback);
+    static int getInt(const QVariantMap &map, const QString &key, int fallback);
+
+    /// The smallest number from firstId up that is not in ids.
+    static int getUniqueId(const QList<int> &ids, int firstId);
+    /// A name that is not in names: the base with the number behind the highest one in use.
+    ///
+    /// With digits from 0 up the number follows the base, zero-padded to that many places. With -1
+    /// and -2 it stands in round brackets, and -1 leaves a base that is free as it is.
+    static QString getUniqueName(const QStringList &names, const QString &base, int digits);
+};
+
+/// Where the file of the program's data with that relative path can be read.
+QString getExistsFilename(const QString &path);
