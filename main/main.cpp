@@ -13,6 +13,9 @@
 
 namespace
 {
+// Qt::AA_X11InitThreads by its number: Qt 5.15 warns of the name, and older releases need the value.
+constexpr auto kX11InitThreads = static_cast<Qt::ApplicationAttribute>(10);
+
 void installStandardTranslator(QApplication &application)
 {
     const QString folder = QStringLiteral(":/translations");
@@ -26,7 +29,7 @@ void installStandardTranslator(QApplication &application)
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication::setAttribute(Qt::AA_X11InitThreads, true);
+    QCoreApplication::setAttribute(kX11InitThreads, true);
     QApplication application(argc, argv);
     QtWebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
