@@ -29,7 +29,7 @@ groups=()
 # be answered at once, and what the command leaves behind can be ended with it.
 start_group() {
     set -m
-    "$@" <&0 &
+    "$@" &
     groups+=("$!")
     set +m
 }
