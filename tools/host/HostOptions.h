@@ -13,6 +13,8 @@ struct HostOptions
     QString suffix;
     /// Path of the program, empty to wait for one that is started by hand.
     QString program;
+    /// Whether the program's own log goes to standard error.
+    bool programLog = false;
     QString locale;
     /// Empty to ask for no tutorial: the authoring mode has one of its own.
     QString tutorial;

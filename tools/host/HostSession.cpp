@@ -95,7 +95,11 @@ QString HostSession::begin()
     }
     if (mOptions.program.isEmpty())
         return QString();
-    mProgram.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    if (mOptions.programLog)
+        mProgram.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    else
+        mProgram.setStandardErrorFile(QProcess::nullDevice());
+    mProgram.setStandardOutputFile(QProcess::nullDevice());
     mProgram.start(mOptions.program, { mOptions.suffix });
     if (!mProgram.waitForStarted())
         return QStringLiteral("cannot start \"%1\": %2").arg(mOptions.program, mProgram.errorString());

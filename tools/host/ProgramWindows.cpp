@@ -8,6 +8,9 @@
 namespace
 {
 const QString kTool = QStringLiteral("xdotool");
+// The window class follows the name of the executable. A search by process needs a pattern, too.
+const QString kProgramClass = QStringLiteral("^trelvane(-author)?$");
+const QString kAnyClass = QStringLiteral(".*");
 constexpr QSize kButtonSize(64, 32);
 } // namespace
 
@@ -20,9 +23,10 @@ void ProgramWindows::list(const Answer &answer)
 {
     QStringList arguments = { QStringLiteral("search"), QStringLiteral("--onlyvisible") };
     if (mProcessId > 0)
-        arguments << QStringLiteral("--pid") << QString::number(mProcessId);
+        arguments << QStringLiteral("--all") << QStringLiteral("--pid") << QString::number(mProcessId)
+                  << QStringLiteral("--class") << kAnyClass;
     else
-        arguments << QStringLiteral("--class") << QStringLiteral("^trelvane(-author)?$");
+        arguments << QStringLiteral("--class") << kProgramClass;
     arguments << QStringLiteral("getwindowgeometry") << QStringLiteral("--shell") << QStringLiteral("%@");
     run(arguments, [answer](const QString &output) { answer(parse(output)); });
 }
