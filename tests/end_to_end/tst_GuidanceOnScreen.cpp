@@ -1,0 +1,190 @@
+#include "Neighbour.h"
+
+#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/TutorialIndicator.h"
+#include "Tutorial/TutorialLog.h"
+#include "Tutorial/TutorialTooltip.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QScreen>
+#include <QtTest>
+
+#include <memory>
+
+namespace
+{
+const QRect kHostRect(0, 0, 1000, 700);
+
+/// The manager's part in showing and hiding the windows, without a link.
+class Guidance : public GuidanceContext
+{
+public:
+    void sendMessage(const QString &text) override { mSent.append(text); }
+    void dropPopupWindowKey() override { }
+    QRect hostRect() const override { return kHostRect; }
+    bool isGuidanceRunning() const override { return true; }
+    void editorTooltipClosed() override { }
+
+    void updateGuidanceVisibility() override
+    {
+        if (mLog)
+            mLog->show();
+        if (!mIndicator)
+            return;
+        mIndicator->mTooltip->show();
+        mIndicator->showButtons();
+    }
+
+    void start()
+    {
+        mLog = std::make_unique<TutorialLog>(nullptr, this);
+        mIndicator = std::make_unique<TutorialIndicator>(nullptr, this);
+    }
+
+    void update(const QPoint &target, const QString &hint, int flags, int icon)
+    {
+        mIndicator->setTargetWindowOffset(target.x(), target.y(), QString(), flags & 4);
+        mIndicator->setHint(hint);
+        mIndicator->init(flags & 1, flags & 2);
+        mIndicator->mIconType = icon;
+        mIndicator->mTooltip->show();
+    }
+
+    void hide()
+    {
+        mLog->hide();
+        mIndicator->mTooltip->hide();
+        mIndicator->hideButtons();
+    }
+
+    QStringList mSent;
+    std::unique_ptr<TutorialLog> mLog;
+    std::unique_ptr<TutorialIndicator> mIndicator;
+};
+
+QPoint windowPlace(const TutorialIndicator &indicator)
+{
+    return { indicator.mCurrentX, indicator.mCurrentY };
+}
+
+/// Runs xdotool to its end while the windows of this process go on living.
+bool xdotool(const QStringList &arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QStringLiteral("xdotool"), arguments);
+    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 60000)
+        && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+bool click(const QPoint &point)
+{
+    return xdotool({ QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
+                     QStringLiteral("click"), QStringLiteral("1") });
+}
+} // namespace
+
+/// The guidance windows over the window of a second application, with real keys and clicks.
+class tst_GuidanceOnScreen : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Neighbour> mNeighbour;
+    std::unique_ptr<Guidance> mGuidance;
+
+    bool moveTo(const QPoint &target, int flags)
+    {
+        mGuidance->update(target, QStringLiteral("Click the button."), flags, 0);
+        const QPoint rest = mGuidance->mIndicator->mFlipHorizontal ? target - QPoint(308, 0) : target;
+        return QTest::qWaitFor([&] {
+            return !mGuidance->mIndicator->mHintChanged
+                && (windowPlace(*mGuidance->mIndicator) - rest).manhattanLength() <= 6;
+        });
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        mNeighbour = std::make_unique<Neighbour>();
+        QTRY_VERIFY(!mNeighbour->window().isEmpty());
+        mGuidance = std::make_unique<Guidance>();
+        mGuidance->start();
+        // The log window may ask for the activation once; the user goes back to work after that.
+        QVERIFY(xdotool({ QStringLiteral("windowfocus"), mNeighbour->window() }));
+        QTRY_VERIFY(mNeighbour->isFocused());
+    }
+
+    void cleanup()
+    {
+        mGuidance.reset();
+        mNeighbour.reset();
+    }
+
+    void neighbourKeepsTheKeyboard()
+    {
+        const QString alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
+        const QString text = alphabet.repeated(40);
+        QProcess typist;
+        typist.start(QStringLiteral("xdotool"),
+                     { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
+        for (int i = 0; i < 1000; ++i) {
+            const QPoint target(i % 3 * 400, i % 5 * 150 - 200);
+            mGuidance->update(target, QStringLiteral("Step %1").arg(i), i % 8, i % 7);
+            if (i % 10 == 0)
+                mGuidance->hide();
+            if (i % 10 == 5)
+                mGuidance->updateGuidanceVisibility();
+            QTest::qWait(5);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(typist.state(), QProcess::NotRunning, 60000);
+        QTRY_COMPARE(mNeighbour->typed().size(), text.size());
+        QCOMPARE(mNeighbour->typed(), text);
+        QVERIFY(mNeighbour->isFocused());
+    }
+
+    void clicksGoThrough()
+    {
+        for (int round = 0; round < 3; ++round) {
+            QVERIFY(moveTo({ 100 + round * 40, 80 }, 7));
+            const QPoint window = windowPlace(*mGuidance->mIndicator);
+            QList<QPoint> points { QPoint(0, 0) };
+            // The arrow's tip, the icon, the hint, the empty rest of the window.
+            for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
+                points.append(window + inside);
+            mNeighbour->forget();
+            for (const QPoint &point : qAsConst(points))
+                QVERIFY(click(point));
+            QTRY_COMPARE(mNeighbour->clicks(), points);
+            // A window that was hidden gets a new frame.
+            mGuidance->hide();
+            mGuidance->updateGuidanceVisibility();
+        }
+    }
+
+    void buttonsTakeClicksAndNoKeys()
+    {
+        QVERIFY(moveTo({ 200, 100 }, 7));
+        mGuidance->mIndicator->mYesButton->hide();
+        mNeighbour->forget();
+        for (QPushButton *button : { mGuidance->mIndicator->mNextButton, mGuidance->mIndicator->mNoButton })
+            QVERIFY(click(button->geometry().center() + QPoint(10, 0)));
+        QTRY_COMPARE(mGuidance->mSent, QStringList({ QStringLiteral("next"), QStringLiteral("no") }));
+        QVERIFY(xdotool({ QStringLiteral("type"), QStringLiteral("after") }));
+        QTRY_COMPARE(mNeighbour->typed(), QStringLiteral("after"));
+        QVERIFY(mNeighbour->clicks().isEmpty());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(Neighbour::argument()))
+        return Neighbour::run();
+    tst_GuidanceOnScreen test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_GuidanceOnScreen.moc"
