@@ -11,6 +11,10 @@
 #include <QScreen>
 #include <QtTest>
 
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
 #include <memory>
 
 namespace
@@ -63,6 +67,15 @@ public:
     std::unique_ptr<TutorialLog> mLog;
     std::unique_ptr<TutorialIndicator> mIndicator;
 };
+
+/// A connection apart from Qt's: it sees only what has reached the X server.
+using XConnection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
+
+template <typename T>
+std::unique_ptr<T, decltype(&std::free)> owned(T *reply)
+{
+    return { reply, &std::free };
+}
 
 QPoint windowPlace(const TutorialIndicator &indicator)
 {
@@ -150,7 +163,7 @@ private Q_SLOTS:
         for (int round = 0; round < 3; ++round) {
             QVERIFY(moveTo({ 100 + round * 40, 80 }, 7));
             const QPoint window = windowPlace(*mGuidance->mIndicator);
-            QList<QPoint> points { QPoint(0, 0) };
+            QList<QPoint> points{ QPoint(0, 0) };
             // The arrow's tip, the icon, the hint, the empty rest of the window.
             for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
                 points.append(window + inside);
@@ -162,6 +175,51 @@ private Q_SLOTS:
             mGuidance->hide();
             mGuidance->updateGuidanceVisibility();
         }
+    }
+
+    void frameOfAnotherShapeLetsInputThrough()
+    {
+        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+        const auto window = xcb_window_t(mGuidance->mIndicator->mTooltip->winId());
+        const auto tree = owned(xcb_query_tree_reply(xcb.get(), xcb_query_tree(xcb.get(), window), nullptr));
+        QVERIFY(tree);
+        if (tree->parent == tree->root)
+            QSKIP("No window manager frames the windows here.");
+        const auto inputRectangles = [&] {
+            const auto cookie = xcb_shape_get_rectangles(xcb.get(), tree->parent, XCB_SHAPE_SK_INPUT);
+            const auto reply = owned(xcb_shape_get_rectangles_reply(xcb.get(), cookie, nullptr));
+            return reply ? int(reply->rectangles_len) : -1;
+        };
+        QTRY_COMPARE(inputRectangles(), 0);
+        // As a window manager does when its decorations change.
+        xcb_shape_mask(xcb.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, tree->parent, 0, 0, XCB_NONE);
+        QCOMPARE(inputRectangles(), 1);
+        QTRY_COMPARE(inputRectangles(), 0);
+    }
+
+    void fadeIsSeenAsItHappens()
+    {
+        EditorTooltip tooltip(nullptr, mGuidance.get());
+        tooltip.show(QStringLiteral("Brush size"), 300, 300);
+        QVERIFY(QTest::qWaitForWindowExposed(&tooltip));
+        tooltip.killTimer(tooltip.mTimerId);
+        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+        const auto opacity = [&] {
+            const auto name = QByteArrayLiteral("_NET_WM_WINDOW_OPACITY");
+            const auto atomCookie = xcb_intern_atom(xcb.get(), true, quint16(name.size()), name.constData());
+            const xcb_atom_t atom = owned(xcb_intern_atom_reply(xcb.get(), atomCookie, nullptr))->atom;
+            const auto cookie =
+                xcb_get_property(xcb.get(), false, xcb_window_t(tooltip.winId()), atom, XCB_ATOM_CARDINAL, 0, 1);
+            const auto reply = owned(xcb_get_property_reply(xcb.get(), cookie, nullptr));
+            return *static_cast<const quint32 *>(xcb_get_property_value(reply.get())) / double(UINT32_MAX);
+        };
+        tooltip.mDelayTicks = 0;
+        for (int tick = 1; tick <= 25; ++tick) {
+            QTimerEvent event(tooltip.mTimerId);
+            QCoreApplication::sendEvent(&tooltip, &event);
+            QCOMPARE(qRound(opacity() * 25), tick);
+        }
+        tooltip.mTimerId = 0;
     }
 
     void buttonsTakeClicksAndNoKeys()
