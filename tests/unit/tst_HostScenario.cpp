@@ -28,8 +28,8 @@ private Q_SLOTS:
     void begin();
     void condition_data();
     void condition();
-    void event_data();
-    void event();
+    void meeting_data();
+    void meeting();
     void walk_data();
     void walk();
     void stateThatHoldsAlreadyWaitsForNext();
@@ -213,7 +213,7 @@ void tst_HostScenario::condition()
     QTEST(condition.understood, "understood");
 }
 
-void tst_HostScenario::event_data()
+void tst_HostScenario::meeting_data()
 {
     QTest::addColumn<QString>("condition");
     QTest::addColumn<QString>("event");
@@ -236,7 +236,7 @@ void tst_HostScenario::event_data()
     row("popup,a", "popup,a,", true);
 }
 
-void tst_HostScenario::event()
+void tst_HostScenario::meeting()
 {
     QFETCH(QString, condition);
     QFETCH(QString, event);
