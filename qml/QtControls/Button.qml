@@ -1,0 +1,35 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4 as Toolkit
+import QtQuick.Controls.Styles 1.4
+import "../Singletons"
+import "looks"
+
+Toolkit.Button {
+    id: root
+
+    height: Theme.controlHeight
+    style: Theme.toolkitSurfaces ? toolkitLook : themedLook
+
+    Component {
+        id: toolkitLook
+
+        ButtonStyle {
+            label: ButtonLabel {
+                control: root
+            }
+        }
+    }
+
+    Component {
+        id: themedLook
+
+        ButtonStyle {
+            label: ButtonLabel {
+                control: root
+            }
+            background: ButtonSurface {
+                control: root
+            }
+        }
+    }
+}
