@@ -29,9 +29,11 @@ class Scanner
 public:
     Scanner(const QString &text, const QString &context, const TranslatableText::Translate &translate,
             QStringList &errors)
-        : mText(text), mContext(context), mTranslate(translate), mErrors(errors)
-    {
-    }
+        : mText(text)
+        , mContext(context)
+        , mTranslate(translate)
+        , mErrors(errors)
+    { }
 
     struct Expression
     {
@@ -86,7 +88,7 @@ Scanner::Expression Scanner::read(int start, int depth)
         return readPlainLiteral(start);
 
     const int errorCount = mErrors.size();
-    Expression expression { QString(), start };
+    Expression expression{ QString(), start };
     if (depth < kMaximumDepth && standsAt(start, kQsTr))
         expression = readQsTr(start);
     else if (depth < kMaximumDepth && standsAt(start, kNoop))
@@ -207,8 +209,8 @@ QString TranslatableText::unescapeString(const QString &text)
     return unescaped;
 }
 
-QString TranslatableText::parseStringExpression(const QString &text, const QString &context,
-                                                const Translate &translate, QString &rest, QStringList &errors)
+QString TranslatableText::parseStringExpression(const QString &text, const QString &context, const Translate &translate,
+                                                QString &rest, QStringList &errors)
 {
     Scanner scanner(text, context, translate, errors);
     const Scanner::Expression expression = scanner.read(0);

@@ -186,9 +186,9 @@ void Manager::dropRecords()
 
 QString Manager::getStepIconPath(int index)
 {
-    static const QStringList files
-        = { QStringLiteral("click.png"), QStringLiteral("double_click.png"), QStringLiteral("right_click.png"),
-            QStringLiteral("eye.png"), QStringLiteral("wait.png"), QStringLiteral("keyboard.png") };
+    static const QStringList files = { QStringLiteral("click.png"),       QStringLiteral("double_click.png"),
+                                       QStringLiteral("right_click.png"), QStringLiteral("eye.png"),
+                                       QStringLiteral("wait.png"),        QStringLiteral("keyboard.png") };
     if (index < 0 || index >= files.size())
         return QString();
     return QStringLiteral(":/resource/png/%1").arg(files.at(index));

@@ -44,6 +44,9 @@ public:
     /// Stores a given scenario array in the file, without touching the history.
     void save(const QString &text);
 
+    /// Whether the document is what its file held. Only then can it be saved.
+    bool isLoaded() const { return mLoaded; }
+
     /// Forgets the document and its history.
     void clear();
 
@@ -71,7 +74,6 @@ private:
     // Undo commands can still point to the records of a replaced document until the history is
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
-    // Whether the document is what mFilename holds.
     bool mLoaded = false;
 };
 } // namespace TutorialEditor

@@ -59,10 +59,10 @@ QString ScenarioText::removeLineComments(const QString &text)
     return kept + text.midRef(start);
 }
 
-QString ScenarioText::removeAssignment(const QString &text)
+QString ScenarioText::removeAssignment(const QString &text, const QString &variable)
 {
     QString array = text;
-    replaceFirst(array, QStringLiteral("var scenario = ["), QStringLiteral("["));
+    replaceFirst(array, QStringLiteral("var %1 = [").arg(variable), QStringLiteral("["));
     replaceFirst(array, QStringLiteral("];"), QStringLiteral("]"));
     return array;
 }

@@ -15,9 +15,9 @@ QString removeBlockComments(const QString &text);
 /// a line feed stays.
 QString removeLineComments(const QString &text);
 
-/// The array without its assignment: the first "var scenario = [" becomes "[" and the first "];"
-/// becomes "]".
-QString removeAssignment(const QString &text);
+/// The array without its assignment to that variable: the first "var scenario = [" becomes "[" and
+/// the first "];" becomes "]".
+QString removeAssignment(const QString &text, const QString &variable = QStringLiteral("scenario"));
 
 /// The assignment of the array, which loses the line ends at its end.
 QString addAssignment(const QString &arrayText);

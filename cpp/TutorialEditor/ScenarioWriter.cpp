@@ -18,8 +18,8 @@ QString valueEntry(const char *key, const QVariant &value)
 
 QStringList stepEntries(const TutorialItemData &record, bool forSaving)
 {
-    const QString hint = forSaving ? QStringLiteral("qsTr(\"#%1\")").arg(record.mId)
-                                   : JsonWrapper::getJsonString(record.mHint);
+    const QString hint =
+        forSaving ? QStringLiteral("qsTr(\"#%1\")").arg(record.mId) : JsonWrapper::getJsonString(record.mHint);
     return { valueEntry("x", record.mX),
              valueEntry("y", record.mY),
              valueEntry("windowKey", record.mWindowKey),

@@ -207,8 +207,8 @@ QString TutorialItemData::toJsonText(const QString &extra) const
     return QLatin1Char('{') + entries.join(QLatin1Char(',')) + QLatin1Char('}');
 }
 
-template <typename Value>
-void TutorialItemData::change(const char *propertyName, Value TutorialItemData::*field, const Value &value)
+template <typename Owner, typename Value>
+void TutorialItemData::change(const char *propertyName, Value Owner::*field, const Value &value)
 {
     if (this->*field == value)
         return;

@@ -88,6 +88,6 @@ public:
     bool mProhibited = false;
 
 private:
-    template <typename Value>
-    void change(const char *propertyName, Value TutorialItemData::*field, const Value &value);
+    template <typename Owner, typename Value>
+    void change(const char *propertyName, Value Owner::*field, const Value &value);
 };

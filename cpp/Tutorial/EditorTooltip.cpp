@@ -1,0 +1,106 @@
+#include "Tutorial/EditorTooltip.h"
+
+#include "tool/Log.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/GuidanceGeometry.h"
+#include "Tutorial/HintText.h"
+#include "Tutorial/WindowPlatform.h"
+
+#include <QEvent>
+#include <QTextEdit>
+
+namespace
+{
+// In ticks of 10 ms.
+const int kDelay = 100;
+const int kHold = 500;
+const int kFade = 25;
+} // namespace
+
+EditorTooltip::EditorTooltip(QWidget *parent, GuidanceContext *manager)
+    : QWidget(parent)
+    , mTextEdit(new QTextEdit(this))
+    , mManager(manager)
+{
+    mTextEdit->setLineWrapMode(QTextEdit::NoWrap);
+    mTextEdit->setAutoFormatting(QTextEdit::AutoAll);
+    mTextEdit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
+
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlags(Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput | Qt::WindowStaysOnTopHint
+                   | Qt::FramelessWindowHint | Qt::Tool);
+    WindowPlatform::letInputThrough(this);
+    WindowPlatform::refuseFocus(this);
+    setGeometry(0, 0, 320, 240);
+    mTimerId = startTimer(10, Qt::CoarseTimer);
+}
+
+EditorTooltip::~EditorTooltip()
+{
+    Log::debug("cpp/Tutorial", "EditorTooltip::~EditorTooltip", __LINE__);
+    if (mTimerId)
+        killTimer(mTimerId);
+}
+
+void EditorTooltip::show(const QString &text, int x, int y)
+{
+    if (text.isEmpty()) {
+        mTextEdit->hide();
+    } else {
+        const QString visible = HintText::visiblePart(text);
+        mTextEdit->setText(visible);
+        mTextEdit->show();
+        const QSizeF size = mTextEdit->document()->size();
+        Log::debug("cpp/Tutorial", "EditorTooltip::show", __LINE__) << visible << size.width() << size.height();
+        mTextEdit->resize(int(size.width()), int(size.height()));
+    }
+    move(GuidanceGeometry::centredPlace({ x, y }, mTextEdit->size()));
+    setOpacity(0.0f);
+    mDelayTicks = kDelay;
+    mHoldTicks = kHold;
+    mFadeTicks = kFade;
+    QWidget::show();
+}
+
+void EditorTooltip::timerEvent(QTimerEvent *)
+{
+    if (!isVisible())
+        return;
+    if (mDelayTicks > 0) {
+        if (--mDelayTicks == 0)
+            mFadeTicks = kFade;
+    } else if (mHoldTicks > 0) {
+        if (mFadeTicks > 0) {
+            --mFadeTicks;
+            setOpacity(float(kFade - mFadeTicks) / kFade);
+        } else if (--mHoldTicks == 0) {
+            mFadeTicks = kFade;
+        }
+    } else if (mFadeTicks > 0) {
+        --mFadeTicks;
+        setOpacity(float(mFadeTicks) / kFade);
+    }
+}
+
+void EditorTooltip::closeEvent(QCloseEvent *event)
+{
+    delete mTextEdit;
+    mTextEdit = nullptr;
+    QWidget::closeEvent(event);
+    mManager->editorTooltipClosed();
+}
+
+void EditorTooltip::changeEvent(QEvent *event)
+{
+    Log::debug("cpp/Tutorial", "EditorTooltip::changeEvent", __LINE__);
+    QWidget::changeEvent(event);
+}
+
+void EditorTooltip::setOpacity(float opacity)
+{
+    setWindowOpacity(qreal(opacity));
+    WindowPlatform::flush();
+}

@@ -1,0 +1,243 @@
+#include "Tutorial/TutorialIndicator.h"
+
+#include "tool/Log.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/GuidanceGeometry.h"
+#include "Tutorial/HintText.h"
+#include "Tutorial/TutorialTooltip.h"
+#include "Tutorial/WindowPlatform.h"
+
+#include <QEvent>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QTextEdit>
+
+namespace
+{
+std::unique_ptr<QPushButton> makeButton(const QString &label)
+{
+    auto button = std::make_unique<QPushButton>(label);
+    button->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    button->setMinimumSize(GuidanceGeometry::kButtonSize);
+    button->setMaximumSize(GuidanceGeometry::kButtonSize);
+    button->setAttribute(Qt::WA_TranslucentBackground);
+    button->setAttribute(Qt::WA_ShowWithoutActivating);
+    WindowPlatform::refuseFocus(button.get());
+    button->hide();
+    return button;
+}
+} // namespace
+
+TutorialIndicator::TutorialIndicator(QWidget *parent, GuidanceContext *manager)
+    : QWidget(parent)
+    , GuidanceStep(manager)
+    , mOffsetX(GuidanceGeometry::kNoPosition)
+    , mOffsetY(GuidanceGeometry::kNoPosition)
+    , mPaintedIconType(mIconType)
+{
+    makeTooltip();
+    mButtonOwners = { makeButton(tr("Next")), makeButton(tr("Yes")), makeButton(tr("No")) };
+    mNextButton = mButtonOwners[0].get();
+    mYesButton = mButtonOwners[1].get();
+    mNoButton = mButtonOwners[2].get();
+    mTimerId = startTimer(100, Qt::CoarseTimer);
+    connect(mNextButton, &QAbstractButton::clicked, this, &TutorialIndicator::nextClicked);
+    connect(mYesButton, &QAbstractButton::clicked, this, &TutorialIndicator::yesClicked);
+    connect(mNoButton, &QAbstractButton::clicked, this, &TutorialIndicator::noClicked);
+    mElapsedTimer.start();
+}
+
+TutorialIndicator::~TutorialIndicator()
+{
+    if (mTimerId)
+        killTimer(mTimerId);
+}
+
+void TutorialIndicator::init(bool nextVisible, bool yesNoVisible)
+{
+    Log::debug("cpp/Tutorial", "TutorialIndicator::init", __LINE__) << nextVisible << yesNoVisible;
+    mElapsedTimer.restart();
+    mNextVisible = nextVisible;
+    mYesNoVisible = yesNoVisible;
+    if (mNextButton)
+        mNextButton->setVisible(nextVisible);
+    if (mYesButton)
+        mYesButton->setVisible(yesNoVisible);
+    if (mNoButton)
+        mNoButton->setVisible(yesNoVisible);
+}
+
+void TutorialIndicator::setTargetWindowOffset(int x, int y, const QString &windowKey, bool arrowVisible)
+{
+    Log::debug("cpp/Tutorial", "TutorialIndicator::setTargetWindowOffset", __LINE__)
+        << x << y << windowKey << arrowVisible;
+    if (!mTooltip)
+        makeTooltip();
+    mWindowKey = windowKey;
+    mOffsetX = x;
+    mOffsetY = y;
+    if (x == GuidanceGeometry::kNoPosition && y == GuidanceGeometry::kNoPosition) {
+        mArrowVisible = false;
+        return;
+    }
+    mTargetX = x;
+    mTargetY = y;
+    mArrowVisible = arrowVisible;
+}
+
+void TutorialIndicator::setHint(const QString &hint)
+{
+    if (!mTooltip)
+        makeTooltip();
+    mHint = hint;
+    if (hint.isEmpty()) {
+        mTooltip->mTextEdit->hide();
+        return;
+    }
+    if (!mHintDocument)
+        mHintDocument = std::make_unique<QTextDocument>();
+    mHintDocument->setHtml(HintText::toRichText(HintText::visiblePart(hint)));
+    mTooltip->mTextEdit->setDocument(mHintDocument.get());
+    mTooltip->mTextEdit->show();
+    mHintChanged = true;
+}
+
+void TutorialIndicator::hideButtons()
+{
+    for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
+        if (button)
+            button->hide();
+    }
+}
+
+void TutorialIndicator::showButtons()
+{
+    if (mNextButton && mNextVisible)
+        mNextButton->show();
+    if (mYesButton && mYesNoVisible)
+        mYesButton->show();
+    if (mNoButton && mYesNoVisible)
+        mNoButton->show();
+}
+
+void TutorialIndicator::nextClicked()
+{
+    mManager->sendMessage(QStringLiteral("next"));
+}
+
+void TutorialIndicator::yesClicked()
+{
+    mManager->sendMessage(QStringLiteral("yes"));
+}
+
+void TutorialIndicator::noClicked()
+{
+    mManager->sendMessage(QStringLiteral("no"));
+}
+
+void TutorialIndicator::timerEvent(QTimerEvent *)
+{
+    decideFlips();
+    const QPoint current(mCurrentX, mCurrentY);
+    const QPoint rest = GuidanceGeometry::restingPlace({ mTargetX, mTargetY }, { mFlipVertical, mFlipHorizontal });
+    const QPoint next = GuidanceGeometry::easingStep(current, rest);
+    if (!mTooltip && mManager->isGuidanceRunning())
+        makeTooltip();
+    // Windows at rest are placed again too when the hint was measured: the buttons follow its height.
+    if (measureHint() || next != current)
+        moveWindows(next.x(), next.y());
+    if (mTooltip)
+        repaintTooltip();
+}
+
+void TutorialIndicator::closeEvent(QCloseEvent *event)
+{
+    if (mTimerId)
+        killTimer(mTimerId);
+    mTimerId = 0;
+    for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
+        if (button)
+            button->close();
+    }
+    mNextButton = nullptr;
+    mYesButton = nullptr;
+    mNoButton = nullptr;
+    if (mTooltip)
+        mTooltip->close();
+    mTooltip = nullptr;
+    QWidget::closeEvent(event);
+}
+
+void TutorialIndicator::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (isActiveWindow())
+        mManager->dropPopupWindowKey();
+    else
+        activateWindow();
+    mManager->updateGuidanceVisibility();
+}
+
+void TutorialIndicator::makeTooltip()
+{
+    // Frees the window that was closed before, if there was one.
+    mTooltipOwner = std::make_unique<TutorialTooltip>(this);
+    mTooltip = mTooltipOwner.get();
+    mTooltip->mTextEdit->move(GuidanceGeometry::textPlace(mFlipHorizontal));
+    mTooltip->move(mCurrentX, mCurrentY);
+}
+
+void TutorialIndicator::decideFlips()
+{
+    const QPoint target(mTargetX, mTargetY);
+    const GuidanceGeometry::Flips flips{ mFlipVertical, mFlipHorizontal };
+    if (!GuidanceGeometry::isNear({ mCurrentX, mCurrentY }, GuidanceGeometry::restingPlace(target, flips)))
+        return;
+    const GuidanceGeometry::Flips decided = GuidanceGeometry::decideFlips(target, mManager->hostRect(), flips);
+    if (decided == flips)
+        return;
+    mFlipVertical = decided.vertical;
+    mFlipHorizontal = decided.horizontal;
+    mFullClear = true;
+    if (mTooltip)
+        mTooltip->mTextEdit->move(GuidanceGeometry::textPlace(mFlipHorizontal));
+}
+
+bool TutorialIndicator::measureHint()
+{
+    if (!mHintChanged)
+        return false;
+    mHintChanged = false;
+    if (mTooltip) {
+        mHintHeight = int(mTooltip->mTextEdit->document()->size().height());
+        mTooltip->mTextEdit->setFixedHeight(mHintHeight);
+    }
+    return true;
+}
+
+void TutorialIndicator::moveWindows(int x, int y)
+{
+    const QPoint place(x, y);
+    if (mTooltip)
+        mTooltip->move(place);
+    if (mNextButton)
+        mNextButton->move(GuidanceGeometry::nextButtonPlace(place, mHintHeight));
+    if (mYesButton)
+        mYesButton->move(GuidanceGeometry::nextButtonPlace(place, mHintHeight));
+    if (mNoButton)
+        mNoButton->move(GuidanceGeometry::noButtonPlace(place, mHintHeight));
+    mCurrentX = x;
+    mCurrentY = y;
+}
+
+void TutorialIndicator::repaintTooltip()
+{
+    QRegion region = GuidanceGeometry::repaintRect(mFlipHorizontal, mFullClear);
+    // Flipped, the icon lies beside the arrow's rectangle and would keep the picture of the step before.
+    if (mPaintedIconType != mIconType)
+        region += GuidanceGeometry::iconClearRect(mFlipHorizontal);
+    mPaintedIconType = mIconType;
+    mTooltip->repaint(region);
+}

@@ -1,0 +1,91 @@
+#include "Tutorial/TutorialManager.h"
+
+#include "SystemService/SystemService.h"
+#include "tool/Log.h"
+#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/HostRecord.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TutorialIndicator.h"
+#include "Tutorial/TutorialLog.h"
+#include "TutorialEditor/Manager.h"
+
+#include <QApplication>
+#include <QLocalSocket>
+#include <QQmlEngine>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+}
+
+TutorialManager *managerInstance = nullptr;
+
+QObject *TutorialManager::create(QQmlEngine *engine, QJSEngine *scriptEngine)
+{
+    managerInstance = new TutorialManager(engine, scriptEngine);
+    return managerInstance;
+}
+
+TutorialManager::TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine)
+    : QObject(engine)
+    , mEngine(engine)
+    , mScriptEngine(scriptEngine)
+    , mReader(HostRecord::kFromHost)
+    , mEditorManager(std::make_unique<TutorialEditor::Manager>())
+    , mLocale(SystemService::getDebugLocale())
+{
+    updateLocale2(mLocale);
+    Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << mLocale << mLocale2;
+    if (isMakingSupported())
+        QCoreApplication::installTranslator(&mDocumentTranslator);
+
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString suffix = arguments.size() >= 2 ? arguments.at(1) : QStringLiteral("20180123-0000");
+    Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << suffix;
+    if (suffix.isEmpty()) {
+        // Without a link there is no use for the process.
+        deleteLater();
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        return;
+    }
+    connectToHost(suffix);
+}
+
+TutorialManager::~TutorialManager()
+{
+    Log::debug(kFolder, "TutorialManager::~TutorialManager", __LINE__);
+    if (managerInstance == this)
+        managerInstance = nullptr;
+    // Its signals must not reach an object that is half gone.
+    if (mSocket)
+        mSocket->disconnect(this);
+    delete mSocket;
+    if (mTickTimerId)
+        killTimer(mTickTimerId);
+    // Each pointer is null before its window goes, which may call back on the way out.
+    mIndicator.reset();
+    mLogWindow.reset();
+    mEditorTooltip.reset();
+}
+
+void TutorialManager::setModified(bool modified)
+{
+    if (modified == mModified)
+        return;
+    mModified = modified;
+    Q_EMIT modifiedChanged();
+}
+
+void TutorialManager::setPendingJumpLink(const QString &linkInfo)
+{
+    mPendingJumpLink = linkInfo;
+}
+
+void TutorialManager::onTimerTimeout()
+{
+    if (mPendingJumpLink.isEmpty())
+        return;
+    const QString linkInfo = mPendingJumpLink;
+    mPendingJumpLink.clear();
+    Q_EMIT jumpLinkChanged(linkInfo);
+}

@@ -1,0 +1,222 @@
+#pragma once
+
+#include "model/DocumentContext.h"
+#include "Tutorial/DocumentTranslator.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/HostRecordReader.h"
+
+#include <QDomDocument>
+#include <QHash>
+#include <QMimeData>
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QStringList>
+#include <QTimer>
+#include <QVector>
+
+#include <functional>
+#include <memory>
+
+class EditorTooltip;
+class QJSEngine;
+class QLocalSocket;
+class QQmlEngine;
+class TutorialIndicator;
+class TutorialLog;
+
+namespace TutorialEditor
+{
+class Manager;
+}
+
+/// The hub of the program: the link to the host editor, the guidance windows, the loaded tutorial,
+/// its translations and the item clipboard. A QML singleton.
+///
+/// Positions are in screen pixels, ticks are 100 ms. Failures are returned as translated texts for
+/// the user, empty on success; what nobody can act on is a warning in the log.
+class TutorialManager : public QObject, public DocumentContext, public GuidanceContext
+{
+    Q_OBJECT
+    Q_PROPERTY(bool modified READ isModified WRITE setModified NOTIFY modifiedChanged)
+    Q_PROPERTY(QString mimeType READ mimeType NOTIFY mimeTypeChanged)
+    Q_PROPERTY(QString tutorialName READ tutorialName NOTIFY tutorialNameChanged)
+    Q_PROPERTY(QString currentWindowKey READ getCurrentWindowKey NOTIFY currentWindowKeyChanged)
+    Q_PROPERTY(QString locale READ locale WRITE setLocale NOTIFY localeChanged)
+    Q_PROPERTY(QString locale2 READ locale2 WRITE setLocale2 NOTIFY locale2Changed)
+
+public:
+    TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine);
+    ~TutorialManager() override;
+
+    /// Makes the singleton; both engines may be null. The first becomes its parent.
+    static QObject *create(QQmlEngine *engine, QJSEngine *scriptEngine);
+
+    // The link.
+    void sendMessage(const QString &text) override;
+    Q_INVOKABLE bool connected() const { return mHostConnected; }
+    /// Closes the log and ends the process with the exit code 0. Does not return.
+    Q_INVOKABLE void requestClose();
+    Q_INVOKABLE void callbackCoffeeJs(int key, const QString &result);
+    /// A constant of the build: whether this is the authoring mode.
+    Q_INVOKABLE static bool isMakingSupported();
+
+    // The host editor's windows, and whether the guidance is to be seen.
+    Q_INVOKABLE QString getCurrentWindowKey() const;
+    /// The last reported position of a window or control; (0, 0) for a key that was never reported.
+    Q_INVOKABLE QPoint getXy(const QString &windowKey) const;
+    Q_INVOKABLE QPoint getCursorPos() const;
+    /// Tells the host editor, and the indicator, of an item's new place.
+    Q_INVOKABLE void updateIndicatorXyWindowKey(int x, int y, const QString &windowKey);
+    void setPosition(const QString &key, int x, int y);
+    void dropPopupWindowKey() override;
+    void updateGuidanceVisibility() override;
+    void editorTooltipClosed() override;
+    QRect hostRect() const override { return mHostRect; }
+    bool isGuidanceRunning() const override { return mGuidanceRunning; }
+
+    // The loaded tutorial.
+    /// Makes the file the loaded tutorial. Its name is set also when the load fails.
+    Q_INVOKABLE QString loadTutorial(const QString &filename);
+    /// Loads the tutorial of tutorialName again from the file that it came from.
+    Q_INVOKABLE QString reload();
+    /// Sends the loaded scenario to the host editor, which begins at the item of that id; -1 is the
+    /// beginning.
+    Q_INVOKABLE void startFromId(int id = -1);
+    /// Saves the translations and then the scenario.
+    Q_INVOKABLE QString save();
+    Q_INVOKABLE void unload();
+    /// The translated list of tutorials as JSON text; empty when it can't be read.
+    Q_INVOKABLE QString getTutorialJson();
+    /// The folder of the tutorials that the authoring mode edits, as an absolute path.
+    Q_INVOKABLE QString getTutorialPath() const;
+    /// Loads the tutorial that the host editor has named, and hands it over.
+    void loadAndFeedback(const QString &name);
+
+    // The item clipboard.
+    Q_INVOKABLE void clearMimeData();
+    void setMimeData(const QString &mimeType, const QByteArray &data);
+
+    // Translation.
+    /// The text in the installed translators; the text itself when none knows it.
+    QString applyTranslation(const QString &context, const QString &sourceText) const;
+    QString applyTranslationToText(const QString &text, QStringList &errors) const override;
+    QString parseStringExpression(const QString &text, const QString &context, QString &rest,
+                                  QStringList &errors) const;
+    QString translate(const QString &key) const override;
+    /// Reads the translation sources of both locales; false with a warning when one can't be read.
+    bool loadTranslation();
+    bool saveTranslation();
+    /// Hands the hints of all items to the translation documents.
+    void feedbackTranslation();
+
+    bool isModified() const { return mModified; }
+    void setModified(bool modified) override;
+    void setPendingJumpLink(const QString &linkInfo) override;
+    QString mimeType() const { return mMimeType; }
+    QString tutorialName() const { return mTutorialName; }
+    QString locale() const { return mLocale; }
+    QString locale2() const { return mLocale2; }
+    void setLocale(const QString &locale);
+    void setLocale2(const QString &locale);
+
+public Q_SLOTS:
+    void onApplicationStateChanged(Qt::ApplicationState state);
+    /// Carries out one message of the host editor.
+    void onReceived(const QString &text);
+    void onReadyRead();
+    void onConnected();
+    void onDisconnected();
+    void onTimerTimeout();
+
+Q_SIGNALS:
+    void received(const QString &text);
+    void modifiedChanged();
+    /// Comes a little after an undo or redo, never from inside one.
+    void jumpLinkChanged(const QString &linkInfo);
+    void mimeTypeChanged();
+    void tutorialNameChanged();
+    void localeChanged();
+    void locale2Changed();
+    void actionIdChanged(int actionId);
+    void currentWindowKeyChanged();
+    /// The document was loaded anew or unloaded: what shows it must be rebuilt.
+    void documentReplaced();
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(TutorialManager)
+
+    using MessageHandler = void (TutorialManager::*)(const QStringList &fields);
+    static const QHash<QString, MessageHandler> &messageHandlers();
+    void onCoffeeJs(const QStringList &fields);
+    void onStart(const QStringList &fields);
+    void onStop(const QStringList &fields);
+    void onTutorialList(const QStringList &fields);
+    void onIndicator(const QStringList &fields);
+    void onState(const QStringList &fields);
+    void onWindowStack(const QStringList &fields);
+    void onPosition(const QStringList &fields);
+    void onTutorial(const QStringList &fields);
+    void onFromServer(const QStringList &fields);
+    void onRequestPresetData(const QStringList &fields);
+    void onShowTooltip(const QStringList &fields);
+    void onHideTooltip(const QStringList &fields);
+    void onIgnored(const QStringList &fields);
+
+    void connectToHost(const QString &suffix);
+    void startGuidance();
+    void stopGuidance();
+    void showStep(const QStringList &fields);
+    void showTooltipWindow();
+    void hideTooltipWindow();
+
+    void setTutorialName(const QString &name);
+    void setMimeType(const QString &mimeType);
+    void updateLocale2(const QString &locale);
+    void installTranslator(const QString &locale);
+    void updateDocumentTranslator();
+    void readSecondHints();
+    QString translationPath(const QString &locale) const;
+    bool readTranslation(const QString &locale, QDomDocument &document) const;
+    bool writeTranslation(const QString &locale, const QDomDocument &document) const;
+
+    QQmlEngine *mEngine;
+    QJSEngine *mScriptEngine;
+    std::unique_ptr<TutorialIndicator> mIndicator; // made at the first "start"
+    std::unique_ptr<EditorTooltip> mEditorTooltip; // made at the first "showTooltip"
+    std::unique_ptr<TutorialLog> mLogWindow; // made at the first "start"
+    QHash<QString, QPoint> mPositionByKey;
+    QStringList mWindowStack; // the last entry is the window in front
+    QLocalSocket *mSocket = nullptr; // a child; null when there is no link
+    HostRecordReader mReader;
+    bool mHostHidden = false;
+    bool mGuidanceRunning = false;
+    bool mApplicationActive = false;
+    int mTickTimerId = 0;
+    int mSilenceTicks = 0;
+    int mAliveTicks = 0;
+    bool mHostConnected = false;
+    QRect mHostRect;
+    int mShowDelayTicks = 0;
+    int mHideDelayTicks = 0;
+    bool mModified = false;
+    QString mPendingJumpLink;
+    QTimer mDeferredTimer;
+    std::unique_ptr<TutorialEditor::Manager> mEditorManager;
+    QMimeData mMimeData;
+    QString mMimeType;
+    QString mTutorialName;
+    QString mTranslationContext; // tutorialName, but kept over an unload
+    QString mLocale;
+    QString mLocale2;
+    QString mHintLocale; // the language of the loaded items' first hints
+    QDomDocument mTranslationDocument;
+    QDomDocument mTranslationDocument2;
+    DocumentTranslator mDocumentTranslator; // answers in the authoring mode only
+};
+
+/// The single instance; null before it is made and after its end.
+extern TutorialManager *managerInstance;

@@ -1,0 +1,107 @@
+// The link to the host editor: connection, records, keep-alive and every way in which it ends.
+
+#include "tool/Log.h"
+#include "Tutorial/HostMessages.h"
+#include "Tutorial/HostRecord.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TutorialIndicator.h"
+#include "Tutorial/TutorialLog.h"
+#include "Tutorial/TutorialManager.h"
+
+#include <QApplication>
+#include <QLocalSocket>
+
+#include <cstdlib>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+
+constexpr int kTickInterval = 100;
+constexpr int kSilentTicks = 100;
+constexpr int kAliveTicks = 10;
+constexpr int kDeferredInterval = 10;
+} // namespace
+
+void TutorialManager::connectToHost(const QString &suffix)
+{
+    mSocket = new QLocalSocket(this);
+    connect(mSocket, &QLocalSocket::readyRead, this, &TutorialManager::onReadyRead);
+    connect(mSocket, &QLocalSocket::connected, this, &TutorialManager::onConnected);
+    connect(mSocket, &QLocalSocket::disconnected, this, &TutorialManager::onDisconnected);
+    connect(this, &TutorialManager::received, this, &TutorialManager::onReceived);
+    mSocket->connectToServer(QStringLiteral("qelm%1").arg(suffix), QIODevice::ReadWrite);
+
+    if (applicationObject) {
+        connect(applicationObject, &QGuiApplication::applicationStateChanged, this,
+                &TutorialManager::onApplicationStateChanged);
+    }
+    mTickTimerId = startTimer(kTickInterval, Qt::CoarseTimer);
+    setModified(false);
+    mDeferredTimer.setInterval(kDeferredInterval);
+    connect(&mDeferredTimer, &QTimer::timeout, this, &TutorialManager::onTimerTimeout);
+    mDeferredTimer.start();
+}
+
+void TutorialManager::onConnected()
+{
+    Log::debug(kFolder, "TutorialManager::onConnected", __LINE__);
+    mHostConnected = true;
+}
+
+void TutorialManager::sendMessage(const QString &text)
+{
+    if (!mSocket || !mHostConnected)
+        return;
+    mSocket->write(HostRecord::encode(HostRecord::kToHost, text));
+}
+
+void TutorialManager::onReadyRead()
+{
+    mSilenceTicks = 0;
+    const QStringList messages = mReader.read(mSocket->readAll());
+    for (const QString &message : messages) {
+        if (HostMessages::name(message) == QLatin1String("bye")) {
+            // What the same read holds behind it is lost.
+            mReader.clear();
+            stopGuidance();
+            return;
+        }
+        Q_EMIT received(message);
+    }
+}
+
+void TutorialManager::timerEvent(QTimerEvent *event)
+{
+    Q_UNUSED(event)
+    if (mShowDelayTicks > 0 && --mShowDelayTicks == 0) {
+        if (mLogWindow)
+            mLogWindow->show();
+        updateGuidanceVisibility();
+    }
+    if (mHideDelayTicks > 0 && --mHideDelayTicks == 0)
+        updateGuidanceVisibility();
+    if (!mSocket)
+        return;
+    if (++mSilenceTicks >= kSilentTicks)
+        requestClose();
+    if (++mAliveTicks >= kAliveTicks) {
+        mAliveTicks = 0;
+        sendMessage(QStringLiteral("alive"));
+    }
+}
+
+void TutorialManager::requestClose()
+{
+    Log::debug(kFolder, "TutorialManager::requestClose", __LINE__);
+    if (closeLogFileHook)
+        closeLogFileHook();
+    std::exit(EXIT_SUCCESS);
+}
+
+void TutorialManager::onDisconnected()
+{
+    Log::debug(kFolder, "TutorialManager::onDisconnected", __LINE__);
+    mSocket = nullptr;
+    requestClose();
+}

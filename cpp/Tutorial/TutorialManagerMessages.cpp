@@ -1,0 +1,241 @@
+// The messages of the host editor, and the answers to it.
+
+#include "SystemService/SystemService.h"
+#include "tool/DataSupport.h"
+#include "tool/Log.h"
+#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/HostMessages.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TutorialIndicator.h"
+#include "Tutorial/TutorialLog.h"
+#include "Tutorial/TutorialManager.h"
+#include "Tutorial/TutorialTooltip.h"
+
+#include <QMetaObject>
+#include <QVariant>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+
+/// Messages that come too often to be worth a line of the log each.
+bool isLogged(const QString &text)
+{
+    return !text.startsWith(QLatin1String("alive"))
+        && !text.startsWith(QLatin1String("eventLog\x01"
+                                          "coords"));
+}
+} // namespace
+
+const QHash<QString, TutorialManager::MessageHandler> &TutorialManager::messageHandlers()
+{
+    static const QHash<QString, MessageHandler> handlers = {
+        { QStringLiteral("coffeeJs"), &TutorialManager::onCoffeeJs },
+        { QStringLiteral("start"), &TutorialManager::onStart },
+        { QStringLiteral("stop"), &TutorialManager::onStop },
+        { QStringLiteral("tutorialList"), &TutorialManager::onTutorialList },
+        { QStringLiteral("indicator"), &TutorialManager::onIndicator },
+        { QStringLiteral("state"), &TutorialManager::onState },
+        { QStringLiteral("windowStack"), &TutorialManager::onWindowStack },
+        { QStringLiteral("windowPosition"), &TutorialManager::onPosition },
+        { QStringLiteral("controlPosition"), &TutorialManager::onPosition },
+        { QStringLiteral("tutorial"), &TutorialManager::onTutorial },
+        { QStringLiteral("fromServer"), &TutorialManager::onFromServer },
+        { QStringLiteral("requestPresetData"), &TutorialManager::onRequestPresetData },
+        { QStringLiteral("showTooltip"), &TutorialManager::onShowTooltip },
+        { QStringLiteral("hideTooltip"), &TutorialManager::onHideTooltip },
+        // Accepted, and nothing follows.
+        { QStringLiteral("alive"), &TutorialManager::onIgnored },
+        { QStringLiteral("contents"), &TutorialManager::onIgnored },
+        { QStringLiteral("log"), &TutorialManager::onIgnored },
+    };
+    return handlers;
+}
+
+void TutorialManager::onReceived(const QString &text)
+{
+    const QStringList fields = HostMessages::split(text);
+    if (isLogged(text))
+        Log::debug(kFolder, "TutorialManager::onReceived", __LINE__) << fields;
+    const MessageHandler handler = messageHandlers().value(fields.first(), &TutorialManager::onIgnored);
+    (this->*handler)(fields);
+}
+
+void TutorialManager::onIgnored(const QStringList &fields)
+{
+    Q_UNUSED(fields)
+}
+
+void TutorialManager::onCoffeeJs(const QStringList &fields)
+{
+    if (!rootObject)
+        return;
+    QVariant result;
+    QMetaObject::invokeMethod(rootObject, "requestCoffeeJs", Q_RETURN_ARG(QVariant, result),
+                              Q_ARG(QVariant, HostMessages::text(fields, 1)),
+                              Q_ARG(QVariant, HostMessages::text(fields, 2)));
+}
+
+void TutorialManager::callbackCoffeeJs(int key, const QString &result)
+{
+    Log::debug(kFolder, "TutorialManager::callbackCoffeeJs", __LINE__) << key << result;
+    sendMessage(HostMessages::join({ QStringLiteral("callbackCoffeeJs"), QString::number(key), result }));
+}
+
+void TutorialManager::onStart(const QStringList &fields)
+{
+    if (HostMessages::hasHostRect(fields))
+        mHostRect = HostMessages::readHostRect(fields);
+    startGuidance();
+}
+
+void TutorialManager::startGuidance()
+{
+    if (mGuidanceRunning)
+        return;
+    mGuidanceRunning = true;
+    mWindowStack.clear();
+    Q_EMIT currentWindowKeyChanged();
+    if (mLogWindow)
+        mLogWindow->show();
+    else
+        mLogWindow = std::make_unique<TutorialLog>(nullptr, this);
+    if (!mIndicator) {
+        mIndicator = std::make_unique<TutorialIndicator>(nullptr, this);
+        return;
+    }
+    showTooltipWindow();
+    mIndicator->showButtons();
+}
+
+void TutorialManager::onStop(const QStringList &fields)
+{
+    Q_UNUSED(fields)
+    stopGuidance();
+}
+
+void TutorialManager::stopGuidance()
+{
+    if (!mGuidanceRunning)
+        return;
+    mGuidanceRunning = false;
+    if (mIndicator) {
+        hideTooltipWindow();
+        mIndicator->hideButtons();
+    }
+    if (mLogWindow)
+        mLogWindow->hide();
+}
+
+void TutorialManager::showTooltipWindow()
+{
+    if (mIndicator->mTooltip)
+        mIndicator->mTooltip->show();
+}
+
+void TutorialManager::hideTooltipWindow()
+{
+    if (mIndicator->mTooltip)
+        mIndicator->mTooltip->hide();
+}
+
+void TutorialManager::onTutorialList(const QStringList &fields)
+{
+    Q_UNUSED(fields)
+    sendMessage(HostMessages::join({ QStringLiteral("tutorialList"), getTutorialJson() }));
+}
+
+void TutorialManager::onIndicator(const QStringList &fields)
+{
+    if (!mIndicator)
+        return;
+    const QString command = HostMessages::text(fields, 1);
+    if (command == QLatin1String("update")) {
+        showStep(fields);
+    } else if (command == QLatin1String("updateXy")) {
+        mIndicator->mTargetX = HostMessages::number(fields, 2);
+        mIndicator->mTargetY = HostMessages::number(fields, 3);
+    }
+}
+
+void TutorialManager::showStep(const QStringList &fields)
+{
+    const HostMessages::Step step = HostMessages::readStep(fields);
+    mIndicator->setTargetWindowOffset(step.x, step.y, step.windowKey, step.arrowVisible);
+    mIndicator->setHint(step.hint);
+    mIndicator->init(step.nextVisible, step.yesNoVisible);
+    mIndicator->mIconType = step.iconType;
+    showTooltipWindow();
+}
+
+void TutorialManager::onState(const QStringList &fields)
+{
+    if (!mIndicator)
+        return;
+    const QString state = HostMessages::text(fields, 1);
+    if (state == QLatin1String("show")) {
+        // Hidden and shown again, the windows come to stand above the host editor's.
+        if (mLogWindow)
+            mLogWindow->hide();
+        hideTooltipWindow();
+        mIndicator->hideButtons();
+        mShowDelayTicks = 1;
+        mHostHidden = false;
+        updateGuidanceVisibility();
+    } else if (state == QLatin1String("hide")) {
+        mHostHidden = true;
+        mHideDelayTicks = 1;
+    }
+}
+
+void TutorialManager::onTutorial(const QStringList &fields)
+{
+    loadAndFeedback(HostMessages::text(fields, 1));
+}
+
+void TutorialManager::onFromServer(const QStringList &fields)
+{
+    const QString locale = HostMessages::text(fields, 1);
+    if (locale == QLatin1String("Raw"))
+        return;
+    const bool standard = locale.isEmpty() || locale == QLatin1String("-");
+    installTranslator(standard ? SystemService::getDefaultLocale() : locale);
+}
+
+void TutorialManager::onRequestPresetData(const QStringList &fields)
+{
+    const QString name = HostMessages::text(fields, 1);
+    const QString path = getExistsFilename(QStringLiteral("resource/preset/") + name);
+    if (!DataSupport::fileExists(path)) {
+        Log::warning(kFolder, "TutorialManager::onRequestPresetData", __LINE__)
+            << "presetData not found" << path << name;
+        return;
+    }
+    QByteArray bytes;
+    if (!DataSupport::readFile(path, bytes)) {
+        Log::warning(kFolder, "TutorialManager::onRequestPresetData", __LINE__) << "Failed to read" << path;
+        return;
+    }
+    sendMessage(HostMessages::join({ QStringLiteral("feedbackPresetData"), QString::fromLatin1(bytes.toBase64()) }));
+}
+
+void TutorialManager::onShowTooltip(const QStringList &fields)
+{
+    if (!mEditorTooltip)
+        mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, this);
+    mEditorTooltip->show(HostMessages::text(fields, 1), HostMessages::number(fields, 2),
+                         HostMessages::number(fields, 3));
+}
+
+void TutorialManager::onHideTooltip(const QStringList &fields)
+{
+    Q_UNUSED(fields)
+    if (mEditorTooltip)
+        mEditorTooltip->hide();
+}
+
+void TutorialManager::editorTooltipClosed()
+{
+    // Called from inside the window's own close event.
+    mEditorTooltip.release()->deleteLater();
+}

@@ -1,0 +1,195 @@
+// The two languages: installed translators, and the translation sources that the authoring mode
+// edits.
+
+#include "SystemService/SystemService.h"
+#include "tool/DataSupport.h"
+#include "tool/Log.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TranslatableText.h"
+#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
+
+#include <QApplication>
+#include <QFile>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+
+QString hintKey(int id)
+{
+    return QStringLiteral("#%1").arg(id);
+}
+
+using Entries = QVector<TranslationSource::Entry>;
+
+/// One of the two hints of each step, in the order of the tree.
+Entries hintEntries(const TreeDataTemplate<TutorialItemData> &data, QString TutorialItemData::*hint)
+{
+    Entries entries;
+    data.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+        const TutorialItemData *record = item.mFolder ? nullptr : data.getData(item.mId);
+        if (record)
+            entries.append({ hintKey(item.mId), record->*hint });
+    });
+    return entries;
+}
+} // namespace
+
+QString TutorialManager::applyTranslation(const QString &context, const QString &sourceText) const
+{
+    Log::debug(kFolder, "TutorialManager::applyTranslation", __LINE__) << context << sourceText;
+    return QCoreApplication::translate(context.toUtf8().constData(), sourceText.toUtf8().constData());
+}
+
+QString TutorialManager::translate(const QString &key) const
+{
+    return applyTranslation(mTranslationContext, key);
+}
+
+QString TutorialManager::applyTranslationToText(const QString &text, QStringList &errors) const
+{
+    return TranslatableText::applyToScenario(
+        text, mTranslationContext,
+        [this](const QString &context, const QString &source) { return applyTranslation(context, source); }, errors);
+}
+
+QString TutorialManager::parseStringExpression(const QString &text, const QString &context, QString &rest,
+                                               QStringList &errors) const
+{
+    return TranslatableText::parseStringExpression(
+        text, context,
+        [this](const QString &callContext, const QString &source) { return applyTranslation(callContext, source); },
+        rest, errors);
+}
+
+void TutorialManager::setLocale(const QString &locale)
+{
+    if (locale == mLocale)
+        return;
+    Log::debug(kFolder, "TutorialManager::setLocale", __LINE__) << locale;
+    SystemService::setDebugLocale(locale);
+    mLocale = locale;
+    updateLocale2(mLocale);
+    installTranslator(locale);
+    if (isMakingSupported()) {
+        loadTranslation();
+        updateDocumentTranslator();
+    }
+    Q_EMIT localeChanged();
+}
+
+void TutorialManager::setLocale2(const QString &locale)
+{
+    if (locale == mLocale2)
+        return;
+    Log::debug(kFolder, "TutorialManager::setLocale2", __LINE__) << locale;
+    mLocale2 = locale;
+    Q_EMIT locale2Changed();
+}
+
+void TutorialManager::updateLocale2(const QString &locale)
+{
+    const QString japanese = QStringLiteral("ja_JP");
+    setLocale2(locale == japanese ? QStringLiteral("en_US") : japanese);
+}
+
+void TutorialManager::installTranslator(const QString &locale)
+{
+    const QString folder = QStringLiteral(":/translations");
+    auto *translator = new QTranslator(applicationObject);
+    const bool loaded = translator->load(locale, folder);
+    Log::debug(kFolder, "TutorialManager::installTranslator", __LINE__)
+        << QString(folder + QLatin1Char('/') + locale) << loaded;
+    // Whatever the result is: the earlier translators go on answering for what this one lacks.
+    QCoreApplication::installTranslator(translator);
+    if (isMakingSupported()) {
+        // What the writer edits stays in front.
+        QCoreApplication::removeTranslator(&mDocumentTranslator);
+        QCoreApplication::installTranslator(&mDocumentTranslator);
+    }
+}
+
+QString TutorialManager::translationPath(const QString &locale) const
+{
+    const QString path = QStringLiteral("translations/%1.ts").arg(locale);
+    return isMakingSupported() ? QString(QLatin1String("tutorial-win/") + path) : getExistsFilename(path);
+}
+
+bool TutorialManager::readTranslation(const QString &locale, QDomDocument &document) const
+{
+    document = QDomDocument();
+    const QString path = translationPath(locale);
+    if (!DataSupport::fileExists(path)) {
+        Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "translation file not found" << path;
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "Failed to open" << path;
+        return false;
+    }
+    if (!document.setContent(&file)) {
+        // What was read until the fault is no document to be written back.
+        document = QDomDocument();
+        Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "Failed to setContents";
+        return false;
+    }
+    Log::debug(kFolder, "TutorialManager::loadTranslation", __LINE__) << document.toString(1);
+    return true;
+}
+
+bool TutorialManager::loadTranslation()
+{
+    return readTranslation(mLocale, mTranslationDocument) && readTranslation(mLocale2, mTranslationDocument2);
+}
+
+bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument &document) const
+{
+    const QString path = translationPath(locale);
+    // A document that was never read writes out as nothing.
+    if (document.isNull() || !DataSupport::writeFile(path, document.toByteArray(4))) {
+        Log::warning(kFolder, "TutorialManager::saveTranslation", __LINE__) << "Failed to save" << path;
+        return false;
+    }
+    return true;
+}
+
+bool TutorialManager::saveTranslation()
+{
+    return writeTranslation(mLocale, mTranslationDocument) && writeTranslation(mLocale2, mTranslationDocument2);
+}
+
+void TutorialManager::feedbackTranslation()
+{
+    const auto feedback = [this](const QString &locale, QDomDocument &document, QString TutorialItemData::*hint) {
+        // Where there is no file, nothing can be lost by making one.
+        if (document.isNull() && !DataSupport::fileExists(translationPath(locale)))
+            document = TranslationSource::emptyDocument(locale);
+        if (!document.isNull())
+            TranslationSource::writeMessages(document, mTranslationContext, hintEntries(mEditorManager->mData, hint));
+    };
+    // After a change of the language the items are still in the old one until they are loaded again.
+    const bool exchanged = mHintLocale == mLocale2;
+    const auto first = exchanged ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
+    const auto second = exchanged ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
+    feedback(mLocale, mTranslationDocument, first);
+    feedback(mLocale2, mTranslationDocument2, second);
+    updateDocumentTranslator();
+}
+
+void TutorialManager::updateDocumentTranslator()
+{
+    mDocumentTranslator.setMessages(TranslationSource::readMessages(mTranslationDocument));
+    mDocumentTranslator.setOwnContext(mTranslationContext);
+}
+
+void TutorialManager::readSecondHints()
+{
+    const TranslationSource::Messages messages =
+        TranslationSource::readMessages(mTranslationDocument2).value(mTranslationContext);
+    for (TutorialItemData *record : mEditorManager->mData.mDataList) {
+        const QString key = hintKey(record->mId);
+        record->mHint2 = messages.value(key, key);
+    }
+}

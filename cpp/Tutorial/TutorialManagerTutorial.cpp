@@ -1,0 +1,113 @@
+// The loaded tutorial: from its file to the host editor and back to its file.
+
+#include "tool/DataSupport.h"
+#include "tool/Log.h"
+#include "Tutorial/HostMessages.h"
+#include "Tutorial/TranslatableText.h"
+#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
+#include "TutorialEditor/ScenarioText.h"
+
+#include <QFileInfo>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+
+QString baseName(const QString &filename)
+{
+    const QLatin1String suffix(".js");
+    QString name = filename.mid(filename.lastIndexOf(QLatin1Char('/')) + 1);
+    if (name.endsWith(suffix))
+        name.chop(suffix.size());
+    return name;
+}
+} // namespace
+
+QString TutorialManager::loadTutorial(const QString &filename)
+{
+    mTranslationContext = baseName(filename);
+    setTutorialName(mTranslationContext);
+    if (isMakingSupported()) {
+        loadTranslation();
+        updateDocumentTranslator();
+    }
+    mHintLocale = mLocale;
+    const QStringList errors = mEditorManager->setContents(filename);
+    if (isMakingSupported())
+        readSecondHints();
+    Q_EMIT documentReplaced();
+    return errors.join(QLatin1Char('\n'));
+}
+
+QString TutorialManager::reload()
+{
+    return loadTutorial(mEditorManager->mFilename);
+}
+
+void TutorialManager::loadAndFeedback(const QString &name)
+{
+    const QString error = loadTutorial(getExistsFilename(QStringLiteral("qml/Tutorial/%1.js").arg(name)));
+    if (error.isEmpty())
+        startFromId(-1);
+    else
+        Log::warning(kFolder, "TutorialManager::loadAndFeedback", __LINE__) << "Failed to loadTutorial" << error;
+}
+
+void TutorialManager::startFromId(int id)
+{
+    QStringList errors;
+    const QString array =
+        applyTranslationToText(ScenarioText::removeAssignment(mEditorManager->getScenario(false)), errors);
+    const QString scenario = QLatin1String("var scenario = ") + array + QLatin1Char(';');
+    sendMessage(HostMessages::join({ QStringLiteral("start"), scenario, QString::number(id) }));
+}
+
+QString TutorialManager::getTutorialJson()
+{
+    const QString path = getExistsFilename(QStringLiteral("qml/Tutorial/TutorialList.js"));
+    QByteArray bytes;
+    if (!DataSupport::readFile(path, bytes)) {
+        Log::warning(kFolder, "TutorialManager::getTutorialJson", __LINE__) << "Failed to load" << path;
+        return QString();
+    }
+    QStringList errors;
+    const QString text = TranslatableText::applyToList(
+        ScenarioText::removeAssignment(QString::fromUtf8(bytes), QStringLiteral("list")),
+        QStringLiteral("TutorialList"),
+        [this](const QString &context, const QString &source) { return applyTranslation(context, source); }, errors);
+    if (!errors.isEmpty())
+        Log::warning(kFolder, "TutorialManager::getTutorialJson", __LINE__) << errors;
+    return text;
+}
+
+QString TutorialManager::getTutorialPath() const
+{
+    return QFileInfo(QStringLiteral("tutorial-win/qml/Tutorial")).absoluteFilePath();
+}
+
+QString TutorialManager::save()
+{
+    // What is not the content of its file must not go into the translations either.
+    if (!mEditorManager->isLoaded())
+        return mEditorManager->save();
+    feedbackTranslation();
+    if (!saveTranslation())
+        return tr("Failed to save translation.");
+    return mEditorManager->save();
+}
+
+void TutorialManager::unload()
+{
+    mEditorManager->clear();
+    setTutorialName(QString());
+    Q_EMIT documentReplaced();
+}
+
+void TutorialManager::setTutorialName(const QString &name)
+{
+    if (name == mTutorialName)
+        return;
+    mTutorialName = name;
+    Q_EMIT tutorialNameChanged();
+}

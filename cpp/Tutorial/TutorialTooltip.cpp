@@ -1,0 +1,111 @@
+#include "Tutorial/TutorialTooltip.h"
+
+#include "tool/Log.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/GuidanceGeometry.h"
+#include "Tutorial/GuidanceStep.h"
+#include "Tutorial/HintText.h"
+#include "Tutorial/WindowPlatform.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QTextEdit>
+
+using namespace GuidanceGeometry;
+
+namespace
+{
+QTransform arrowTransform(bool flipVertical, bool flipHorizontal)
+{
+    QTransform transform;
+    transform.translate(flipHorizontal ? kArrowSize + kTextWidth : 0, flipVertical ? kArrowSize : 0);
+    transform.scale(flipHorizontal ? -1 : 1, flipVertical ? -1 : 1);
+    return transform;
+}
+} // namespace
+
+TutorialTooltip::TutorialTooltip(QWidget *parent)
+    : QWidget(nullptr)
+    , mIndicator(dynamic_cast<GuidanceStep *>(parent))
+    , mTextEdit(new QTextEdit(this))
+{
+    Q_ASSERT(mIndicator);
+    mTextEdit->setFixedSize(kTextWidth, mIndicator->mHintHeight);
+    mTextEdit->setGeometry(QRect(textPlace(false), QSize(kTextWidth, mIndicator->mHintHeight)));
+    mTextEdit->setLineWrapMode(QTextEdit::WidgetWidth);
+    mTextEdit->setAutoFormatting(QTextEdit::AutoAll);
+    mTextEdit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    mTextEdit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
+
+    if (mIndicator->mHint.isEmpty()) {
+        mTextEdit->hide();
+    } else {
+        mTextEdit->setText(HintText::visiblePart(mIndicator->mHint));
+        mTextEdit->show();
+        mIndicator->mHintChanged = true;
+    }
+
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlags(Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput | Qt::WindowStaysOnTopHint
+                   | Qt::FramelessWindowHint | Qt::Tool);
+    WindowPlatform::letInputThrough(this);
+    WindowPlatform::refuseFocus(this);
+    setGeometry(QRect(QPoint(0, 0), kTooltipSize));
+    show();
+}
+
+TutorialTooltip::~TutorialTooltip()
+{
+    Log::debug("cpp/Tutorial", "TutorialTooltip::~TutorialTooltip", __LINE__);
+}
+
+void TutorialTooltip::paintEvent(QPaintEvent *event)
+{
+    {
+        QPainter painter(this);
+        const bool flipHorizontal = mIndicator->mFlipHorizontal;
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        if (mIndicator->mFullClear) {
+            painter.fillRect(rect(), Qt::transparent);
+            mIndicator->mFullClear = false;
+        } else {
+            painter.fillRect(arrowClearRect(flipHorizontal), Qt::transparent);
+            painter.fillRect(iconClearRect(flipHorizontal), Qt::transparent);
+        }
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+
+        if (mIndicator->mArrowVisible) {
+            painter.save();
+            painter.setTransform(arrowTransform(mIndicator->mFlipVertical, flipHorizontal), true);
+            painter.drawPixmap(0, bounceOffset(mIndicator->mElapsedTimer.elapsed()), mIndicator->mArrowPixmap);
+            painter.restore();
+        }
+
+        const QPixmap icon = mIndicator->icon();
+        painter.drawPixmap(iconPlace(icon.width(), flipHorizontal), icon);
+    }
+    QWidget::paintEvent(event);
+}
+
+void TutorialTooltip::closeEvent(QCloseEvent *event)
+{
+    delete mTextEdit;
+    mTextEdit = nullptr;
+    mIndicator->mTooltip = nullptr;
+    QWidget::closeEvent(event);
+}
+
+void TutorialTooltip::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (isActiveWindow())
+        mIndicator->mManager->dropPopupWindowKey();
+    else
+        activateWindow();
+    mIndicator->mManager->updateGuidanceVisibility();
+}

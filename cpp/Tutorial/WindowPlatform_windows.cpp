@@ -1,0 +1,11 @@
+#include "Tutorial/WindowPlatform.h"
+
+// Qt's window flags say all that this window system needs.
+namespace WindowPlatform
+{
+void letInputThrough(QWidget *) { }
+
+void refuseFocus(QWidget *) { }
+
+void flush() { }
+} // namespace WindowPlatform

@@ -1,0 +1,27 @@
+#include "quick/Gui.h"
+
+#include "tool/Log.h"
+
+#include <QWindow>
+
+QObject *Gui::create(QQmlEngine *engine, QJSEngine *scriptEngine)
+{
+    return new Gui(engine, scriptEngine);
+}
+
+Gui::Gui(QQmlEngine *engine, QJSEngine *scriptEngine) : mEngine(engine), mScriptEngine(scriptEngine) { }
+
+Gui::~Gui()
+{
+    Log::debug("cpp/quick", "Gui::~Gui", __LINE__);
+}
+
+void Gui::setIme(QVariant window, bool enabled)
+{
+    auto *target = window.value<QWindow *>();
+    if (!target) {
+        Log::warning("cpp/quick", "Gui::setIme", __LINE__) << "no window" << window;
+        return;
+    }
+    mInputMethod.setEnabled(target, enabled);
+}

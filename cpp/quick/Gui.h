@@ -1,0 +1,31 @@
+#pragma once
+
+#include "SystemService/InputMethod.h"
+
+#include <QJSEngine>
+#include <QPointer>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QVariant>
+
+/// The QML singleton for what a screen asks of its window.
+class Gui : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    /// The provider of the singleton. The caller owns the object.
+    static QObject *create(QQmlEngine *engine, QJSEngine *scriptEngine);
+    ~Gui() override;
+
+    /// Asks for the window's input method to be off (enabled false), or takes such a request back.
+    /// A variant that holds no window is a warning in the log.
+    Q_INVOKABLE void setIme(QVariant window, bool enabled);
+
+private:
+    Gui(QQmlEngine *engine, QJSEngine *scriptEngine);
+
+    QPointer<QQmlEngine> mEngine;
+    QPointer<QJSEngine> mScriptEngine;
+    InputMethod mInputMethod;
+};

@@ -1,0 +1,58 @@
+#include "ProcessLog.h"
+#include "QmlTypes.h"
+
+#include "SystemService/SystemService.h"
+#include "tool/Log.h"
+#include "Tutorial/ProcessGlobals.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QQmlApplicationEngine>
+#include <QTranslator>
+#include <QtWebEngine>
+
+namespace
+{
+// Qt::AA_X11InitThreads by its number: Qt 5.15 warns of the name, and older releases need the value.
+constexpr auto kX11InitThreads = static_cast<Qt::ApplicationAttribute>(10);
+
+void installStandardTranslator(QApplication &application)
+{
+    const QString folder = QStringLiteral(":/translations");
+    const QString locale = SystemService::getDefaultLocale();
+    auto *translator = new QTranslator(&application);
+    const bool loaded = translator->load(locale, folder, QString(), QString());
+    Log::debug("main", "main", __LINE__) << QString(folder + QLatin1Char('/') + locale) << loaded;
+    QCoreApplication::installTranslator(translator);
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(kX11InitThreads, true);
+    QApplication application(argc, argv);
+    QtWebEngine::initialize();
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QCoreApplication::setOrganizationDomain(QStringLiteral("harnwick.example"));
+    setupMessageHandler();
+    closeLogFileHook = closeLogFile;
+    installStandardTranslator(application);
+    applicationObject = &application;
+    registerQmlTypes();
+    // Numbers are formatted alike whatever the language of the texts is.
+    QLocale::setDefault(QLocale::c());
+
+    int result = 0;
+    {
+        QQmlApplicationEngine engine;
+        engine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
+        const QList<QObject *> rootObjects = engine.rootObjects();
+        Log::debug("main", "main", __LINE__) << rootObjects;
+        rootObject = rootObjects.value(0);
+        result = QApplication::exec();
+    }
+    applicationObject = nullptr;
+    return result;
+}

@@ -1,0 +1,34 @@
+var scenario = [
+    {
+"id":1,
+"name":"項目001",
+"folder":false,
+"x":-9999,
+"y":-9999,
+"windowKey":"MainWindow",
+"condition":"click,",
+"hint":qsTr("#1"),
+"icon":"eye",
+"jump":-1,
+"jumpNo":-1,
+"command":"",
+"showArrow":true,
+"prohibited":false    
+    },
+    {
+"id":2,
+"name":"項目002",
+"folder":false,
+"x":-9999,
+"y":-9999,
+"windowKey":"MainWindow",
+"condition":"click",
+"hint":qsTr("#2"),
+"icon":"click",
+"jump":-1,
+"jumpNo":-1,
+"command":"",
+"showArrow":true,
+"prohibited":false    
+    }
+];

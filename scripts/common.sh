@@ -1,0 +1,85 @@
+# shellcheck shell=bash
+# What the commands and the scripts share: sourced, never run.
+
+tree=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+
+say() {
+    printf '%s: %s\n' "${0##*/}" "$*"
+}
+
+die() {
+    say "$@" >&2
+    exit 1
+}
+
+# on_every_exit <function>: calls it once, however the script ends.
+on_every_exit() {
+    # shellcheck disable=SC2064
+    trap "$1" EXIT
+    trap 'exit 129' HUP
+    trap 'exit 130' INT
+    trap 'exit 143' TERM
+}
+
+# start_group <command...>: starts it in the background as a process group of
+# its own, whose id is left in $group. A signal to the script can then be
+# answered at once, and whatever the command leaves behind can be ended with it.
+start_group() {
+    set -m
+    "$@" <&0 &
+    # shellcheck disable=SC2034
+    group=$!
+    set +m
+}
+
+# stop_group <id> [seconds]: ends a group of start_group. Its first process has
+# some time to clean up, the others only as long as that takes.
+stop_group() {
+    local tries=$((${2:-5} * 20))
+    {
+        kill -TERM -- "-$1" || true
+        while kill -0 "$1" && ((tries-- > 0)); do
+            sleep 0.05
+        done
+        kill -KILL -- "-$1" || true
+        wait "$1" || true
+    } 2>/dev/null
+}
+
+# wait_until <seconds> <command...>: polls until the command succeeds.
+wait_until() {
+    local tries=$(($1 * 20))
+    shift
+    while ! "$@" >/dev/null 2>&1; do
+        ((tries-- > 0)) || return 1
+        sleep 0.05
+    done
+}
+
+# provide_environment <folder>: makes up for what a bare machine's environment
+# lacks, inside a folder that the caller removes.
+provide_environment() {
+    if [[ ! -d ${HOME:-} || ! -w $HOME ]]; then
+        export HOME=$1/home
+        mkdir -p "$HOME"
+    fi
+    if [[ ! -d ${XDG_RUNTIME_DIR:-} || ! -O $XDG_RUNTIME_DIR ]]; then
+        export XDG_RUNTIME_DIR=$1/runtime
+        mkdir -m 0700 "$XDG_RUNTIME_DIR"
+    fi
+    # Chromium's sandbox refuses to work for root.
+    if ((EUID == 0)); then
+        export QTWEBENGINE_DISABLE_SANDBOX=1
+    fi
+}
+
+# build_preset <preset> <folder> [target...]: configures where that is still to
+# be done, and builds what is not up to date.
+build_preset() {
+    local preset=$1 folder=$2
+    shift 2
+    if [[ ! -e $tree/$folder/build.ninja ]]; then
+        (cd "$tree" && cmake --preset "$preset")
+    fi
+    cmake --build "$tree/$folder" ${1:+--target "$@"}
+}

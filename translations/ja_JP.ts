@@ -1,0 +1,554 @@
+<?xml version='1.0' encoding='utf-8'?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP">
+    <context>
+        <name>AlertDialog</name>
+        <message>
+            <source>Warning</source>
+            <translation>警告</translation>
+        </message>
+    </context>
+    <context>
+        <name>ConfirmDialog</name>
+        <message>
+            <source>Are you sure?</source>
+            <translation>よろしいですか？</translation>
+        </message>
+        <message>
+            <source>Confirmation</source>
+            <translation>確認</translation>
+        </message>
+    </context>
+    <context>
+        <name>NameChangeDialog</name>
+        <message>
+            <source>There is the same tutorial item name.
+Change %2 to %1 ?</source>
+            <translation>同じ名前のチュートリアル項目があります。
+%2 を %1 に変更しますか？</translation>
+        </message>
+        <message>
+            <source>Tutorial item name change</source>
+            <translation>チュートリアル項目名の変更</translation>
+        </message>
+    </context>
+    <context>
+        <name>SaveChangeDialog</name>
+        <message>
+            <source>Cancel</source>
+            <translation>キャンセル</translation>
+        </message>
+        <message>
+            <source>No</source>
+            <translation>いいえ</translation>
+        </message>
+        <message>
+            <source>Save project</source>
+            <translation>プロジェクトの保存</translation>
+        </message>
+        <message>
+            <source>Yes</source>
+            <translation>はい</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialEditor::Manager</name>
+        <message>
+            <source>Failed to save.</source>
+            <translation>保存に失敗しました。</translation>
+        </message>
+        <message>
+            <source>Tutorial not loaded yet.</source>
+            <translation>チュートリアルがまだ読み込まれていません。</translation>
+        </message>
+        <message>
+            <source>folder</source>
+            <translation>フォルダー</translation>
+        </message>
+        <message>
+            <source>item</source>
+            <translation>項目</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialEventDialog</name>
+        <message>
+            <source>Clear</source>
+            <translation>クリア</translation>
+        </message>
+        <message>
+            <source>Tracking control</source>
+            <translation>追跡中のコントロール</translation>
+        </message>
+        <message>
+            <source>Tutorial event</source>
+            <translation>チュートリアルイベント</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialIndicator</name>
+        <message>
+            <source>Next</source>
+            <translation>次へ</translation>
+        </message>
+        <message>
+            <source>No</source>
+            <translation>いいえ</translation>
+        </message>
+        <message>
+            <source>Yes</source>
+            <translation>はい</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialItemListModel</name>
+        <message>
+            <source>/</source>
+            <translation>/</translation>
+        </message>
+        <message>
+            <source>item</source>
+            <translation>項目</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialList</name>
+        <message>
+            <source>Side-view</source>
+            <translation>サイドビュー</translation>
+        </message>
+        <message>
+            <source>Step 1: Side-view Basics</source>
+            <translation>ステップ１：サイドビューの基本</translation>
+        </message>
+        <message>
+            <source>Step 1: Top-view Basics</source>
+            <translation>ステップ１：トップビューの基本</translation>
+        </message>
+        <message>
+            <source>Top-view</source>
+            <translation>トップビュー</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialManager</name>
+        <message>
+            <source>Failed to save translation.</source>
+            <translation>翻訳のセーブに失敗しました。</translation>
+        </message>
+        <message>
+            <source>folder</source>
+            <translation>フォルダー</translation>
+        </message>
+        <message>
+            <source>not closed %1: </source>
+            <translation>%1 が閉じられていません: </translation>
+        </message>
+        <message>
+            <source>not found %1 or %2: </source>
+            <translation>%1 または %2 が見つかりません: </translation>
+        </message>
+        <message>
+            <source>not matched %1...%2: </source>
+            <translation>%1...%2 の対応が取れていません: </translation>
+        </message>
+        <message>
+            <source>unable to parse as string: </source>
+            <translation>文字列として解析できません: </translation>
+        </message>
+        <message>
+            <source>unterminated "...": </source>
+            <translation>"..." が閉じられていません: </translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialSelectDialog</name>
+        <message>
+            <source>Open tutorial</source>
+            <translation>チュートリアルを開く</translation>
+        </message>
+        <message>
+            <source>Tutorial file</source>
+            <translation>チュートリアルファイル</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialSettingItem</name>
+        <message>
+            <source>(Next)</source>
+            <translation>(次の項目)</translation>
+        </message>
+        <message>
+            <source>&lt;=</source>
+            <translation>&lt;=</translation>
+        </message>
+        <message>
+            <source>Add folder</source>
+            <translation>フォルダーを追加</translation>
+        </message>
+        <message>
+            <source>Add item</source>
+            <translation>項目を追加</translation>
+        </message>
+        <message>
+            <source>Command:</source>
+            <translation>コマンド:</translation>
+        </message>
+        <message>
+            <source>Condition:</source>
+            <translation>条件:</translation>
+        </message>
+        <message>
+            <source>Copy</source>
+            <translation>コピー</translation>
+        </message>
+        <message>
+            <source>Cut</source>
+            <translation>切り取り</translation>
+        </message>
+        <message>
+            <source>Delete</source>
+            <translation>削除</translation>
+        </message>
+        <message>
+            <source>Hint:</source>
+            <translation>ヒント:</translation>
+        </message>
+        <message>
+            <source>Icon:</source>
+            <translation>アイコン:</translation>
+        </message>
+        <message>
+            <source>Jump(No):</source>
+            <translation>ジャンプ(いいえ):</translation>
+        </message>
+        <message>
+            <source>Jump:</source>
+            <translation>ジャンプ:</translation>
+        </message>
+        <message>
+            <source>Paste</source>
+            <translation>貼り付け</translation>
+        </message>
+        <message>
+            <source>Save</source>
+            <translation>保存</translation>
+        </message>
+        <message>
+            <source>Settings</source>
+            <translation>設定</translation>
+        </message>
+        <message>
+            <source>Show arrow</source>
+            <translation>矢印を表示</translation>
+        </message>
+        <message>
+            <source>The tutorial is needed to be reloaded to apply the translation.
+Do you save tutorial?</source>
+            <translation>翻訳を反映するには、チュートリアルを読み込み直す必要があります。
+チュートリアルを保存しますか？</translation>
+        </message>
+        <message>
+            <source>Track:</source>
+            <translation>追跡:</translation>
+        </message>
+        <message>
+            <source>Translation:</source>
+            <translation>翻訳:</translation>
+        </message>
+        <message>
+            <source>Tutorial item list</source>
+            <translation>チュートリアル項目一覧</translation>
+        </message>
+        <message>
+            <source>Tutorial item menu</source>
+            <translation>チュートリアル項目メニュー</translation>
+        </message>
+        <message>
+            <source>X:</source>
+            <translation/>
+        </message>
+        <message>
+            <source>Y:</source>
+            <translation>Y:</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialSideViewStep0</name>
+        <message>
+            <source>#2</source>
+            <translation>ようこそ！
+このツアーでは、目の前の小さなお絵かきエディタをご案内します。三分ほどで終わります。
+「次へ」を押して始めましょう。</translation>
+        </message>
+        <message>
+            <source>#3</source>
+            <translation>まずウィンドウをひと回り見てみますか？
+「いいえ」を押すと、すぐに描き始めます。</translation>
+        </message>
+        <message>
+            <source>#4</source>
+            <translation>ここに道具が並んでいます。色の付いているものが、今マウスで使える道具です。</translation>
+        </message>
+        <message>
+            <source>#5</source>
+            <translation>ここがキャンバスです。絵はここに描いていきます。</translation>
+        </message>
+        <message>
+            <source>#6</source>
+            <translation>図形をひとつ描くたびに、このリストに一行増えます。</translation>
+        </message>
+        <message>
+            <source>#7</source>
+            <translation>選択した図形の名前、線の太さ、レイヤーがここに表示されます。あとで三つとも変えてみましょう。</translation>
+        </message>
+        <message>
+            <source>#9</source>
+            <translation>さあ、描いてみましょう。
+「Rectangle」をクリックして、四角形の道具を選んでください。</translation>
+        </message>
+        <message>
+            <source>#10</source>
+            <translation>ここで左ボタンを押し、そのまま右下へドラッグして、ボタンを離してください。</translation>
+        </message>
+        <message>
+            <source>#11</source>
+            <translation>四角形が描けました！次は「Ellipse」をクリックしてください。</translation>
+        </message>
+        <message>
+            <source>#12</source>
+            <translation>もう一度ドラッグします。今度は四角形の下に描いてください。</translation>
+        </message>
+        <message>
+            <source>#13</source>
+            <translation>お見事です！少しのあいだ、できた絵を眺めてみましょう。</translation>
+        </message>
+        <message>
+            <source>#14</source>
+            <translation>二つの図形がキャンバスに見えていますか？</translation>
+        </message>
+        <message>
+            <source>#15</source>
+            <translation>大丈夫、もう一度描いてみましょう。
+ドラッグのあいだは、ボタンを押したままにするのがコツです。</translation>
+        </message>
+        <message>
+            <source>#17</source>
+            <translation>一行目をクリックして、四角形を選択してください。</translation>
+        </message>
+        <message>
+            <source>#18</source>
+            <translation>次は同じ行をダブルクリックしてください。カーソルが名前の欄に移ります。</translation>
+        </message>
+        <message>
+            <source>#19</source>
+            <translation>好きな名前を三文字以上で入力してください。</translation>
+        </message>
+        <message>
+            <source>#20</source>
+            <translation>線をもっと太くしましょう。太さを 6 にしてください。</translation>
+        </message>
+        <message>
+            <source>#21</source>
+            <translation>「Front」を選んでください。図形がほかの図形の手前に来ます。</translation>
+        </message>
+        <message>
+            <source>#22</source>
+            <translation>図形は動かすこともできます。「Select」をクリックしてください。</translation>
+        </message>
+        <message>
+            <source>#23</source>
+            <translation>四角形をマウスでつかんで、別の場所までドラッグしてください。</translation>
+        </message>
+        <message>
+            <source>#25</source>
+            <translation>グリッドがあると位置を揃えやすくなります。ここにチェックを入れてください。</translation>
+        </message>
+        <message>
+            <source>#26</source>
+            <translation>設定も見てみますか？
+「いいえ」を押すと、この部分を飛ばします。</translation>
+        </message>
+        <message>
+            <source>#27</source>
+            <translation>「View」メニューを開いてください。</translation>
+        </message>
+        <message>
+            <source>#28</source>
+            <translation>「Settings」を選んでください。</translation>
+        </message>
+        <message>
+            <source>#29</source>
+            <translation>キャンバスを温かみのある色にしましょう。「Cream」を選んでください。</translation>
+        </message>
+        <message>
+            <source>#30</source>
+            <translation>「OK」をクリックして、設定を閉じてください。</translation>
+        </message>
+        <message>
+            <source>#32</source>
+            <translation>最後にもうひとつ。ここを右クリックしてください。</translation>
+        </message>
+        <message>
+            <source>#33</source>
+            <translation>「Duplicate」を選ぶと、選択中の図形のコピーができます。</translation>
+        </message>
+        <message>
+            <source>#34</source>
+            <translation>これで一通りおしまいです。楽しく描いてください！
+「次へ」を押すとツアーを終わります。</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialSideViewStep1</name>
+        <message>
+            <source>#1</source>
+            <translation>これはサイドビューチュートリアルのダミーです。</translation>
+        </message>
+        <message>
+            <source>#2</source>
+            <translation>終わりです。</translation>
+        </message>
+    </context>
+    <context>
+        <name>TutorialTopViewStep1</name>
+        <message>
+            <source>#1</source>
+            <translation>これはトップビューチュートリアルのダミーです。</translation>
+        </message>
+        <message>
+            <source>#2</source>
+            <translation>終わりです。</translation>
+        </message>
+    </context>
+    <context>
+        <name>UndoRedo</name>
+        <message>
+            <source>&amp;Redo</source>
+            <translation>やり直し(&amp;R)</translation>
+        </message>
+        <message>
+            <source>&amp;Undo</source>
+            <translation/>
+        </message>
+        <message>
+            <source>Command List</source>
+            <translation>コマンド一覧</translation>
+        </message>
+    </context>
+    <context>
+        <name>main</name>
+        <message>
+            <source>&amp;Add folder</source>
+            <translation>フォルダーを追加(&amp;A)</translation>
+        </message>
+        <message>
+            <source>&amp;Edit</source>
+            <translation>編集(&amp;E)</translation>
+        </message>
+        <message>
+            <source>&amp;File</source>
+            <translation>ファイル(&amp;F)</translation>
+        </message>
+        <message>
+            <source>&amp;Help</source>
+            <translation>ヘルプ(&amp;H)</translation>
+        </message>
+        <message>
+            <source>&amp;License</source>
+            <translation>ライセンス(&amp;L)</translation>
+        </message>
+        <message>
+            <source>&amp;Open tutorial</source>
+            <translation>チュートリアルを開く(&amp;O)</translation>
+        </message>
+        <message>
+            <source>&amp;Redo</source>
+            <translation>やり直し(&amp;R)</translation>
+        </message>
+        <message>
+            <source>&amp;Undo</source>
+            <translation/>
+        </message>
+        <message>
+            <source>&amp;Version</source>
+            <translation>バージョン情報(&amp;V)</translation>
+        </message>
+        <message>
+            <source>-</source>
+            <translation/>
+        </message>
+        <message>
+            <source>Close tutorial</source>
+            <translation>チュートリアルを閉じる</translation>
+        </message>
+        <message>
+            <source>Copy</source>
+            <translation>コピー</translation>
+        </message>
+        <message>
+            <source>Create &amp;item</source>
+            <translation>項目を作成(&amp;I)</translation>
+        </message>
+        <message>
+            <source>Cut</source>
+            <translation>切り取り</translation>
+        </message>
+        <message>
+            <source>Delete</source>
+            <translation>削除</translation>
+        </message>
+        <message>
+            <source>Exit</source>
+            <translation>終了</translation>
+        </message>
+        <message>
+            <source>Failed to open new project</source>
+            <translation>新しいプロジェクトを開けませんでした。</translation>
+        </message>
+        <message>
+            <source>Failed to save project.</source>
+            <translation>プロジェクトの保存に失敗しました。</translation>
+        </message>
+        <message>
+            <source>License</source>
+            <translation>ライセンス</translation>
+        </message>
+        <message>
+            <source>Open tutorial folder</source>
+            <translation>チュートリアルフォルダーを開く</translation>
+        </message>
+        <message>
+            <source>Paste</source>
+            <translation>貼り付け</translation>
+        </message>
+        <message>
+            <source>Save change?</source>
+            <translation>変更を保存しますか？</translation>
+        </message>
+        <message>
+            <source>Save tutorial</source>
+            <translation>チュートリアルを保存</translation>
+        </message>
+        <message>
+            <source>Start current</source>
+            <translation>現在の項目から開始</translation>
+        </message>
+        <message>
+            <source>Start tutorial</source>
+            <translation>チュートリアルを開始</translation>
+        </message>
+        <message>
+            <source>Tutorial Editor</source>
+            <translation>チュートリアルエディター</translation>
+        </message>
+        <message>
+            <source>Tutorial editor</source>
+            <translation>チュートリアルエディター</translation>
+        </message>
+        <message>
+            <source>Version:</source>
+            <translation>バージョン:</translation>
+        </message>
+    </context>
+</TS>
