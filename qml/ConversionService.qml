@@ -87,7 +87,7 @@ Item {
         if (suspect && suspect.attempts >= maximumAttempts) {
             lost.shift();
             failedPages = 0;
-            answer(suspect.key, { "javascript": "", "error": "The conversion did not end.", "line": -1 });
+            answer(suspect.key, { "error": "The conversion did not end.", "javascript": "", "line": -1 });
         }
         list = lost.concat(waiting);
         if (++failedPages > maximumFailedPages)
@@ -110,12 +110,12 @@ Item {
         asynchronous: true
         active: service.active && running
         source: "ConversionView.qml"
-    }
-
-    Connections {
-        target: viewLoader.item
-        onLoaded: processTimer.start()
-        onLost: service.replacePage("its process ended, " + reason)
+        onLoaded: {
+            item.loaded.connect(processTimer.start);
+            item.lost.connect(function(reason) {
+                service.replacePage("its process ended, " + reason);
+            });
+        }
     }
 
     // The load being reported isn't taken as enough.

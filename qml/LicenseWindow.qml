@@ -21,7 +21,12 @@ Window {
         property alias height: root.height
     }
 
-    Help {
+    // The texts are long, and few ever open this window.
+    Loader {
+        active: root.visible
+        sourceComponent: Component {
+            Help {}
+        }
         anchors {
             top: parent.top
             left: parent.left

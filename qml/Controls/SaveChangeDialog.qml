@@ -49,10 +49,17 @@ Window {
         }
         stylePaddingTop: 8
 
-        Text {
-            id: messageText
+        // The box takes its size from the window, not from the text.
+        Item {
             anchors.fill: parent
-            wrapMode: Text.Wrap
+            implicitWidth: 1
+            implicitHeight: 1
+
+            Text {
+                id: messageText
+                width: parent.width
+                wrapMode: Text.Wrap
+            }
         }
     }
 

@@ -19,6 +19,8 @@ Toolkit.SpinBox {
     property bool arrowsMovable: true
     /// The window whose input method this control holds off, or null.
     property var inputMethodWindow: null
+    readonly property bool windowVisible: Window.window ? Window.window.visible : false
+    readonly property var panel: root.__panel
 
     // Each request to turn it off is taken back exactly once and at the same
     // window, however focus and visibility change together.
@@ -51,6 +53,18 @@ Toolkit.SpinBox {
             editingFinished();
     }
 
+    onWindowVisibleChanged: {
+        if (!activeFocus)
+            return;
+        console.log("SpinBox: the window became " + (windowVisible ? "visible" : "hidden"));
+        setInputMethodOff(windowVisible);
+    }
+    // A new style brings a new panel.
+    onPanelChanged: {
+        if (completed)
+            layArrows();
+    }
+
     Component.onCompleted: {
         lastValue = value;
         completed = true;
@@ -76,23 +90,5 @@ Toolkit.SpinBox {
         id: themedLook
 
         SpinBoxThemedLook {}
-    }
-
-    Connections {
-        target: root.Window.window
-        onVisibleChanged: {
-            if (!root.activeFocus)
-                return;
-            var visible = root.Window.window.visible;
-            console.log("SpinBox: the window became " + (visible ? "visible" : "hidden"));
-            root.setInputMethodOff(visible);
-        }
-    }
-
-    // A new style brings a new panel.
-    Connections {
-        target: root.completed ? root : null
-        ignoreUnknownSignals: true
-        on__PanelChanged: root.layArrows()
     }
 }
