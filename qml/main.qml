@@ -120,6 +120,9 @@ ApplicationWindow {
     }
 
     function startAuthoring() {
+        // At the first start the menus must not lie above the screen.
+        if (width === 1 && height === 1)
+            y = 64;
         if (width === 1)
             width = 966;
         if (height === 1)

@@ -25,7 +25,8 @@ ButtonStyle {
             id: base
             anchors.fill: parent
             source: "../../icon/button_base.png"
-            visible: false
+            // A backend without shaders shows it as it is.
+            visible: GraphicsInfo.api === GraphicsInfo.Software
         }
 
         Blend {

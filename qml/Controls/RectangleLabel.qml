@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../QtControls"
+import "../Singletons"
 
 /// A label in a thin black frame.
 Rectangle {
@@ -11,6 +12,7 @@ Rectangle {
     property alias elide: label.elide
     property alias verticalAlignmnet: label.verticalAlignment
 
+    color: Theme.toolkitSurfaces ? "white" : Theme.normalBack1
     border.width: 1
     border.color: "black"
 

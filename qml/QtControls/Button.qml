@@ -7,6 +7,9 @@ import "looks"
 Toolkit.Button {
     id: root
 
+    /// Width of the text, once it is fixed.
+    property real textWidth: 0
+
     height: Theme.controlHeight
     style: Theme.toolkitSurfaces ? toolkitLook : themedLook
 

@@ -30,6 +30,13 @@ Toolkit.ComboBox {
             font.pixelSize: Theme.labelFontSize
             background: ButtonSurface {
                 control: root
+
+                ArrowMark {
+                    anchors.right: parent.right
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    color: textColor
+                }
             }
 
             readonly property color surfaceText: root.hovered || root.pressed ? Theme.hotButtonText : Theme.normalText

@@ -9,6 +9,13 @@ Toolkit.RadioButton {
     style: RadioButtonStyle {
         label: CheckableLabel {
             control: root
+            // As high as the mark that the toolkit puts beside its top.
+            height: Math.round(toolkitText.implicitHeight)
         }
+    }
+
+    Text {
+        id: toolkitText
+        visible: false
     }
 }

@@ -41,7 +41,11 @@ Toolkit.SpinBox {
     }
 
     width: 80
-    style: !horizontal || !arrowsMovable ? toolkitLook : Theme.toolkitSurfaces ? sideBySideLook : themedLook
+    style: {
+        if (horizontal && arrowsMovable)
+            return Theme.toolkitSurfaces ? sideBySideLook : themedSideBySideLook;
+        return Theme.toolkitSurfaces ? stackedLook : themedStackedLook;
+    }
 
     onActiveFocusChanged: setInputMethodOff(activeFocus)
     onValueChanged: {
@@ -75,9 +79,15 @@ Toolkit.SpinBox {
     Component.onDestruction: setInputMethodOff(false)
 
     Component {
-        id: toolkitLook
+        id: stackedLook
 
         SpinBoxLook {}
+    }
+
+    Component {
+        id: themedStackedLook
+
+        SpinBoxThemedStackedLook {}
     }
 
     Component {
@@ -87,8 +97,8 @@ Toolkit.SpinBox {
     }
 
     Component {
-        id: themedLook
+        id: themedSideBySideLook
 
-        SpinBoxThemedLook {}
+        SpinBoxThemedSideBySideLook {}
     }
 }

@@ -2,22 +2,30 @@ import QtQuick 2.9
 import "../../Singletons"
 
 /// Icon and text of a button, centred as a whole. The text's width is fixed
-/// once there is a text; a longer one is elided from then on.
+/// once there is a text, and kept by the button, since a change of the theme makes
+/// a new label; a longer text is elided from then on.
 Item {
     id: label
 
     property Item control: null
+    property bool completed: false
     readonly property int iconWidth: icon.visible ? icon.width : 0
 
     function fixTextWidth() {
-        if (caption.fixedWidth > 0 || caption.text === "")
+        if (!completed || control.textWidth > 0 || caption.text === "")
             return;
-        caption.fixedWidth = control.width > 0 ? control.width : caption.contentWidth + 4;
+        control.textWidth = control.width > 0 ? Math.max(0, control.width - iconWidth)
+                                              : Math.ceil(caption.implicitWidth) + 4;
     }
 
     implicitWidth: caption.width + iconWidth
     implicitHeight: caption.implicitHeight
     opacity: !control || control.enabled ? 1 : Theme.disabledOpacity
+
+    Component.onCompleted: {
+        completed = true;
+        fixTextWidth();
+    }
 
     Row {
         // The label lies inside the style's padding, the icon and the text are
@@ -38,9 +46,7 @@ Item {
         Text {
             id: caption
 
-            property real fixedWidth: 0
-
-            width: text === "" ? 0 : fixedWidth
+            width: text === "" || !label.control ? 0 : label.control.textWidth
             text: label.control ? label.control.text : ""
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
@@ -57,7 +63,6 @@ Item {
             font.family: Theme.mediumFont
             font.pixelSize: Theme.fontSize
             onTextChanged: label.fixTextWidth()
-            Component.onCompleted: label.fixTextWidth()
         }
     }
 }
