@@ -1,7 +1,6 @@
 #include "Tutorial/TutorialLog.h"
 
 #include "Tutorial/GuidanceContext.h"
-#include "Tutorial/WindowPlatform.h"
 
 #include <QEvent>
 
@@ -9,7 +8,6 @@ TutorialLog::TutorialLog(QWidget *parent, GuidanceContext *manager) : QWidget(pa
 {
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    WindowPlatform::letInputThrough(this);
     setGeometry(0, 0, 0, 0);
     show();
     activateWindow();

@@ -4,8 +4,8 @@
 
 class GuidanceContext;
 
-/// A window of no size that shows nothing. It exists while a tutorial is active, asks for the activation
-/// once when it is made, and so makes this process the active application.
+/// A window of no size that shows nothing: it exists while a tutorial is active, asks for the activation
+/// once when it is made, and tells the context when it gains or loses it.
 class TutorialLog : public QWidget
 {
     Q_OBJECT

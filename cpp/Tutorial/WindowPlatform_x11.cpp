@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QVector>
 #include <QWidget>
+#include <QWindow>
 
 #include <qpa/qplatformnativeinterface.h>
 
@@ -126,23 +127,17 @@ xcb_atom_t atom(xcb_connection_t *xcb, const QByteArray &name)
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
-QVector<quint32> property(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t name, xcb_atom_t type)
+QVector<xcb_atom_t> atoms(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t property)
 {
-    const auto cookie = xcb_get_property(xcb, false, window, name, type, 0, 64);
+    const auto cookie = xcb_get_property(xcb, false, window, property, XCB_ATOM_ATOM, 0, 64);
     const auto reply = owned(xcb_get_property_reply(xcb, cookie, nullptr));
     if (!reply || reply->format != 32)
         return {};
-    const auto *values = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
-    QVector<quint32> result;
+    const auto *values = static_cast<const xcb_atom_t *>(xcb_get_property_value(reply.get()));
+    QVector<xcb_atom_t> result;
     for (int i = 0; i < xcb_get_property_value_length(reply.get()) / 4; ++i)
         result.append(values[i]);
     return result;
-}
-
-void setProperty(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
-                 const QVector<quint32> &values)
-{
-    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, window, name, type, 32, quint32(values.size()), values.constData());
 }
 } // namespace
 
@@ -161,19 +156,15 @@ void refuseFocus(QWidget *window)
         return;
     const auto id = xcb_window_t(window->winId());
 
-    // WM_HINTS begins with its flags and the input field; the lowest flag says that the field counts.
-    const int hintsSize = 9;
-    QVector<quint32> hints = property(xcb, id, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS);
-    hints.resize(hintsSize);
-    hints[0] |= 1;
-    hints[1] = 0;
-    setProperty(xcb, id, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, hints);
+    // Only the platform's window has the flag: the widget's own flags stay as they were asked for.
+    window->windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);
 
     // A window that understands WM_TAKE_FOCUS is offered the focus in spite of its hints.
     const xcb_atom_t protocols = atom(xcb, QByteArrayLiteral("WM_PROTOCOLS"));
-    QVector<quint32> supported = property(xcb, id, protocols, XCB_ATOM_ATOM);
+    QVector<xcb_atom_t> supported = atoms(xcb, id, protocols);
     supported.removeAll(atom(xcb, QByteArrayLiteral("WM_TAKE_FOCUS")));
-    setProperty(xcb, id, protocols, XCB_ATOM_ATOM, supported);
+    xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id, protocols, XCB_ATOM_ATOM, 32, quint32(supported.size()),
+                        supported.constData());
 }
 
 void flush()

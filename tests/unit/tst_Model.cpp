@@ -73,8 +73,9 @@ private Q_SLOTS:
     void findsRecordsWhileTheListChanges();
     void findsRecordsWhoseIdsChange();
     void findsNodes();
+    void findsNodesWhileTheTreeChanges();
     void sharesCopiesOfNodes();
-    void removesNodes();
+    void removesNodesAndRecords();
     void walksTheTree();
     void readsTrees_data();
     void readsTrees();
@@ -222,16 +223,13 @@ void tst_Model::findsNodes()
 {
     TreeDataTemplate<TutorialItemData> data;
     data.mRoot = sampleTree();
-    QCOMPARE(data.mRoot.find(-1), &data.mRoot);
-    QCOMPARE(data.mRoot.find(7), nullptr);
-    for (int id = 1; id <= 6; ++id) {
-        QVERIFY(data.mRoot.find(id));
-        QCOMPARE(data.mRoot.find(id)->mId, id);
-        QCOMPARE(static_cast<const Item &>(data.mRoot).find(id), data.mRoot.find(id));
-    }
+    QCOMPARE(data.findItem(-1), &data.mRoot);
+    QCOMPARE(data.findItem(7), nullptr);
     const QHash<int, QPair<int, int>> parents = { { 1, { -1, 0 } }, { 2, { 1, 0 } },  { 3, { 1, 1 } },
                                                   { 4, { 3, 0 } },  { 5, { -1, 1 } }, { 6, { 5, 0 } } };
     for (auto expected = parents.cbegin(); expected != parents.cend(); ++expected) {
+        QVERIFY(data.findItem(expected.key()));
+        QCOMPARE(data.findItem(expected.key())->mId, expected.key());
         int index = 77;
         Item *parent = data.getParentItem(expected.key(), index);
         QVERIFY(parent);
@@ -242,33 +240,90 @@ void tst_Model::findsNodes()
         int index = 77;
         QCOMPARE(data.getParentItem(id, index), nullptr);
         QCOMPARE(index, -1);
+        QCOMPARE(data.getPathIds(id), QList<int>());
     }
-    // The first node in the order of the tree wins.
-    data.mRoot.mChildren.append(branch(4, { Item(8, false) }));
-    int index = -1;
-    QCOMPARE(data.getParentItem(4, index)->mId, 3);
-    QVERIFY(!data.mRoot.find(4)->mFolder);
+    QCOMPARE(data.getPathIds(4), (QList<int>{ 1, 3, 4 }));
+}
+
+void tst_Model::findsNodesWhileTheTreeChanges()
+{
+    // Others write to the lists of children directly, too. Each look-up is what a search finds.
+    QRandomGenerator random(11);
+    TreeDataTemplate<TutorialItemData> data;
+    data.mRoot = Item(-1, true);
+    int lastId = 0;
+    for (int step = 0; step < 1500; ++step) {
+        QList<int> ids;
+        data.mRoot.visitAll([&ids](const Item &item) { ids.append(item.mId); });
+        const int id = ids.at(random.bounded(ids.size()));
+        Item *item = data.findItem(id);
+        QVERIFY(item && item->mId == id);
+        QList<Item> &children = item->mChildren;
+        switch (random.bounded(6)) {
+        case 0:
+        case 1:
+            data.insertItem(*item, random.bounded(children.size() + 1), Item(++lastId, true));
+            break;
+        case 2:
+            children.prepend(Item(++lastId, true));
+            break;
+        case 3:
+            if (children.size() > 1)
+                children.move(0, children.size() - 1);
+            break;
+        case 4:
+            QCOMPARE(data.removeItem(id), id != -1);
+            break;
+        default:
+            if (!children.isEmpty())
+                children.removeLast();
+            break;
+        }
+        QHash<int, QPair<int, int>> places;
+        data.mRoot.visitAll([&places](const Item &parent) {
+            for (int i = 0; i < parent.mChildren.size(); ++i)
+                places.insert(parent.mChildren.at(i).mId, { parent.mId, i });
+        });
+        for (int each = 1; each <= lastId; ++each) {
+            int index = -1;
+            const Item *parent = data.getParentItem(each, index);
+            QCOMPARE(parent != nullptr, places.contains(each));
+            QCOMPARE(data.findItem(each) != nullptr, places.contains(each));
+            if (parent)
+                QCOMPARE(qMakePair(parent->mId, index), places.value(each));
+        }
+    }
 }
 
 void tst_Model::sharesCopiesOfNodes()
 {
-    Item tree = sampleTree();
-    const Item copy = tree;
-    tree.find(4)->mId = 40;
-    tree.find(3)->mChildren.append(Item(41, false));
-    QVERIFY(copy.find(4) && !copy.find(40) && !copy.find(41));
-    QVERIFY(tree.find(40) && tree.find(41));
+    TreeDataTemplate<TutorialItemData> data;
+    data.mRoot = sampleTree();
+    TreeDataTemplate<TutorialItemData> copy;
+    copy.mRoot = data.mRoot;
+    data.findItem(4)->mId = 40;
+    data.findItem(3)->mChildren.append(Item(41, false));
+    QVERIFY(copy.findItem(4) && !copy.findItem(40) && !copy.findItem(41));
+    QVERIFY(data.findItem(40) && data.findItem(41));
 }
 
-void tst_Model::removesNodes()
+void tst_Model::removesNodesAndRecords()
 {
-    Item tree = sampleTree();
-    QVERIFY(!tree.remove(7));
-    QVERIFY(!tree.remove(-1));
-    QVERIFY(tree.remove(3));
-    QVERIFY(!tree.find(3) && !tree.find(4) && tree.find(2) && tree.find(5));
-    QVERIFY(tree.remove(6));
-    QVERIFY(tree.find(5)->mChildren.isEmpty());
+    TreeDataTemplate<TutorialItemData> data;
+    data.mRoot = sampleTree();
+    QVERIFY(!data.removeItem(7));
+    QVERIFY(!data.removeItem(-1));
+    QVERIFY(data.removeItem(3));
+    QVERIFY(!data.findItem(3) && !data.findItem(4) && data.findItem(2) && data.findItem(5));
+    QVERIFY(data.removeItem(6));
+    QVERIFY(data.findItem(5)->mChildren.isEmpty());
+
+    auto *record = new TutorialItemData;
+    data.mDataList.append(record);
+    QVERIFY(!data.takeData(7));
+    const std::unique_ptr<TutorialItemData> taken = data.takeData(-1);
+    QCOMPARE(taken.get(), record);
+    QVERIFY(data.mDataList.isEmpty());
 }
 
 void tst_Model::walksTheTree()

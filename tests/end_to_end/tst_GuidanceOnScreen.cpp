@@ -1,0 +1,248 @@
+#include "Neighbour.h"
+
+#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/TutorialIndicator.h"
+#include "Tutorial/TutorialLog.h"
+#include "Tutorial/TutorialTooltip.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QScreen>
+#include <QtTest>
+
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace
+{
+const QRect kHostRect(0, 0, 1000, 700);
+
+/// The manager's part in showing and hiding the windows, without a link.
+class Guidance : public GuidanceContext
+{
+public:
+    void sendMessage(const QString &text) override { mSent.append(text); }
+    void dropPopupWindowKey() override { }
+    QRect hostRect() const override { return kHostRect; }
+    bool isGuidanceRunning() const override { return true; }
+    void editorTooltipClosed() override { }
+
+    void updateGuidanceVisibility() override
+    {
+        if (mLog)
+            mLog->show();
+        if (!mIndicator)
+            return;
+        mIndicator->mTooltip->show();
+        mIndicator->showButtons();
+    }
+
+    void start()
+    {
+        mLog = std::make_unique<TutorialLog>(nullptr, this);
+        mIndicator = std::make_unique<TutorialIndicator>(nullptr, this);
+    }
+
+    void update(const QPoint &target, const QString &hint, int flags, int icon)
+    {
+        mIndicator->setTargetWindowOffset(target.x(), target.y(), QString(), flags & 4);
+        mIndicator->setHint(hint);
+        mIndicator->init(flags & 1, flags & 2);
+        mIndicator->mIconType = icon;
+        mIndicator->mTooltip->show();
+    }
+
+    void hide()
+    {
+        mLog->hide();
+        mIndicator->mTooltip->hide();
+        mIndicator->hideButtons();
+    }
+
+    QStringList mSent;
+    std::unique_ptr<TutorialLog> mLog;
+    std::unique_ptr<TutorialIndicator> mIndicator;
+};
+
+/// A connection apart from Qt's: it sees only what has reached the X server.
+using XConnection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
+
+template <typename T>
+std::unique_ptr<T, decltype(&std::free)> owned(T *reply)
+{
+    return { reply, &std::free };
+}
+
+QPoint windowPlace(const TutorialIndicator &indicator)
+{
+    return { indicator.mCurrentX, indicator.mCurrentY };
+}
+
+/// Runs xdotool to its end while the windows of this process go on living.
+bool xdotool(const QStringList &arguments)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QStringLiteral("xdotool"), arguments);
+    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 60000)
+        && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+bool click(const QPoint &point)
+{
+    return xdotool({ QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
+                     QStringLiteral("click"), QStringLiteral("1") });
+}
+} // namespace
+
+/// The guidance windows over the window of a second application, with real keys and clicks.
+class tst_GuidanceOnScreen : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Neighbour> mNeighbour;
+    std::unique_ptr<Guidance> mGuidance;
+
+    bool moveTo(const QPoint &target, int flags)
+    {
+        mGuidance->update(target, QStringLiteral("Click the button."), flags, 0);
+        const QPoint rest = mGuidance->mIndicator->mFlipHorizontal ? target - QPoint(308, 0) : target;
+        return QTest::qWaitFor([&] {
+            return !mGuidance->mIndicator->mHintChanged
+                && (windowPlace(*mGuidance->mIndicator) - rest).manhattanLength() <= 6;
+        });
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        mNeighbour = std::make_unique<Neighbour>();
+        QTRY_VERIFY(!mNeighbour->window().isEmpty());
+        mGuidance = std::make_unique<Guidance>();
+        mGuidance->start();
+        // The log window may ask for the activation once; the user goes back to work after that.
+        QVERIFY(xdotool({ QStringLiteral("windowfocus"), mNeighbour->window() }));
+        QTRY_VERIFY(mNeighbour->isFocused());
+    }
+
+    void cleanup()
+    {
+        mGuidance.reset();
+        mNeighbour.reset();
+    }
+
+    void neighbourKeepsTheKeyboard()
+    {
+        const QString alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
+        const QString text = alphabet.repeated(40);
+        QProcess typist;
+        typist.start(QStringLiteral("xdotool"),
+                     { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
+        for (int i = 0; i < 1000; ++i) {
+            const QPoint target(i % 3 * 400, i % 5 * 150 - 200);
+            mGuidance->update(target, QStringLiteral("Step %1").arg(i), i % 8, i % 7);
+            if (i % 10 == 0)
+                mGuidance->hide();
+            if (i % 10 == 5)
+                mGuidance->updateGuidanceVisibility();
+            QTest::qWait(5);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(typist.state(), QProcess::NotRunning, 60000);
+        QTRY_COMPARE(mNeighbour->typed().size(), text.size());
+        QCOMPARE(mNeighbour->typed(), text);
+        QVERIFY(mNeighbour->isFocused());
+    }
+
+    void clicksGoThrough()
+    {
+        for (int round = 0; round < 3; ++round) {
+            QVERIFY(moveTo({ 100 + round * 40, 80 }, 7));
+            const QPoint window = windowPlace(*mGuidance->mIndicator);
+            QList<QPoint> points{ QPoint(0, 0) };
+            // The arrow's tip, the icon, the hint, the empty rest of the window.
+            for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
+                points.append(window + inside);
+            mNeighbour->forget();
+            for (const QPoint &point : qAsConst(points))
+                QVERIFY(click(point));
+            QTRY_COMPARE(mNeighbour->clicks(), points);
+            // A window that was hidden gets a new frame.
+            mGuidance->hide();
+            mGuidance->updateGuidanceVisibility();
+        }
+    }
+
+    void frameOfAnotherShapeLetsInputThrough()
+    {
+        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+        const auto window = xcb_window_t(mGuidance->mIndicator->mTooltip->winId());
+        const auto tree = owned(xcb_query_tree_reply(xcb.get(), xcb_query_tree(xcb.get(), window), nullptr));
+        QVERIFY(tree);
+        if (tree->parent == tree->root)
+            QSKIP("No window manager frames the windows here.");
+        const auto inputRectangles = [&] {
+            const auto cookie = xcb_shape_get_rectangles(xcb.get(), tree->parent, XCB_SHAPE_SK_INPUT);
+            const auto reply = owned(xcb_shape_get_rectangles_reply(xcb.get(), cookie, nullptr));
+            return reply ? int(reply->rectangles_len) : -1;
+        };
+        QTRY_COMPARE(inputRectangles(), 0);
+        // As a window manager does when its decorations change.
+        xcb_shape_mask(xcb.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, tree->parent, 0, 0, XCB_NONE);
+        QCOMPARE(inputRectangles(), 1);
+        QTRY_COMPARE(inputRectangles(), 0);
+    }
+
+    void fadeIsSeenAsItHappens()
+    {
+        EditorTooltip tooltip(nullptr, mGuidance.get());
+        tooltip.show(QStringLiteral("Brush size"), 300, 300);
+        QVERIFY(QTest::qWaitForWindowExposed(&tooltip));
+        tooltip.killTimer(tooltip.mTimerId);
+        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+        const auto opacity = [&] {
+            const auto name = QByteArrayLiteral("_NET_WM_WINDOW_OPACITY");
+            const auto atomCookie = xcb_intern_atom(xcb.get(), true, quint16(name.size()), name.constData());
+            const xcb_atom_t atom = owned(xcb_intern_atom_reply(xcb.get(), atomCookie, nullptr))->atom;
+            const auto cookie =
+                xcb_get_property(xcb.get(), false, xcb_window_t(tooltip.winId()), atom, XCB_ATOM_CARDINAL, 0, 1);
+            const auto reply = owned(xcb_get_property_reply(xcb.get(), cookie, nullptr));
+            return *static_cast<const quint32 *>(xcb_get_property_value(reply.get())) / double(UINT32_MAX);
+        };
+        tooltip.mDelayTicks = 0;
+        for (int tick = 1; tick <= 25; ++tick) {
+            QTimerEvent event(tooltip.mTimerId);
+            QCoreApplication::sendEvent(&tooltip, &event);
+            QCOMPARE(qRound(opacity() * 25), tick);
+        }
+        tooltip.mTimerId = 0;
+    }
+
+    void buttonsTakeClicksAndNoKeys()
+    {
+        QVERIFY(moveTo({ 200, 100 }, 7));
+        mGuidance->mIndicator->mYesButton->hide();
+        mNeighbour->forget();
+        for (QPushButton *button : { mGuidance->mIndicator->mNextButton, mGuidance->mIndicator->mNoButton })
+            QVERIFY(click(button->geometry().center() + QPoint(10, 0)));
+        QTRY_COMPARE(mGuidance->mSent, QStringList({ QStringLiteral("next"), QStringLiteral("no") }));
+        QVERIFY(xdotool({ QStringLiteral("type"), QStringLiteral("after") }));
+        QTRY_COMPARE(mNeighbour->typed(), QStringLiteral("after"));
+        QVERIFY(mNeighbour->clicks().isEmpty());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(Neighbour::argument()))
+        return Neighbour::run();
+    tst_GuidanceOnScreen test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_GuidanceOnScreen.moc"
