@@ -172,6 +172,8 @@ private:
     void showStep(const QStringList &fields);
     void showTooltipWindow();
     void hideTooltipWindow();
+    bool isGuidanceVisible() const;
+    void setGuidanceVisible(bool visible);
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
@@ -195,6 +197,7 @@ private:
     bool mHostHidden = false;
     bool mGuidanceRunning = false;
     bool mApplicationActive = false;
+    bool mChangingVisibility = false; // windows are being shown or hidden
     int mTickTimerId = 0;
     int mSilenceTicks = 0;
     int mAliveTicks = 0;
