@@ -1,19 +1,252 @@
 import QtQuick 2.9
-import QtQuick.Window 2.2
+import QtQuick.Controls 1.4
+import Qt.labs.settings 1.0
 import Morvi.kess 1.0
+import "Controls"
 
-// Carries no picture of its own: the guidance is drawn by windows of its own.
-Window {
+/// The root of both modes. In the guidance mode it carries nothing but the
+/// conversion service; in the authoring mode it is the tutorial editor.
+ApplicationWindow {
     id: applicationWindow
+
+    readonly property bool authoring: TutorialManager.isMakingSupported()
+    property alias ready: conversionService.ready
+    property alias list: conversionService.list
+    property alias webEngineView: conversionService.webEngineView
+    /// The context menu of the list that has the focus, or null.
+    property var activeMenu: null
+    property alias debugText: debugPanel.debugText
+    readonly property var settingScreen: settingLoader.item
+
+    // Called by name with each "coffeeJs" message.
+    function requestCoffeeJs(key, coffeeScript) {
+        conversionService.requestCoffeeJs(key, coffeeScript);
+    }
+
+    function processList() {
+        conversionService.processList();
+    }
+
+    /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
+    /// below 0 stay where you are.
+    function checkSaveTutorial(callback) {
+        if (!TutorialManager.modified) {
+            callback(0);
+            return;
+        }
+        saveChangeDialog.message = "\"" + TutorialManager.tutorialName + "\"\n" + qsTr("Save change?");
+        saveChangeDialog.callback = function(result) {
+            if (result !== 1) {
+                callback(result);
+                return;
+            }
+            var error = TutorialManager.save();
+            if (error !== "") {
+                alert(qsTr("Failed to save project.") + "\n" + error);
+                callback(-1);
+                return;
+            }
+            callback(1);
+        };
+        saveChangeDialog.show();
+    }
+
+    function openTutorial() {
+        var dialog = tutorialSelectComponent.createObject(applicationWindow);
+        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
+        dialog.callback = function(result) {
+            if (result !== 1)
+                return;
+            var error = TutorialManager.loadTutorial(SystemService.getLocalFileFromUrl(dialog.fileUrl));
+            updateSettings();
+            if (error !== "")
+                alert(qsTr("Failed to open new project") + "\n" + error);
+        };
+        dialog.open();
+    }
+
+    function reloadTutorial() {
+        if (TutorialManager.tutorialName === "")
+            return;
+        unload();
+        TutorialManager.reload();
+        updateSettings();
+    }
+
+    function saveTutorial() {
+        // A field that is being edited hands over its text when it loses the focus.
+        background.forceActiveFocus();
+        var error = TutorialManager.save();
+        if (error !== "")
+            alert(error);
+    }
+
+    function exit() {
+        checkSaveTutorial(function(result) {
+            if (result >= 0)
+                TutorialManager.requestClose();
+        });
+    }
+
+    function unload() {
+        if (settingScreen)
+            settingScreen.unload();
+    }
+
+    function updateSettings() {
+        if (settingScreen)
+            settingScreen.updateSettings();
+    }
+
+    function currentId() {
+        return settingScreen ? settingScreen.getCurrentId() : -1;
+    }
+
+    function showMessage(caption, callback, container) {
+        messages.showMessage(caption, callback, container);
+    }
+
+    function alert(message, callback, container) {
+        messages.alert(message, callback, container);
+    }
+
+    function confirm(title, text, callback, container) {
+        messages.confirm(title, text, callback, container);
+    }
+
+    // A screen that this build doesn't carry leaves its place empty.
+    function screenSource(name) {
+        return authoring && SystemService.fileExists(":/qml/" + name) ? name : "";
+    }
+
+    function startAuthoring() {
+        // At the first start the menus must not lie above the screen.
+        if (width === 1 && height === 1)
+            y = 64;
+        if (width === 1)
+            width = 966;
+        if (height === 1)
+            height = 788;
+        menuBar = menuBarComponent.createObject(applicationWindow);
+        var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
+        TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
+        updateSettings();
+    }
 
     x: 0
     y: -64
     width: 1
     height: 1
     visible: true
-    flags: Qt.Tool
-    title: qsTr("-")
+    flags: authoring ? Qt.Window | Qt.WindowCloseButtonHint | Qt.WindowTitleHint | Qt.WindowSystemMenuHint
+                       | Qt.WindowMinimizeButtonHint | Qt.WindowMaximizeButtonHint
+                     : Qt.Tool
+    title: {
+        if (!authoring)
+            return qsTr("-");
+        if (TutorialManager.tutorialName === "")
+            return qsTr("Tutorial editor");
+        return (TutorialManager.modified ? "*" : "") + TutorialManager.tutorialName;
+    }
 
-    // The first use of the manager opens the link to the host editor.
-    Component.onCompleted: console.log("connected:", TutorialManager.connected(), "flags:", flags)
+    onClosing: {
+        if (!TutorialManager.modified) {
+            TutorialManager.requestClose();
+            return;
+        }
+        close.accepted = false;
+        checkSaveTutorial(function(result) {
+            if (result < 0)
+                return;
+            unload();
+            TutorialManager.unload();
+            delayTimer.start();
+        });
+    }
+
+    Component.onCompleted: {
+        console.log("connected:", TutorialManager.connected(), "flags:", flags);
+        if (authoring && settingLoader.source.toString() === "")
+            startAuthoring();
+    }
+
+    Settings {
+        category: applicationWindow.authoring ? "main.applicationWindow" : "main.applicationWindow-"
+        property alias x: applicationWindow.x
+        property alias y: applicationWindow.y
+        property alias width: applicationWindow.width
+        property alias height: applicationWindow.height
+    }
+
+    MouseArea {
+        id: background
+        anchors.fill: parent
+        onPressed: {
+            console.log("main: pressed at", mouse.x, mouse.y);
+            forceActiveFocus();
+        }
+    }
+
+    ConversionService {
+        id: conversionService
+        active: !applicationWindow.authoring
+    }
+
+    Loader {
+        id: settingLoader
+        anchors.fill: parent
+        source: applicationWindow.screenSource("TutorialSettingItem.qml")
+        onLoaded: applicationWindow.startAuthoring()
+    }
+
+    Loader {
+        id: eventLoader
+        active: settingLoader.progress === 1
+        source: applicationWindow.screenSource("TutorialEventDialog.qml")
+        onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
+    }
+
+    DebugPanel {
+        id: debugPanel
+        x: 400
+        width: parent.width - 400
+        height: parent.height
+    }
+
+    SaveChangeDialog {
+        id: saveChangeDialog
+    }
+
+    Messages {
+        id: messages
+    }
+
+    LicenseWindow {
+        id: licenseWindow
+    }
+
+    Component {
+        id: menuBarComponent
+
+        ApplicationMenuBar {
+            window: applicationWindow
+            onLicenseRequested: licenseWindow.show()
+        }
+    }
+
+    Component {
+        id: tutorialSelectComponent
+
+        TutorialSelectDialog {
+            id: tutorialSelectDialog
+            onVisibleChanged: if (!visible) tutorialSelectDialog.destroy()
+        }
+    }
+
+    // A close from inside the handler of the closing would have no effect.
+    Timer {
+        id: delayTimer
+        interval: 100
+        onTriggered: TutorialManager.requestClose()
+    }
 }

@@ -12,38 +12,49 @@ die() {
     exit 1
 }
 
-# on_every_exit <function>: calls it once, however the script ends.
+# on_every_exit <function>: calls it once, however the script ends. A second
+# signal, of somebody who is impatient, does not stop it half way.
 on_every_exit() {
     # shellcheck disable=SC2064
-    trap "$1" EXIT
+    trap "trap '' HUP INT TERM; $1" EXIT
     trap 'exit 129' HUP
     trap 'exit 130' INT
     trap 'exit 143' TERM
 }
 
+groups=()
+
 # start_group <command...>: starts it in the background as a process group of
-# its own, whose id is left in $group. A signal to the script can then be
-# answered at once, and whatever the command leaves behind can be ended with it.
+# its own, whose id goes to the end of $groups. A signal to the script can then
+# be answered at once, and what the command leaves behind can be ended with it.
 start_group() {
     set -m
-    "$@" <&0 &
-    # shellcheck disable=SC2034
-    group=$!
+    "$@" &
+    groups+=("$!")
     set +m
 }
 
-# stop_group <id> [seconds]: ends a group of start_group. Its first process has
-# some time to clean up, the others only as long as that takes.
-stop_group() {
-    local tries=$((${2:-5} * 20))
-    {
-        kill -TERM -- "-$1" || true
-        while kill -0 "$1" && ((tries-- > 0)); do
-            sleep 0.05
-        done
-        kill -KILL -- "-$1" || true
-        wait "$1" || true
-    } 2>/dev/null
+# wait_for_group: waits for the one started last, and gives its exit code.
+wait_for_group() {
+    wait "${groups[-1]}"
+}
+
+# stop_groups <seconds>: ends all groups, the last one first. A group's first
+# process has that long to clean up, the others only as long as it takes.
+stop_groups() {
+    local index id tries
+    for ((index = ${#groups[@]} - 1; index >= 0; --index)); do
+        id=${groups[index]}
+        tries=$(($1 * 20))
+        {
+            kill -TERM -- "-$id" || true
+            while kill -0 "$id" && ((tries-- > 0)); do
+                sleep 0.05
+            done
+            kill -KILL -- "-$id" || true
+            wait "$id" || true
+        } 2>/dev/null
+    done
 }
 
 # wait_until <seconds> <command...>: polls until the command succeeds.

@@ -77,7 +77,7 @@ QString SystemService::getDefaultOutputPath()
     if (documents.isEmpty())
         return QString();
     const QString name = QStringLiteral("Output");
-    const QString path = documents + QLatin1Char('/') + name;
+    QString path = documents + QLatin1Char('/') + name;
     if (!QFileInfo::exists(path))
         QDir(documents).mkdir(name);
     return path;

@@ -16,7 +16,7 @@ Gui::~Gui()
     Log::debug("cpp/quick", "Gui::~Gui", __LINE__);
 }
 
-void Gui::setIme(QVariant window, bool enabled)
+void Gui::setIme(const QVariant &window, bool enabled)
 {
     auto *target = window.value<QWindow *>();
     if (!target) {

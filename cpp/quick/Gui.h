@@ -20,7 +20,7 @@ public:
 
     /// Asks for the window's input method to be off (enabled false), or takes such a request back.
     /// A variant that holds no window is a warning in the log.
-    Q_INVOKABLE void setIme(QVariant window, bool enabled);
+    Q_INVOKABLE void setIme(const QVariant &window, bool enabled);
 
 private:
     Gui(QQmlEngine *engine, QJSEngine *scriptEngine);

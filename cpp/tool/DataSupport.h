@@ -25,7 +25,7 @@ public:
     static bool mkdir(const QString &path);
     /// Removes a folder with all in it. The first failure stops it; what is removed by then stays so.
     static bool rmdir(const QString &path);
-    /// Removes the file, a write-protected one too.
+    /// Removes the file, a write-protected one too. A failure leaves no line in the log.
     static bool removeFile(const QString &path);
     static bool fileExists(const QString &path);
 

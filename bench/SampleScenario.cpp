@@ -1,0 +1,54 @@
+#include "SampleScenario.h"
+
+#include "TutorialEditor/Manager.h"
+
+namespace
+{
+constexpr int kStepsInFolder = 10;
+constexpr int kFoldersInFolder = 3;
+
+using Item = TreeItem<TutorialItemData>;
+
+void fill(TutorialEditor::Manager &manager, Item &folder, int depth, int &nextId, int itemCount)
+{
+    for (int i = 0; i < kStepsInFolder && nextId <= itemCount; ++i) {
+        auto *record = new TutorialItemData; // owned by the document
+        record->mId = nextId;
+        record->mName = QStringLiteral("item%1").arg(nextId, 5, 10, QLatin1Char('0'));
+        record->mX = nextId % 1000;
+        record->mY = nextId % 700;
+        record->mWindowKey = QStringLiteral("MainWindow/canvas");
+        record->mCondition = QStringLiteral("click,MainWindow/toolRectangle");
+        record->mJump = nextId % 7 == 0 ? 1 : -1;
+        manager.mData.mDataList.append(record);
+        folder.mChildren.append(Item(nextId, false));
+        ++nextId;
+    }
+    for (int i = 0; depth > 0 && i < kFoldersInFolder && nextId <= itemCount; ++i) {
+        auto *record = new TutorialItemData; // owned by the document
+        record->mId = nextId;
+        record->mName = QStringLiteral("folder%1").arg(nextId);
+        manager.mData.mDataList.append(record);
+        Item child(nextId, true);
+        ++nextId;
+        fill(manager, child, depth - 1, nextId, itemCount);
+        folder.mChildren.append(child);
+    }
+}
+} // namespace
+
+QString SampleScenario::fileText(int itemCount)
+{
+    TutorialEditor::Manager manager;
+    int nextId = 1;
+    while (nextId <= itemCount)
+        fill(manager, manager.mData.mRoot, 3, nextId, itemCount);
+    return manager.getScenario(true);
+}
+
+QString SampleScenario::hint(int id, const QString &locale)
+{
+    const QString words = locale == QLatin1String("ja_JP") ? QStringLiteral("ここをクリックして、次の手順へ進みます。")
+                                                           : QStringLiteral("Click here to go on to the next step.");
+    return QStringLiteral("%1 %2\n\"%1\"").arg(id).arg(words);
+}

@@ -1,0 +1,159 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4
+import Morvi.kess 1.0
+
+/// The menus of the authoring mode. Its texts belong to the application window.
+MenuBar {
+    id: root
+
+    /// The application window, whose functions the entries call.
+    property var window: null
+    readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""
+
+    signal licenseRequested()
+
+    function unloadTutorial(then) {
+        window.checkSaveTutorial(function(result) {
+            if (result < 0)
+                return;
+            window.unload();
+            TutorialManager.unload();
+            if (then)
+                then();
+        });
+    }
+
+    Menu {
+        objectName: "file"
+        title: qsTranslate("main", "&File")
+
+        MenuItem {
+            text: qsTranslate("main", "&Open tutorial")
+            shortcut: StandardKey.Open
+            onTriggered: root.unloadTutorial(root.window.openTutorial)
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Close tutorial")
+            shortcut: StandardKey.Close
+            enabled: root.tutorialLoaded
+            onTriggered: root.unloadTutorial(null)
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Save tutorial")
+            shortcut: StandardKey.Save
+            enabled: root.tutorialLoaded
+            onTriggered: root.window.saveTutorial()
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Open tutorial folder")
+            onTriggered: {
+                var folder = TutorialManager.getTutorialPath();
+                if (folder !== "")
+                    SystemService.openDesktopFolder(folder);
+            }
+        }
+
+        MenuSeparator {}
+
+        MenuItem {
+            text: qsTranslate("main", "Exit")
+            shortcut: StandardKey.Quit
+            onTriggered: root.window.exit()
+        }
+    }
+
+    Menu {
+        objectName: "edit"
+        title: qsTranslate("main", "&Edit")
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "&Add folder")
+            activeMenu: root.window.activeMenu
+            member: "addFolderMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Create &item")
+            activeMenu: root.window.activeMenu
+            member: "addItemMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Copy")
+            shortcut: StandardKey.Copy
+            activeMenu: root.window.activeMenu
+            member: "copyMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Cut")
+            shortcut: StandardKey.Cut
+            activeMenu: root.window.activeMenu
+            member: "cutMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Paste")
+            shortcut: StandardKey.Paste
+            activeMenu: root.window.activeMenu
+            member: "pasteMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Delete")
+            shortcut: StandardKey.Delete
+            activeMenu: root.window.activeMenu
+            member: "deleteMi"
+        }
+
+        MenuSeparator {}
+
+        MenuItem {
+            text: qsTranslate("main", "&Undo")
+            shortcut: StandardKey.Undo
+            enabled: UndoRedo.canUndo
+            onTriggered: UndoRedo.undo()
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "&Redo")
+            shortcut: StandardKey.Redo
+            enabled: UndoRedo.canRedo
+            onTriggered: UndoRedo.redo()
+        }
+
+        MenuSeparator {}
+
+        MenuItem {
+            text: qsTranslate("main", "Start tutorial")
+            shortcut: StandardKey.Refresh
+            enabled: root.tutorialLoaded
+            onTriggered: TutorialManager.startFromId(-1)
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Start current")
+            shortcut: "F6"
+            enabled: root.tutorialLoaded
+            onTriggered: TutorialManager.startFromId(root.window.currentId())
+        }
+    }
+
+    Menu {
+        objectName: "help"
+        title: qsTranslate("main", "&Help")
+
+        MenuItem {
+            text: qsTranslate("main", "&Version")
+            onTriggered: root.window.showMessage(qsTranslate("main", "Version:") + "VERSION")
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "&License")
+            onTriggered: root.licenseRequested()
+        }
+    }
+}

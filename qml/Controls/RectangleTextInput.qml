@@ -1,0 +1,37 @@
+import QtQuick 2.9
+import "../QtControls"
+
+/// A line of text to edit, in a thin black frame.
+Rectangle {
+    id: root
+
+    property alias text: input.text
+    property alias textColor: input.color
+    property alias contentWidth: input.contentWidth
+    property alias contentHeight: input.contentHeight
+    property alias selectByMouse: input.selectByMouse
+    property alias maximumLength: input.maximumLength
+
+    signal editingFinished()
+
+    border.width: 1
+    border.color: "black"
+    clip: true
+
+    TextInput {
+        id: input
+        x: 2
+        y: 2
+        width: parent.width - 4
+        height: parent.height - 4
+        selectByMouse: true
+        focus: true
+        onEditingFinished: root.editingFinished()
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.NoButton
+        cursorShape: Qt.IBeamCursor
+    }
+}

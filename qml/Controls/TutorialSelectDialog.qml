@@ -1,0 +1,24 @@
+import QtQuick 2.9
+import QtQuick.Dialogs 1.2
+
+/// Asks for the file of a tutorial. `callback` is called with 1 or -1.
+FileDialog {
+    id: root
+
+    property var callback: null
+
+    function answer(result) {
+        if (callback)
+            callback(result);
+        close();
+    }
+
+    objectName: "TutorialSelectDialog"
+    title: qsTr("Open tutorial")
+    selectFolder: false
+    selectMultiple: false
+    nameFilters: ["%1 (*.%2)".arg(qsTr("Tutorial file")).arg("js")]
+
+    onAccepted: answer(1)
+    onRejected: answer(-1)
+}

@@ -1,0 +1,11 @@
+import QtQuick 2.9 as Toolkit
+import "../Singletons"
+
+Toolkit.TextInput {
+    selectByMouse: true
+    selectionColor: Theme.selectedEdBack
+    selectedTextColor: Theme.selectedEdText
+    opacity: enabled ? 1 : 0.5
+    font.family: Theme.fixedFont
+    font.pixelSize: Theme.fontSize
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "AutoPlayer.h"
+#include "ControlRegistry.h"
+#include "HostLink.h"
+#include "HostOptions.h"
+#include "MainWindow.h"
+#include "ScenarioWalker.h"
+#include "WindowReporter.h"
+
+#include <QObject>
+#include <QProcess>
+
+/// One run of the stand-in: its window, the link, the program and the tutorial that they walk.
+class HostSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit HostSession(const HostOptions &options);
+    ~HostSession() override;
+
+    /// Opens the window and the link and starts the program. Empty on success, else what is wrong.
+    QString begin();
+
+private:
+    void greet();
+    void receive(const QStringList &fields);
+    void startTutorial(const QString &script, int id);
+    void showStep();
+    void followTarget(const QString &key);
+    void leaveStep();
+    void endTutorial();
+    void sendState(const QString &state);
+    void takePicture();
+    void programEnded(int exitCode, QProcess::ExitStatus status);
+    void linkEnded();
+    void leave(int exitCode);
+
+    bool targetKnown() const;
+    QPoint target() const;
+
+    HostOptions mOptions;
+    ControlRegistry mRegistry;
+    MainWindow mWindow;
+    WindowReporter mReporter;
+    HostLink mLink;
+    ScenarioWalker mWalker;
+    AutoPlayer mPlayer;
+    QProcess mProgram;
+    bool mPointing = false;
+    bool mPictureTaken = false;
+    bool mLeaving = false;
+    int mPictures = 0;
+};

@@ -1,0 +1,63 @@
+#include "WindowReporter.h"
+
+#include "ControlRegistry.h"
+
+namespace
+{
+constexpr int kPeriod = 50;
+
+QStringList stackedWindows()
+{
+    return { QStringLiteral("MainWindow"), QStringLiteral("SettingsDialog"), QStringLiteral("Popup") };
+}
+} // namespace
+
+WindowReporter::WindowReporter(const ControlRegistry *registry, QObject *parent) : QObject(parent), mRegistry(registry)
+{
+    connect(&mTimer, &QTimer::timeout, this, &WindowReporter::scan);
+    mTimer.start(kPeriod);
+}
+
+void WindowReporter::reportAll()
+{
+    mStack.clear();
+    mPositions.clear();
+    scan();
+}
+
+void WindowReporter::scan()
+{
+    scanStack();
+    const QStringList keys = mRegistry->keys();
+    for (const QString &key : keys) {
+        const QRect rect = mRegistry->screenRect(key);
+        const auto known = mPositions.constFind(key);
+        if (!rect.isValid()) {
+            mPositions.remove(key);
+        } else if (known == mPositions.constEnd() || *known != rect.topLeft()) {
+            mPositions.insert(key, rect.topLeft());
+            const bool control = key.contains(QLatin1Char('/'));
+            Q_EMIT message({ control ? QStringLiteral("controlPosition") : QStringLiteral("windowPosition"), key,
+                             QString::number(rect.x()), QString::number(rect.y()) });
+            Q_EMIT moved(key);
+        }
+    }
+}
+
+void WindowReporter::scanStack()
+{
+    QStringList stack;
+    const QStringList windows = stackedWindows();
+    for (const QString &key : windows) {
+        if (mRegistry->screenRect(key).isValid())
+            stack.append(key);
+    }
+    int common = 0;
+    while (common < stack.size() && common < mStack.size() && stack.at(common) == mStack.at(common))
+        ++common;
+    for (int i = mStack.size(); i > common; --i)
+        Q_EMIT message({ QStringLiteral("windowStack"), QStringLiteral("pop") });
+    for (int i = common; i < stack.size(); ++i)
+        Q_EMIT message({ QStringLiteral("windowStack"), QStringLiteral("push"), stack.at(i) });
+    mStack = stack;
+}
