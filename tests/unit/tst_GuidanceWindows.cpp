@@ -133,6 +133,7 @@ void tst_GuidanceWindows::startsAsAnArrowWithoutHint()
     for (QPushButton *button : { mIndicator->mNextButton, mIndicator->mYesButton, mIndicator->mNoButton }) {
         QVERIFY(button->isHidden() && button->isWindow());
         QCOMPARE(button->size(), QSize(64, 32));
+        QCOMPARE(button->pos(), QPoint(button == mIndicator->mNoButton ? 184 : 128, 120));
     }
 }
 
