@@ -1,5 +1,7 @@
+#include "support/FakeGuidanceContext.h"
+#include "support/HugeTexts.h"
+
 #include "Tutorial/EditorTooltip.h"
-#include "Tutorial/GuidanceContext.h"
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialTooltip.h"
@@ -17,33 +19,6 @@
 
 namespace
 {
-/// Stands in for the manager and notes what the windows ask of it.
-class FakeContext : public GuidanceContext
-{
-public:
-    void sendMessage(const QString &text) override { mSent.append(text); }
-    void dropPopupWindowKey() override { ++mDropped; }
-    void updateGuidanceVisibility() override { ++mUpdated; }
-    QRect hostRect() const override { return mHostRect; }
-    bool isGuidanceRunning() const override { return mRunning; }
-    void editorTooltipClosed() override { ++mClosed; }
-
-    QRect mHostRect = QRect(0, 0, 1000, 700);
-    bool mRunning = true;
-    QStringList mSent;
-    int mDropped = 0;
-    int mUpdated = 0;
-    int mClosed = 0;
-};
-
-void tick(QObject &object, int count = 1)
-{
-    for (int i = 0; i < count; ++i) {
-        QTimerEvent event(0);
-        QCoreApplication::sendEvent(&object, &event);
-    }
-}
-
 QPixmap filled(int width, int height, const QColor &color)
 {
     QPixmap pixmap(width, height);
@@ -66,19 +41,11 @@ class tst_GuidanceWindows : public QObject
     Q_OBJECT
 
 private:
-    std::unique_ptr<FakeContext> mContext;
+    std::unique_ptr<FakeGuidanceContext> mContext;
     std::unique_ptr<TutorialIndicator> mIndicator;
 
     QTextEdit &textEdit() { return *mIndicator->mTooltip->mTextEdit; }
     QPoint current() const { return { mIndicator->mCurrentX, mIndicator->mCurrentY }; }
-
-    /// The timers don't run by themselves: each test drives them.
-    template <typename T>
-    void stopTimer(T &window)
-    {
-        window.killTimer(window.mTimerId);
-        window.mTimerId = 0;
-    }
 
     void aimAt(int x, int y)
     {
@@ -89,9 +56,11 @@ private:
 private Q_SLOTS:
     void init()
     {
-        mContext = std::make_unique<FakeContext>();
+        mContext = std::make_unique<FakeGuidanceContext>();
         mIndicator = std::make_unique<TutorialIndicator>(nullptr, mContext.get());
-        stopTimer(*mIndicator);
+        // The timer doesn't run by itself: each test drives it.
+        mIndicator->killTimer(mIndicator->mTimerId);
+        mIndicator->mTimerId = 0;
     }
     void cleanup() { mIndicator.reset(); }
 
@@ -114,11 +83,6 @@ private Q_SLOTS:
     void paintsTheStep();
     void paintsTheIconOfTheNextStep();
     void activationReachesTheManager();
-
-    void editorTooltipFades();
-    void editorTooltipIsCentred_data();
-    void editorTooltipIsCentred();
-    void closedEditorTooltipTellsTheManager();
 };
 
 void tst_GuidanceWindows::startsAsAnArrowWithoutHint()
@@ -240,14 +204,7 @@ void tst_GuidanceWindows::emptyHintKeepsTheHeight()
 
 void tst_GuidanceWindows::hugeTextsAreCut_data()
 {
-    QTest::addColumn<QString>("text");
-    const int size = 5 << 20;
-    QTest::newRow("one word") << QString(size, QLatin1Char('x'));
-    QTest::newRow("lines") << QString(size, QLatin1Char('\n'));
-    QTest::newRow("backslashes") << QString(size, QLatin1Char('\\'));
-    QTest::newRow("pairs of surrogates") << QString::fromUtf8("a") + QString::fromUtf8("\U0001F600").repeated(size / 2);
-    QTest::newRow("markup") << QStringLiteral("<b>").repeated(size / 3);
-    QTest::newRow("tables in tables") << QStringLiteral("<table><tr><td>").repeated(200);
+    addHugeTexts();
 }
 
 void tst_GuidanceWindows::hugeTextsAreCut()
@@ -257,8 +214,6 @@ void tst_GuidanceWindows::hugeTextsAreCut()
     timer.start();
     mIndicator->setHint(text);
     tick(*mIndicator);
-    EditorTooltip tooltip(nullptr, mContext.get());
-    tooltip.show(text, 100, 100);
     mIndicator->mTooltip->close();
     mIndicator->setTargetWindowOffset(1, 1, QString(), true);
     QVERIFY(timer.elapsed() < 20000);
@@ -425,76 +380,6 @@ void tst_GuidanceWindows::activationReachesTheManager()
         QCoreApplication::sendEvent(window, &other);
         QCOMPARE(mContext->mUpdated, 0);
     }
-}
-
-void tst_GuidanceWindows::editorTooltipFades()
-{
-    EditorTooltip tooltip(nullptr, mContext.get());
-    stopTimer(tooltip);
-    QVERIFY(!tooltip.isVisible());
-    tick(tooltip, 3);
-    for (int showing = 0; showing < 2; ++showing) {
-        tooltip.show(QStringLiteral("text"), 100, 100);
-        QVERIFY(tooltip.isVisible());
-        QCOMPARE(tooltip.windowOpacity(), 0.0);
-        tick(tooltip, 100);
-        QCOMPARE(tooltip.windowOpacity(), 0.0);
-        tick(tooltip);
-        QVERIFY(qAbs(tooltip.windowOpacity() - 1 / 25.0) < 0.01);
-        tooltip.hide(); // the counters stand still
-        tick(tooltip, 50);
-        tooltip.setVisible(true);
-        tick(tooltip, 24);
-        QCOMPARE(tooltip.windowOpacity(), 1.0);
-        tick(tooltip, 500);
-        QCOMPARE(tooltip.windowOpacity(), 1.0);
-        tick(tooltip);
-        QVERIFY(qAbs(tooltip.windowOpacity() - 24 / 25.0) < 0.01);
-        if (showing == 0)
-            continue; // the next text starts from the beginning
-        tick(tooltip, 24);
-        QCOMPARE(tooltip.windowOpacity(), 0.0);
-        tick(tooltip, 100);
-        QCOMPARE(tooltip.windowOpacity(), 0.0);
-        QVERIFY(tooltip.isVisible());
-    }
-}
-
-void tst_GuidanceWindows::editorTooltipIsCentred_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("plain") << QStringLiteral("a < b") << QStringLiteral("a < b");
-    QTest::newRow("rich") << QStringLiteral("<b>a</b><br>b") << QStringLiteral("a\nb");
-    QTest::newRow("a long line") << QStringLiteral("word ").repeated(40) << QStringLiteral("word ").repeated(40);
-}
-
-void tst_GuidanceWindows::editorTooltipIsCentred()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, shown);
-    EditorTooltip tooltip(nullptr, mContext.get());
-    tooltip.show(text, -50, 300);
-    const QSize size = tooltip.mTextEdit->size();
-    QCOMPARE(tooltip.mTextEdit->toPlainText(), shown);
-    QCOMPARE(
-        size,
-        QSize(int(tooltip.mTextEdit->document()->size().width()), int(tooltip.mTextEdit->document()->size().height())));
-    QCOMPARE(tooltip.pos(), QPoint(-50 - size.width() / 2, 300 - size.height() / 2));
-    QCOMPARE(tooltip.size(), QSize(320, 240));
-    tooltip.show(QString(), 10, 10);
-    QVERIFY(tooltip.mTextEdit->isHidden() && tooltip.isVisible());
-    QCOMPARE(tooltip.pos(), QPoint(10 - size.width() / 2, 10 - size.height() / 2));
-}
-
-void tst_GuidanceWindows::closedEditorTooltipTellsTheManager()
-{
-    EditorTooltip tooltip(nullptr, mContext.get());
-    tooltip.show(QStringLiteral("text"), 0, 0);
-    tooltip.close();
-    QCOMPARE(mContext->mClosed, 1);
-    QVERIFY(!tooltip.mTextEdit);
-    tick(tooltip, 200);
 }
 
 QTEST_MAIN(tst_GuidanceWindows)
