@@ -4,6 +4,7 @@
 #include "SystemService/SystemService.h"
 #include "tool/Log.h"
 #include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TutorialManager.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -29,6 +30,9 @@ void installStandardTranslator(QApplication &application)
 
 int main(int argc, char *argv[])
 {
+    // Attributes of a translation source are saved in the order of a hash: one order for all saves.
+    if (TutorialManager::isMakingSupported())
+        qSetGlobalQHashSeed(0);
     QCoreApplication::setAttribute(kX11InitThreads, true);
     QApplication application(argc, argv);
     QtWebEngine::initialize();

@@ -1,6 +1,6 @@
 <?xml version='1.0' encoding='utf-8'?>
 <!DOCTYPE TS>
-<TS version="2.1" language="en_US">
+<TS language="en_US" version="2.1">
     <context>
         <name>TutorialSideViewStep0</name>
         <message>

@@ -1,6 +1,6 @@
 <?xml version='1.0' encoding='utf-8'?>
 <!DOCTYPE TS>
-<TS version="2.1" language="ja_JP">
+<TS language="ja_JP" version="2.1">
     <context>
         <name>AlertDialog</name>
         <message>

@@ -50,11 +50,11 @@ void EditorTooltip::show(const QString &text, int x, int y)
     if (text.isEmpty()) {
         mTextEdit->hide();
     } else {
-        const QString visible = HintText::visiblePart(text);
-        mTextEdit->setText(visible);
+        HintText::showIn(mTextEdit, text);
         mTextEdit->show();
         const QSizeF size = mTextEdit->document()->size();
-        Log::debug("cpp/Tutorial", "EditorTooltip::show", __LINE__) << visible << size.width() << size.height();
+        Log::debug("cpp/Tutorial", "EditorTooltip::show", __LINE__)
+            << HintText::visiblePart(text) << size.width() << size.height();
         mTextEdit->resize(int(size.width()), int(size.height()));
     }
     move(GuidanceGeometry::centredPlace({ x, y }, mTextEdit->size()));

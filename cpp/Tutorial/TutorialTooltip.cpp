@@ -42,7 +42,7 @@ TutorialTooltip::TutorialTooltip(QWidget *parent)
     if (mIndicator->mHint.isEmpty()) {
         mTextEdit->hide();
     } else {
-        mTextEdit->setText(HintText::visiblePart(mIndicator->mHint));
+        HintText::showIn(mTextEdit, mIndicator->mHint);
         mTextEdit->show();
         mIndicator->mHintChanged = true;
     }

@@ -73,13 +73,13 @@ HostSession::~HostSession()
 QString HostSession::begin()
 {
     if (mOptions.automatic) {
-        const QString obstacle = AutoPlayer::obstacle();
+        QString obstacle = AutoPlayer::obstacle();
         if (!obstacle.isEmpty())
             return obstacle;
     }
     if (!mOptions.pictureFolder.isEmpty() && !QDir().mkpath(mOptions.pictureFolder))
         return QStringLiteral("cannot make the folder \"%1\"").arg(mOptions.pictureFolder);
-    const QString error = mLink.listen(mOptions.suffix);
+    QString error = mLink.listen(mOptions.suffix);
     if (!error.isEmpty())
         return error;
     Transcript::remark(QStringLiteral("listening on qelm%1").arg(mOptions.suffix));
@@ -118,7 +118,7 @@ void HostSession::greet()
 
 void HostSession::receive(const QStringList &fields)
 {
-    const QString name = fields.first();
+    const QString &name = fields.first();
     if (name == QLatin1String("start")) {
         startTutorial(fields.value(1), fields.value(2).toInt());
     } else if (name == QLatin1String("next") || name == QLatin1String("yes") || name == QLatin1String("no")) {
