@@ -236,6 +236,7 @@ void TutorialManager::onHideTooltip(const QStringList &fields)
 
 void TutorialManager::editorTooltipClosed()
 {
-    // Called from inside the window's own close event.
-    mEditorTooltip.release()->deleteLater();
+    // Called from inside the window's own close event, which can come again until it is freed.
+    if (mEditorTooltip)
+        mEditorTooltip.release()->deleteLater();
 }
