@@ -493,7 +493,9 @@ void tst_Model::addressesFieldsByName()
     QCOMPARE(record.getValue(property), stored);
 
     TutorialItemData other;
-    QVERIFY(other.writeField(property, value));
+    QVariant before;
+    QVERIFY(other.writeField(property, value, before));
+    QCOMPARE(before, initial);
     for (const QString &each : kProperties)
         QCOMPARE(other.getValue(each), each == property ? stored : TutorialItemData().getValue(each));
 }
@@ -507,7 +509,9 @@ void tst_Model::refusesUnknownNames()
         QVERIFY(!record.getValue(property).isValid());
         mWarnings.expect(QLatin1String("invalid propertyName \"") + property);
         record.setValue(property, 1);
-        QVERIFY(!record.writeField(property, 1));
+        QVariant before = 2;
+        QVERIFY(!record.writeField(property, 1, before));
+        QCOMPARE(before, QVariant(2));
     }
     QCOMPARE(record.toJsonText(QString()), QLatin1String(kDefaultJson));
 }
@@ -571,11 +575,11 @@ void tst_Model::copiesFields()
     QObject parent;
     TutorialItemData record(&parent);
     for (const QString &property : kProperties) {
-        const QVariant value = record.getValue(property);
+        QVariant value = record.getValue(property);
         if (value.userType() == QMetaType::Bool)
-            record.writeField(property, !value.toBool());
+            record.writeField(property, !value.toBool(), value);
         else
-            record.writeField(property, value.userType() == QMetaType::Int ? QVariant(3) : QVariant(property));
+            record.writeField(property, value.userType() == QMetaType::Int ? QVariant(3) : QVariant(property), value);
     }
     const TutorialItemData copy(record);
     QVERIFY(!copy.parent());
