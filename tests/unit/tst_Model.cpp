@@ -492,12 +492,15 @@ void tst_Model::addressesFieldsByName()
     record.setValue(property, value);
     QCOMPARE(record.getValue(property), stored);
 
+    // Past the history every field but the id can be written.
     TutorialItemData other;
-    QVariant before;
-    QVERIFY(other.writeField(property, value, before));
-    QCOMPARE(before, initial);
+    QVariant former;
+    const bool writable = property != QLatin1String("id");
+    QCOMPARE(other.writeField(property, value, former), writable);
+    if (writable)
+        QCOMPARE(former, initial);
     for (const QString &each : kProperties)
-        QCOMPARE(other.getValue(each), each == property ? stored : TutorialItemData().getValue(each));
+        QCOMPARE(other.getValue(each), each == property && writable ? stored : TutorialItemData().getValue(each));
 }
 
 void tst_Model::refusesUnknownNames()
@@ -509,9 +512,8 @@ void tst_Model::refusesUnknownNames()
         QVERIFY(!record.getValue(property).isValid());
         mWarnings.expect(QLatin1String("invalid propertyName \"") + property);
         record.setValue(property, 1);
-        QVariant before = 2;
-        QVERIFY(!record.writeField(property, 1, before));
-        QCOMPARE(before, QVariant(2));
+        QVariant former;
+        QVERIFY(!record.writeField(property, 1, former));
     }
     QCOMPARE(record.toJsonText(QString()), QLatin1String(kDefaultJson));
 }
@@ -575,11 +577,11 @@ void tst_Model::copiesFields()
     QObject parent;
     TutorialItemData record(&parent);
     for (const QString &property : kProperties) {
-        QVariant value = record.getValue(property);
+        const QVariant value = record.getValue(property);
         if (value.userType() == QMetaType::Bool)
-            record.writeField(property, !value.toBool(), value);
+            record.setValue(property, !value.toBool());
         else
-            record.writeField(property, value.userType() == QMetaType::Int ? QVariant(3) : QVariant(property), value);
+            record.setValue(property, value.userType() == QMetaType::Int ? QVariant(3) : QVariant(property));
     }
     const TutorialItemData copy(record);
     QVERIFY(!copy.parent());
