@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/TreeHints.h"
 #include "tool/DataSupport.h"
 #include "tool/JsonWrapper.h"
 #include "tool/JsonWrapperException.h"
@@ -10,6 +11,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -33,17 +35,6 @@ public:
     /// were read until then stay in dataList.
     static TreeItem<T> *createFromJson(const JsonWrapper &json, QList<T *> *dataList);
 
-    /// The node itself or the first node below it with that id, depth first; null if there is none.
-    TreeItem<T> *find(int id);
-    const TreeItem<T> *find(int id) const;
-
-    /// The node below this one that has a direct child of that id, with the child's position in
-    /// index; null, with index left alone, if there is none.
-    TreeItem<T> *findParent(int id, int &index);
-
-    /// Takes the first node of that id, with all below it, out of the tree below this node.
-    bool remove(int id);
-
     /// Calls visit for this node and then for all below it, parents before children.
     void visitAll(const std::function<void(const TreeItem<T> &)> &visit) const;
 
@@ -56,9 +47,6 @@ public:
 
 private:
     static std::unique_ptr<TreeItem<T>> read(const JsonWrapper &json, QList<T *> &dataList);
-    // The positions that lead from this node to the first node of that id below it.
-    bool findPath(int id, QList<int> &path) const;
-    TreeItem<T> *follow(const QList<int> &path, int steps);
 };
 
 /// The tree of nodes and the flat list of records, which together are a document.
@@ -85,19 +73,34 @@ public:
     QString getNewName(const QString &base, int digits) const;
     /// The name itself if it is free, else the next free name in the numbering style that it shows.
     QString getValidName(const QString &candidate) const;
+    /// The node of that id, the root included; null if there is none.
+    TreeItem<T> *findItem(int id);
     /// The node that has a direct child of that id, with its position in index; null and -1 if
     /// there is none.
     TreeItem<T> *getParentItem(int id, int &index);
+    /// The ids from the root's child down to the node of that id; empty for the root and for an
+    /// unknown id.
+    QList<int> getPathIds(int id);
+
+    /// Puts a node among the children of one of this tree's nodes.
+    void insertItem(TreeItem<T> &parent, int index, const TreeItem<T> &item);
+    /// Takes the node of that id, with all below it, out of the tree.
+    bool removeItem(int id);
+    /// Takes the record of that id out of the list; null if there is none. The caller owns it.
+    std::unique_ptr<T> takeData(int id);
 
     QList<T *> mDataList;
     TreeItem<T> mRoot;
 
 private:
+    void indexNewRecords() const;
+    TreeItem<T> *follow(const QList<int> &path, int steps);
+
     // Position by id of the first mIndexedCount records. A hint that every use checks against the
     // list, since others write to the list directly.
-    void indexNewRecords() const;
     mutable QHash<int, int> mIndexById;
     mutable int mIndexedCount = 0;
+    TreeHints mPlaces;
 };
 
 template <typename T>
@@ -137,71 +140,6 @@ std::unique_ptr<TreeItem<T>> TreeItem<T>::read(const JsonWrapper &json, QList<T 
 }
 
 template <typename T>
-bool TreeItem<T>::findPath(int id, QList<int> &path) const
-{
-    for (int i = 0; i < mChildren.size(); ++i) {
-        const TreeItem<T> &child = mChildren.at(i);
-        path.append(i);
-        if (child.mId == id || child.findPath(id, path))
-            return true;
-        path.removeLast();
-    }
-    return false;
-}
-
-template <typename T>
-TreeItem<T> *TreeItem<T>::follow(const QList<int> &path, int steps)
-{
-    TreeItem<T> *item = this;
-    for (int i = 0; i < steps; ++i)
-        item = &item->mChildren[path.at(i)];
-    return item;
-}
-
-template <typename T>
-TreeItem<T> *TreeItem<T>::find(int id)
-{
-    // The search reads only; the lists on the way to the hit are the only ones that may detach.
-    QList<int> path;
-    if (mId == id || findPath(id, path))
-        return follow(path, path.size());
-    return nullptr;
-}
-
-template <typename T>
-const TreeItem<T> *TreeItem<T>::find(int id) const
-{
-    if (mId == id)
-        return this;
-    for (const TreeItem<T> &child : mChildren) {
-        if (const TreeItem<T> *hit = child.find(id))
-            return hit;
-    }
-    return nullptr;
-}
-
-template <typename T>
-TreeItem<T> *TreeItem<T>::findParent(int id, int &index)
-{
-    QList<int> path;
-    if (!findPath(id, path))
-        return nullptr;
-    index = path.last();
-    return follow(path, path.size() - 1);
-}
-
-template <typename T>
-bool TreeItem<T>::remove(int id)
-{
-    int index = -1;
-    TreeItem<T> *parent = findParent(id, index);
-    if (!parent)
-        return false;
-    parent->mChildren.removeAt(index);
-    return true;
-}
-
-template <typename T>
 void TreeItem<T>::visitAll(const std::function<void(const TreeItem<T> &)> &visit) const
 {
     visit(*this);
@@ -222,13 +160,11 @@ void TreeItem<T>::collectIds(QList<int> &idList) const
 template <typename T>
 void TreeDataTemplate<T>::indexNewRecords() const
 {
-    if (mIndexedCount > mDataList.size()) {
-        mIndexById.clear();
-        mIndexedCount = 0;
-    }
+    mIndexedCount = std::min(mIndexedCount, mDataList.size());
     for (; mIndexedCount < mDataList.size(); ++mIndexedCount) {
         const int id = mDataList.at(mIndexedCount)->mId;
-        if (!mIndexById.contains(id))
+        const int known = mIndexById.value(id, -1);
+        if (known < 0 || known >= mIndexedCount || mDataList.at(known)->mId != id)
             mIndexById.insert(id, mIndexedCount);
     }
 }
@@ -238,7 +174,7 @@ int TreeDataTemplate<T>::getDataIndex(int id) const
 {
     indexNewRecords();
     const int hint = mIndexById.value(id, -1);
-    if (hint >= 0 && mDataList.at(hint)->mId == id)
+    if (hint >= 0 && hint < mDataList.size() && mDataList.at(hint)->mId == id)
         return hint;
     // Either there is no such record, or the list was changed in its middle.
     for (int i = 0; i < mDataList.size(); ++i) {
@@ -313,8 +249,69 @@ QString TreeDataTemplate<T>::getValidName(const QString &candidate) const
 }
 
 template <typename T>
+TreeItem<T> *TreeDataTemplate<T>::follow(const QList<int> &path, int steps)
+{
+    // The search reads only; the lists on the way to the hit are the only ones that may detach.
+    TreeItem<T> *item = &mRoot;
+    for (int i = 0; i < steps; ++i)
+        item = &item->mChildren[path.at(i)];
+    return item;
+}
+
+template <typename T>
+TreeItem<T> *TreeDataTemplate<T>::findItem(int id)
+{
+    QList<int> path;
+    return mPlaces.findPath(mRoot, id, path) ? follow(path, path.size()) : nullptr;
+}
+
+template <typename T>
 TreeItem<T> *TreeDataTemplate<T>::getParentItem(int id, int &index)
 {
     index = -1;
-    return mRoot.findParent(id, index);
+    QList<int> path;
+    if (!mPlaces.findPath(mRoot, id, path) || path.isEmpty())
+        return nullptr;
+    index = path.last();
+    return follow(path, path.size() - 1);
+}
+
+template <typename T>
+QList<int> TreeDataTemplate<T>::getPathIds(int id)
+{
+    QList<int> path;
+    QList<int> ids;
+    if (!mPlaces.findPath(mRoot, id, path))
+        return ids;
+    const TreeItem<T> *item = &mRoot;
+    for (const int position : path) {
+        item = &item->mChildren.at(position);
+        ids.append(item->mId);
+    }
+    return ids;
+}
+
+template <typename T>
+void TreeDataTemplate<T>::insertItem(TreeItem<T> &parent, int index, const TreeItem<T> &item)
+{
+    parent.mChildren.insert(index, item);
+    mPlaces.note(item.mId, parent.mId, index);
+}
+
+template <typename T>
+bool TreeDataTemplate<T>::removeItem(int id)
+{
+    int index = -1;
+    TreeItem<T> *parent = getParentItem(id, index);
+    if (!parent)
+        return false;
+    parent->mChildren.removeAt(index);
+    return true;
+}
+
+template <typename T>
+std::unique_ptr<T> TreeDataTemplate<T>::takeData(int id)
+{
+    const int index = getDataIndex(id);
+    return std::unique_ptr<T>(index < 0 ? nullptr : mDataList.takeAt(index));
 }

@@ -164,11 +164,12 @@ QVariant TutorialItemData::getValue(const QString &propertyName) const
     return readField(*this, *property);
 }
 
-bool TutorialItemData::writeField(const QString &propertyName, const QVariant &value)
+bool TutorialItemData::writeField(const QString &propertyName, const QVariant &value, QVariant &oldValue)
 {
     const Property *property = findProperty(propertyName);
-    if (!property)
+    if (!property || property->number == &NameData::mId)
         return false;
+    oldValue = readField(*this, *property);
     if (property->number)
         this->*property->number = value.toInt();
     else if (property->text)

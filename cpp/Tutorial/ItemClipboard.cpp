@@ -1,0 +1,194 @@
+#include "Tutorial/ItemClipboard.h"
+
+#include "tool/IdSet.h"
+#include "tool/Log.h"
+#include "TutorialEditor/Manager.h"
+#include "UndoRedo/UndoRedo.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <memory>
+#include <unordered_map>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial";
+
+using Item = TreeItem<TutorialItemData>;
+using Document = TreeDataTemplate<TutorialItemData>;
+
+Document &document()
+{
+    return TutorialEditor::Manager::instance()->mData;
+}
+
+/// Appends the text of the node with all below it; false if a record is missing.
+bool appendText(const Item &item, QStringList &texts)
+{
+    const TutorialItemData *record = document().getData(item.mId);
+    if (!record) {
+        Log::warning(kFolder, "ItemClipboard::makePayload", __LINE__) << "data not found" << item.mId;
+        return false;
+    }
+    QString extra = QStringLiteral("\"folder\":") + JsonWrapper::getJsonString(item.mFolder);
+    if (item.mFolder && !item.mChildren.isEmpty()) {
+        QStringList children;
+        for (const Item &child : item.mChildren) {
+            if (!appendText(child, children))
+                return false;
+        }
+        extra += QStringLiteral(",\"children\":[") + children.join(QLatin1Char(',')) + QLatin1Char(']');
+    }
+    texts.append(record->toJsonText(extra));
+    return true;
+}
+
+/// Gives out the lowest free ids. Numbers once given out are not looked at again.
+class FreeIds
+{
+public:
+    explicit FreeIds(const QList<int> &used) : mUsed(idSet(used)) { }
+
+    int next()
+    {
+        while (mUsed.contains(mNext))
+            ++mNext;
+        return mNext++;
+    }
+
+private:
+    QSet<int> mUsed;
+    int mNext = 1;
+};
+
+/// Gives out names as DataSupport::getUniqueName does in its style of brackets that leaves a free
+/// name as it is, but reads the list only once.
+class FreeNames
+{
+public:
+    explicit FreeNames(const QStringList &used)
+    {
+        for (const QString &name : used)
+            add(name);
+    }
+
+    QString next(const QString &base)
+    {
+        QString name = base;
+        for (qint64 number = mHighest.value(base) + 1; mUsed.contains(name); ++number)
+            name = base + QStringLiteral("(%1)").arg(number);
+        add(name);
+        return name;
+    }
+
+private:
+    void add(const QString &name)
+    {
+        mUsed.insert(name);
+        const int bracket = name.lastIndexOf(QLatin1Char('('));
+        if (bracket < 0 || !name.endsWith(QLatin1Char(')')))
+            return;
+        const QString digits = name.mid(bracket + 1, name.size() - bracket - 2);
+        const int number = digits.toInt();
+        int &highest = mHighest[name.left(bracket)];
+        if (number > highest && QString::number(number) == digits)
+            highest = number;
+    }
+
+    QSet<QString> mUsed;
+    QHash<QString, int> mHighest;
+};
+
+/// The elements of one payload on their way into the document.
+class Insertion
+{
+public:
+    Insertion()
+        : mIds(document().getIdList())
+        , mNames(document().getNameList())
+        , mHistory(UndoRedo::instance() && UndoRedo::instance()->inTransaction())
+    { }
+
+    /// Inserts one element; -1 if it can't be read.
+    int insert(const JsonWrapper &json)
+    {
+        QList<TutorialItemData *> records;
+        const std::unique_ptr<Item> item(Item::createFromJson(json, &records));
+        mRecords.clear();
+        for (TutorialItemData *record : qAsConst(records)) {
+            std::unique_ptr<TutorialItemData> owned(record);
+            mRecords.emplace(record->mId, std::move(owned));
+        }
+        return item ? insert(*item, document().mRoot.mId) : -1;
+    }
+
+private:
+    int insert(const Item &item, int parentId)
+    {
+        const auto found = mRecords.find(item.mId);
+        if (found == mRecords.end())
+            return -1;
+        std::unique_ptr<TutorialItemData> record = std::move(found->second);
+        mRecords.erase(found);
+        const int newId = mIds.next();
+        record->setId(newId);
+        // Past the setter: the record is not in the document yet.
+        record->mName = mNames.next(record->mName);
+        if (mHistory)
+            UndoRedo::insertItemCommand(parentId, -1, newId, item.mFolder, record.release(), QString(), QVariantMap());
+        else
+            append(std::move(record), item.mFolder, parentId);
+        if (item.mFolder) {
+            for (const Item &child : item.mChildren)
+                insert(child, newId);
+        }
+        return newId;
+    }
+
+    static void append(std::unique_ptr<TutorialItemData> record, bool folder, int parentId)
+    {
+        Item *parent = document().findItem(parentId);
+        document().insertItem(*parent, parent->mChildren.size(), Item(record->mId, folder));
+        document().mDataList.append(record.release());
+    }
+
+    FreeIds mIds;
+    FreeNames mNames;
+    bool mHistory;
+    // The records that were read and are not inserted yet, by their ids in the payload.
+    std::unordered_map<int, std::unique_ptr<TutorialItemData>> mRecords;
+};
+} // namespace
+
+bool ItemClipboard::makePayload(const QList<int> &idList, QString &payload)
+{
+    QStringList texts;
+    for (const int id : idList) {
+        const Item *item = document().findItem(id);
+        if (!item) {
+            Log::warning(kFolder, "ItemClipboard::makePayload", __LINE__) << "treeItem not found" << id;
+            return false;
+        }
+        if (!appendText(*item, texts))
+            return false;
+    }
+    payload = QStringLiteral("[ ") + texts.join(QStringLiteral(", ")) + QStringLiteral(" ]");
+    return true;
+}
+
+QList<int> ItemClipboard::insertPayload(const QString &payload)
+{
+    QList<int> idList;
+    const JsonWrapper json(payload);
+    if (!json.isArray())
+        return idList;
+    Insertion insertion;
+    const int length = json.length();
+    for (int i = 0; i < length; ++i) {
+        const int newId = insertion.insert(json[i]);
+        if (newId >= 0)
+            idList.append(newId);
+    }
+    return idList;
+}

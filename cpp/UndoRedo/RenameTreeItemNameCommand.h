@@ -1,0 +1,18 @@
+#pragma once
+
+#include "UndoRedo/TreeCommand.h"
+
+/// Gives an item another name.
+class RenameTreeItemNameCommand : public TreeCommand
+{
+public:
+    RenameTreeItemNameCommand(int id, const QString &name, const QString &linkInfo, const QVariantMap &option);
+
+private:
+    bool apply() override;
+    bool revert() override;
+
+    int mId;
+    QString mNewName;
+    QString mOldName;
+};

@@ -1,0 +1,252 @@
+#include "UndoRedo/UndoRedo.h"
+
+#include "model/DocumentContext.h"
+#include "tool/Log.h"
+#include "UndoRedo/ModifyTutorialItemDataCommand.h"
+#include "UndoRedo/PendingJumpLink.h"
+#include "UndoRedo/UnredoableCommand.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QUndoStack>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/UndoRedo";
+constexpr int kUndoLimit = 10;
+constexpr qint64 kMergeWindowMs = 1000;
+
+UndoRedo *currentUndoRedo = nullptr;
+
+void setModified(bool modified)
+{
+    if (DocumentContext *context = DocumentContext::instance())
+        context->setModified(modified);
+}
+} // namespace
+
+QObject *UndoRedo::create(QQmlEngine *engine, QJSEngine *scriptEngine)
+{
+    Q_UNUSED(engine)
+    Q_UNUSED(scriptEngine)
+    return new UndoRedo;
+}
+
+UndoRedo *UndoRedo::instance()
+{
+    return currentUndoRedo;
+}
+
+UndoRedo::UndoRedo()
+    : mUndoStack(new QUndoStack(this))
+    , mUndoAction(mUndoStack->createUndoAction(this, tr("&Undo")))
+    , mRedoAction(mUndoStack->createRedoAction(this, tr("&Redo")))
+{
+    currentUndoRedo = this;
+    mUndoStack->setUndoLimit(kUndoLimit);
+    mUndoAction->setShortcuts(QKeySequence::Undo);
+    mRedoAction->setShortcuts(QKeySequence::Redo);
+    connect(mUndoStack, &QUndoStack::canUndoChanged, this, &UndoRedo::onCanUndoChanged);
+    connect(mUndoStack, &QUndoStack::canRedoChanged, this, &UndoRedo::onCanRedoChanged);
+    connect(mUndoStack, &QUndoStack::indexChanged, this, &UndoRedo::onIndexChanged);
+    Log::warning(kFolder, "UndoRedo::UndoRedo", __LINE__) << QCoreApplication::applicationName() << mTemporaryDir.path()
+                                                          << QDir::tempPath() << mTemporaryDir.errorString();
+}
+
+UndoRedo::~UndoRedo()
+{
+    // The stack is a child and goes last: by then this is no history to report to.
+    mUndoStack->disconnect(this);
+    if (currentUndoRedo == this)
+        currentUndoRedo = nullptr;
+}
+
+bool UndoRedo::canUndo() const
+{
+    return mUndoStack->canUndo();
+}
+
+bool UndoRedo::canRedo() const
+{
+    return mUndoStack->canRedo() && mUndoStack->command(mUndoStack->index())->id() != UnredoableCommand::kId;
+}
+
+void UndoRedo::onCanUndoChanged(bool canUndo)
+{
+    Q_EMIT canUndoChanged(canUndo);
+}
+
+void UndoRedo::onCanRedoChanged(bool)
+{
+    Q_EMIT canRedoChanged(canRedo());
+}
+
+void UndoRedo::onIndexChanged(int index)
+{
+    // The stack moves its clean index down as steps fall off, and forgets it when its step is gone.
+    setModified(index != mUndoStack->cleanIndex());
+}
+
+void UndoRedo::beginSequence(const QString &name)
+{
+    if (mInTransaction)
+        Log::debug(kFolder, "UndoRedo::beginSequence", __LINE__) << "Assertion failed:"
+                                                                 << "!mInTransaction";
+    mInTransaction = true;
+    mMergeable = false;
+    mTransactionName = name;
+    mSinceLastBegin.start();
+    if (mSequenceDepth == 0)
+        mSequenceRecorded = false;
+    mUndoStack->beginMacro(name);
+    ++mSequenceDepth;
+}
+
+void UndoRedo::endSequence()
+{
+    const bool open = mSequenceDepth > 0;
+    if (open) {
+        mUndoStack->endMacro();
+        --mSequenceDepth;
+    }
+    if (mSequenceDepth > 0)
+        return;
+    if (open && !mSequenceRecorded)
+        undoAndMakeUnredoable();
+    endTransaction();
+}
+
+void UndoRedo::beginSingle(const QString &name)
+{
+    if (mInTransaction)
+        Log::debug(kFolder, "UndoRedo::beginSingle", __LINE__) << "Assertion failed:"
+                                                               << "!mInTransaction";
+    mTransactionName = name;
+    mInTransaction = true;
+    if (name != mLastTransactionName)
+        mUnmergeable = true;
+    mMergeable = !mUnmergeable && mSinceLastBegin.isValid() && mSinceLastBegin.elapsed() < kMergeWindowMs;
+    if (mMergeable)
+        Log::debug(kFolder, "UndoRedo::beginSingle", __LINE__) << "may be merged";
+    mSinceLastBegin.start();
+}
+
+void UndoRedo::endSingle()
+{
+    endTransaction();
+}
+
+void UndoRedo::endTransaction()
+{
+    // A sequence round a single is still open.
+    mInTransaction = mSequenceDepth > 0;
+    mLastTransactionName = mTransactionName;
+    mTransactionName.clear();
+    mUnmergeable = false;
+}
+
+void UndoRedo::undo()
+{
+    mUndoStack->undo();
+}
+
+void UndoRedo::redo()
+{
+    if (canRedo())
+        mUndoStack->redo();
+}
+
+void UndoRedo::clear()
+{
+    mInTransaction = false;
+    mSequenceDepth = 0;
+    mUndoStack->clear();
+    setModified(false);
+}
+
+void UndoRedo::markClean()
+{
+    mUndoStack->setClean();
+    setModified(false);
+}
+
+bool UndoRedo::isEmpty() const
+{
+    return mUndoStack->count() == 0;
+}
+
+UndoMergeableCommand *UndoRedo::mergeTarget() const
+{
+    const bool mayMerge = mMergeable && mInTransaction && mSequenceDepth == 0 && !canRedo();
+    if (!mayMerge || mUndoStack->index() == 0)
+        return nullptr;
+    const QUndoCommand *last = mUndoStack->command(mUndoStack->index() - 1);
+    if (!dynamic_cast<const UndoMergeableCommand *>(last) && last->childCount() > 0)
+        last = last->child(last->childCount() - 1);
+    // The stack gives out its commands for reading only; folding is what they are made for.
+    return const_cast<UndoMergeableCommand *>(dynamic_cast<const UndoMergeableCommand *>(last));
+}
+
+void UndoRedo::addCommand(QUndoCommand *command)
+{
+    std::unique_ptr<QUndoCommand> owned(command);
+    UndoMergeableCommand *target = dynamic_cast<UndoMergeableCommand *>(command) ? mergeTarget() : nullptr;
+    if (target)
+        command->redo();
+    if (target && target->mergeWith(command)) {
+        forgetMergedState();
+    } else {
+        if (target)
+            command->undo();
+        // What can be redone was recorded on the present state, so that a step must lead to it.
+        if (canRedo())
+            mMergeable = false;
+        mUndoStack->push(owned.release());
+        mSequenceRecorded = true;
+        if (target)
+            setPendingJumpLink(QString());
+    }
+    mMergeable = true;
+}
+
+void UndoRedo::forgetMergedState()
+{
+    // If the present state was the saved one, no step leads to that any more.
+    if (mUndoStack->isClean())
+        mUndoStack->resetClean();
+    setModified(true);
+}
+
+void UndoRedo::recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo)
+{
+    PropertyHash target;
+    target.insert(QStringLiteral("target"), propertyName);
+    addCommand(new ModifyTutorialItemDataCommand(itemId, target, value, linkInfo));
+}
+
+void UndoRedo::undoAndMakeUnredoable()
+{
+    mUndoStack->undo();
+    // The push deletes all that could be redone, and so what was just undone.
+    addCommand(new UnredoableCommand);
+    mUndoStack->undo();
+    setPendingJumpLink(QString());
+}
+
+bool UndoRedo::isTemporaryDirAvailable() const
+{
+    return !mTemporaryDir.path().isEmpty();
+}
+
+QString UndoRedo::createTemporaryDir()
+{
+    const QString path = mTemporaryDir.path();
+    const QString name = QString::number(mTemporaryDirCount);
+    if (!QDir(path).mkdir(name)) {
+        Log::warning(kFolder, "UndoRedo::createTemporaryDir", __LINE__) << "Failed to mkdir" << path << name;
+        return QString();
+    }
+    ++mTemporaryDirCount;
+    return path + QLatin1Char('/') + name;
+}

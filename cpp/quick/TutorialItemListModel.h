@@ -1,0 +1,124 @@
+#pragma once
+
+#include "model/TreeItem.h"
+#include "model/TutorialItemData.h"
+
+#include <QHash>
+#include <QModelIndex>
+#include <QStandardItemModel>
+#include <QVariant>
+
+/// The rows behind the tree of tutorial items: a mirror of the document in one column, whose one top
+/// row stands for the root.
+///
+/// Edits build undo commands, which change the document and not the rows; the rows catch up when
+/// refreshPartial runs. Only setValue writes a row at once. The caller puts edits into a transaction.
+class TutorialItemListModel : public QStandardItemModel
+{
+    Q_OBJECT
+    Q_PROPERTY(int RoleName READ roleName CONSTANT)
+    Q_PROPERTY(int RoleId READ roleId CONSTANT)
+    Q_PROPERTY(int RoleIcon READ roleIcon CONSTANT)
+    Q_PROPERTY(int RoleJump READ roleJump CONSTANT)
+    Q_PROPERTY(int RoleJsonText READ roleJsonText CONSTANT)
+    Q_PROPERTY(int RoleLocalizedHint READ roleLocalizedHint CONSTANT)
+    Q_PROPERTY(int RoleProhibited READ roleProhibited CONSTANT)
+    Q_PROPERTY(int RoleFolder READ roleFolder CONSTANT)
+
+public:
+    enum Role {
+        RoleName = Qt::DisplayRole,
+        RoleId = Qt::UserRole + 1,
+        RoleIcon,
+        RoleJump,
+        RoleJsonText,
+        RoleLocalizedHint,
+        RoleProhibited,
+        RoleFolder
+    };
+
+    explicit TutorialItemListModel(QObject *parent = nullptr);
+
+    static int roleName() { return RoleName; }
+    static int roleId() { return RoleId; }
+    static int roleIcon() { return RoleIcon; }
+    static int roleJump() { return RoleJump; }
+    static int roleJsonText() { return RoleJsonText; }
+    static int roleLocalizedHint() { return RoleLocalizedHint; }
+    static int roleProhibited() { return RoleProhibited; }
+    static int roleFolder() { return RoleFolder; }
+    QHash<int, QByteArray> roleNames() const override { return mRoleNames; }
+
+    /// Builds every row anew.
+    Q_INVOKABLE void refresh();
+    /// Brings the rows and their names in line with the tree, keeping the rows that still stand.
+    /// Their other roles stay as they are, and those of new rows are unset.
+    Q_INVOKABLE void refreshPartial();
+    /// Brings the icon, the jump and the prohibition of the rows, and what folders show of their
+    /// contents, in line with the records.
+    Q_INVOKABLE void refreshRoles();
+
+    /// Invalid when the model has no rows.
+    Q_INVOKABLE QModelIndex getRootIndex() const;
+    Q_INVOKABLE QModelIndex getModelIndexById(int id) const;
+    Q_INVOKABLE bool exists(int id) const;
+    /// 0 for a child of the root row; -1 for the root row and an invalid index.
+    Q_INVOKABLE int getDepth(const QModelIndex &index) const;
+    Q_INVOKABLE int getParentId(const QModelIndex &index) const;
+    /// The id of the child of the root row that the row is or stands below; -1 if there is none.
+    Q_INVOKABLE int getAncestorId(const QModelIndex &index) const;
+    /// The row that many parents up; invalid past the root row.
+    Q_INVOKABLE QModelIndex getAncestor(const QModelIndex &index, int upCount) const;
+    /// Whether it is a proper ancestor. The root row is nobody's.
+    Q_INVOKABLE bool isAncestor(const QModelIndex &ancestor, const QModelIndex &index) const;
+    /// Whether the row of id1 stands below that of id2.
+    Q_INVOKABLE bool isLower(int id1, int id2) const;
+    /// The ids from the root row to that of id, for opening folders towards it; with a negative id
+    /// those of the first children.
+    Q_INVOKABLE QVariant getFocusIdList(int id) const;
+    /// The tree as JSON text with id, name and folder flag of each item.
+    Q_INVOKABLE QString getTreeJson() const;
+
+    /// The default of the property, with a warning in the log, for an id without a record.
+    Q_INVOKABLE QVariant getValue(int id, const QString &propertyName) const;
+    /// Changes the record and its row. "prohibited" of a folder goes to all items in it.
+    Q_INVOKABLE void setValue(int id, const QString &propertyName, const QVariant &value);
+
+    /// Both add behind an item or at the end of a folder, and return the new id.
+    Q_INVOKABLE int addItem(int targetId);
+    Q_INVOKABLE int addFolder(int targetId);
+    Q_INVOKABLE void changeItemName(const QModelIndex &index, const QString &name);
+    /// The name itself if it is free, else the next free name of its kind.
+    Q_INVOKABLE QString getValidName(const QString &candidate) const;
+    Q_INVOKABLE void moveIdListBeforeIndex(const QModelIndex &baseIndex, const QList<int> &idList);
+    Q_INVOKABLE void moveIdListIntoIndex(const QModelIndex &folderIndex, const QList<int> &idList);
+    Q_INVOKABLE void deleteIdList(const QList<int> &idList);
+
+    /// The root row, or the invisible root item when the model has no rows.
+    QStandardItem *getRootItem() const;
+    /// The first row with that id, depth first, or null.
+    QStandardItem *findItemById(int id) const;
+
+Q_SIGNALS:
+    void errorOccurred(const QString &message);
+
+private:
+    using Item = TreeItem<TutorialItemData>;
+
+    struct ProhibitedCounts
+    {
+        int prohibited = 0;
+        int permitted = 0;
+    };
+
+    static QStandardItem *makeRow(const Item &item);
+    static void copyRoles(QStandardItem &row);
+    static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
+    static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
+    static void reconcileRows(QStandardItem &parentRow, const Item &node);
+    static void refreshRoles(QStandardItem &row, const Item &item);
+    static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
+    static void setProhibitedBelow(QStandardItem &row, bool prohibited);
+
+    QHash<int, QByteArray> mRoleNames;
+};

@@ -1,0 +1,173 @@
+// How the rows of TutorialItemListModel follow the document.
+
+#include "quick/TutorialItemListModel.h"
+#include "TutorialEditor/Manager.h"
+
+namespace
+{
+const TutorialItemData *recordOf(int id)
+{
+    // The root has no record; looking for one would read the whole list.
+    return id < 0 ? nullptr : TutorialEditor::Manager::instance()->mData.getData(id);
+}
+
+/// The positions of a node's children by id. The hash is built when a row is not where it is
+/// expected.
+class Positions
+{
+public:
+    explicit Positions(const QList<TreeItem<TutorialItemData>> &children) : mChildren(children) { }
+
+    /// The position of that child, which is expected at the one given; -1 if there is none.
+    int find(int id, int expected)
+    {
+        if (expected >= 0 && mChildren.at(expected).mId == id)
+            return expected;
+        if (mPositions.isEmpty()) {
+            mPositions.reserve(mChildren.size());
+            for (int i = mChildren.size() - 1; i >= 0; --i)
+                mPositions.insert(mChildren.at(i).mId, i);
+        }
+        return mPositions.value(id, -1);
+    }
+
+private:
+    const QList<TreeItem<TutorialItemData>> &mChildren;
+    QHash<int, int> mPositions;
+};
+} // namespace
+
+QStandardItem *TutorialItemListModel::makeRow(const Item &item)
+{
+    const TutorialItemData *record = recordOf(item.mId);
+    const QString name = record ? record->mName : QString();
+    auto *row = new QStandardItem(item.mId < 0 ? tr("/") : name);
+    row->setData(item.mId, RoleId);
+    row->setData(item.mFolder, RoleFolder);
+    return row;
+}
+
+void TutorialItemListModel::copyRoles(QStandardItem &row)
+{
+    const TutorialItemData *record = recordOf(row.data(RoleId).toInt());
+    if (!record)
+        return;
+    // A folder shows what it holds, not what its record says.
+    if (!row.data(RoleFolder).toBool())
+        row.setData(record->mProhibited, RoleProhibited);
+    row.setData(record->mIcon, RoleIcon);
+    row.setData(record->mJump, RoleJump);
+}
+
+void TutorialItemListModel::appendRows(QStandardItem &parentRow, const QList<Item> &items)
+{
+    if (items.isEmpty())
+        return;
+    QList<QStandardItem *> rows;
+    rows.reserve(items.size());
+    for (const Item &item : items) {
+        rows.append(makeRow(item));
+        copyRoles(*rows.last());
+    }
+    parentRow.appendRows(rows);
+    for (int i = 0; i < items.size(); ++i)
+        appendRows(*rows.at(i), items.at(i).mChildren);
+}
+
+void TutorialItemListModel::refresh()
+{
+    clear();
+    appendRows(*invisibleRootItem(), { TutorialEditor::Manager::instance()->mData.mRoot });
+    updateFolderProhibitedState(*getRootItem());
+}
+
+void TutorialItemListModel::refreshPartial()
+{
+    Item wrapper(-1, true);
+    wrapper.mChildren.append(TutorialEditor::Manager::instance()->mData.mRoot);
+    reconcileRows(*invisibleRootItem(), wrapper);
+}
+
+void TutorialItemListModel::insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first,
+                                          int last)
+{
+    if (first > last)
+        return;
+    QList<QStandardItem *> rows;
+    rows.reserve(last - first + 1);
+    for (int i = first; i <= last; ++i)
+        rows.append(makeRow(items.at(i)));
+    parentRow.insertRows(row, rows);
+    for (int i = first; i <= last; ++i) {
+        const QList<Item> &children = items.at(i).mChildren;
+        insertNewRows(*rows.at(i - first), 0, children, 0, children.size() - 1);
+    }
+}
+
+void TutorialItemListModel::reconcileRows(QStandardItem &parentRow, const Item &node)
+{
+    const QList<Item> &children = node.mChildren;
+    Positions positions(children);
+    // From the end to the start. The children from unmatched on have their rows; the rows from the
+    // present one up to goneEnd have no child that fits the order, and go together.
+    int unmatched = children.size();
+    int goneEnd = parentRow.rowCount();
+    const auto replaceGone = [&](int firstRow, int firstChild) {
+        if (goneEnd > firstRow)
+            parentRow.removeRows(firstRow, goneEnd - firstRow);
+        insertNewRows(parentRow, firstRow, children, firstChild, unmatched - 1);
+    };
+    for (int r = parentRow.rowCount() - 1; r >= 0; --r) {
+        QStandardItem *row = parentRow.child(r);
+        const QVariant id = row->data(RoleId);
+        const int position =
+            static_cast<QMetaType::Type>(id.type()) == QMetaType::Int ? positions.find(id.toInt(), unmatched - 1) : -1;
+        if (position < 0 || position >= unmatched)
+            continue;
+        const TutorialItemData *record = recordOf(id.toInt());
+        if (record && row->text() != record->mName)
+            row->setText(record->mName);
+        replaceGone(r + 1, position + 1);
+        unmatched = position;
+        goneEnd = r;
+        reconcileRows(*row, children.at(position));
+    }
+    replaceGone(0, 0);
+}
+
+void TutorialItemListModel::refreshRoles()
+{
+    QStandardItem *rootRow = getRootItem();
+    refreshRoles(*rootRow, TutorialEditor::Manager::instance()->mData.mRoot);
+    updateFolderProhibitedState(*rootRow);
+}
+
+void TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
+{
+    if (row.data(RoleId) != item.mId)
+        return;
+    // An id can pass from an item to a folder between two refreshes.
+    row.setData(item.mFolder, RoleFolder);
+    copyRoles(row);
+    const int count = qMin(row.rowCount(), item.mChildren.size());
+    for (int i = 0; i < count; ++i)
+        refreshRoles(*row.child(i), item.mChildren.at(i));
+}
+
+TutorialItemListModel::ProhibitedCounts TutorialItemListModel::updateFolderProhibitedState(QStandardItem &row)
+{
+    ProhibitedCounts counts;
+    if (!row.data(RoleFolder).toBool()) {
+        ++(row.data(RoleProhibited).toBool() ? counts.prohibited : counts.permitted);
+        return counts;
+    }
+    for (int i = 0; i < row.rowCount(); ++i) {
+        const ProhibitedCounts below = updateFolderProhibitedState(*row.child(i));
+        counts.prohibited += below.prohibited;
+        counts.permitted += below.permitted;
+    }
+    const bool prohibited = counts.prohibited > 0 && counts.permitted == 0;
+    if (row.data(RoleProhibited).toBool() != prohibited)
+        row.setData(prohibited, RoleProhibited);
+    return counts;
+}
