@@ -67,14 +67,10 @@ Rectangle {
             Component.onCompleted: {
                 showLocale();
                 completed = true;
+                TutorialManager.localeChanged.connect(showLocale);
             }
 
             WheelGuard {}
-
-            Connections {
-                target: TutorialManager
-                onLocaleChanged: locales.showLocale()
-            }
         }
 
         IconButton {
