@@ -28,8 +28,8 @@ void registerQmlTypes()
 {
     registerSingleton<SystemService>("SystemService");
     registerSingleton<TutorialManager>("TutorialManager");
-    registerSingleton<Gui>("Gui");
     registerSingleton<UndoRedo>("UndoRedo");
+    registerSingleton<Gui>("Gui");
     qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
     qmlRegisterType<TreeListItemSelectionModel>(kModule, 1, 0, "TreeListItemSelectionModel");
     qmlRegisterType<TutorialEventListModel>(kModule, 1, 0, "TutorialEventListModel");

@@ -35,6 +35,8 @@ HostSession::HostSession(const HostOptions &options)
     connect(&mLink, &HostLink::received, this, &HostSession::receive);
     connect(&mReporter, &WindowReporter::message, &mLink, &HostLink::send);
     connect(&mReporter, &WindowReporter::moved, this, &HostSession::followTarget);
+    // The program then raises its windows over what has opened.
+    connect(&mReporter, &WindowReporter::covered, this, [this] { sendState(QStringLiteral("show")); });
     connect(&mRegistry, &ControlRegistry::happened, &mWalker, &ScenarioWalker::handleEvent);
     connect(&mWalker, &ScenarioWalker::entered, this, [this] {
         mPictureTaken = false;
