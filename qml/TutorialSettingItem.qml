@@ -12,6 +12,8 @@ import "Singletons"
 ItemFields {
     id: root
 
+    objectName: "TutorialSettingItem"
+
     /// The event dialog, once it is loaded.
     property var tutorialEventDialog: null
     property var selectedIdList: []
@@ -158,7 +160,8 @@ ItemFields {
     // What the bottom area does
 
     function save() {
-        commitEditing();
+        // A name that is being typed into a row is handed over with the focus.
+        applicationWindow.commitEditing();
         var error = TutorialManager.save();
         if (error !== "")
             applicationWindow.alert(error);
