@@ -17,6 +17,9 @@ ApplicationWindow {
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
     readonly property var settingScreen: settingLoader.item
+    // Read by the platform when the window is shown: in the guidance mode the
+    // host editor keeps the keys.
+    readonly property bool _q_showWithoutActivating: !authoring
 
     // Called by name with each "coffeeJs" message.
     function requestCoffeeJs(key, coffeeScript) {

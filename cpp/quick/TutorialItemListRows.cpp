@@ -124,6 +124,9 @@ void TutorialItemListModel::reconcileRows(QStandardItem &parentRow, const Item &
             static_cast<QMetaType::Type>(id.type()) == QMetaType::Int ? positions.find(id.toInt(), unmatched - 1) : -1;
         if (position < 0 || position >= unmatched)
             continue;
+        // An id that was set free can come back for something else between two refreshes.
+        if (row->data(RoleFolder).toBool() != children.at(position).mFolder)
+            continue;
         const TutorialItemData *record = recordOf(id.toInt());
         if (record && row->text() != record->mName)
             row->setText(record->mName);
@@ -146,8 +149,6 @@ void TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
 {
     if (row.data(RoleId) != item.mId)
         return;
-    // An id can pass from an item to a folder between two refreshes.
-    row.setData(item.mFolder, RoleFolder);
     copyRoles(row);
     const int count = qMin(row.rowCount(), item.mChildren.size());
     for (int i = 0; i < count; ++i)
