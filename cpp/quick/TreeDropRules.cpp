@@ -32,15 +32,10 @@ TreeDrop belowLeaf(const TreeDropRow &dragged, const TreeDropRow &up, const Tree
         return {};
     if (low.isBelow(dragged) || up.isBelow(dragged))
         return {};
-    const int folderId = up.path.value(up.depth() - depth + 1, -1);
-    if (depth > low.depth())
-        return into(folderId, depth);
-    if (!low.exists())
-        return into(-1, depth);
-    // It stands there already.
-    if (dragged.id() == low.id())
-        return {};
-    return before(low);
+    if (depth > low.depth() || !low.exists())
+        return into(up.path.value(up.depth() - depth + 1, -1), depth);
+    // It may stand there already.
+    return dragged.id() == low.id() ? TreeDrop() : before(low);
 }
 
 // Below a folder that shows no rows of its own, in it or on the level of one of its folders.
@@ -50,14 +45,11 @@ TreeDrop belowFolder(const TreeDropRow &dragged, const TreeDropRow &up, const Tr
         return {};
     if (depth == 0 && dragged.ancestorId() == low.ancestorId())
         return {};
-    const int folderId = up.path.value(up.depth() - depth + 1, -1);
-    if (depth == low.depth() && !low.exists())
-        return into(folderId, depth);
-    if (depth == low.depth() && dragged.id() == low.id())
-        return {};
     if (low.isBelow(dragged) || up.isBelow(dragged))
         return {};
-    return depth == low.depth() ? before(low) : into(folderId, depth);
+    if (depth > low.depth() || !low.exists())
+        return into(up.path.value(up.depth() - depth + 1, -1), depth);
+    return dragged.id() == low.id() ? TreeDrop() : before(low);
 }
 } // namespace
 

@@ -248,8 +248,23 @@ Rectangle {
             contextMenu.popup();
     }
 
+    /// No index outlives the rows that a reset takes.
+    function forgetRows() {
+        selectedMouseArea = null;
+        selectedIndex = -1;
+        selectedItem = null;
+        dropArea.reset();
+        Qt.callLater(focusOnIfShown);
+    }
+
+    function focusOnIfShown() {
+        if (visible && treeListModel)
+            focusOn();
+    }
+
     color: Theme.outsideArea
 
+    onTreeListModelChanged: if (treeListModel) treeListModel.modelAboutToBeReset.connect(forgetRows)
     onSelectedItemChanged: {
         if (selectedItem === null) {
             itemId = -1;
@@ -264,8 +279,8 @@ Rectangle {
     }
     onItemIdChanged: focusId = itemId
     onSimpleDisplayChanged: view.updateIcons()
-    onVisibleChanged: if (visible && treeListModel) focusOn()
-    Component.onCompleted: if (visible && treeListModel) focusOn()
+    onVisibleChanged: focusOnIfShown()
+    Component.onCompleted: focusOnIfShown()
 
     TreeListDropArea {
         id: dropArea
@@ -293,6 +308,7 @@ Rectangle {
 
         TreeListTree {
             id: view
+            objectName: "view"
             anchors.fill: parent
             focus: true
             tree: root
@@ -310,6 +326,7 @@ Rectangle {
 
     TreeListMarker {
         id: marker
+        objectName: "marker"
         barWidth: view.viewport.width
     }
 

@@ -105,6 +105,8 @@ MouseArea {
 
     acceptedButtons: Qt.LeftButton | Qt.RightButton
     drag.target: held && rowId >= 0 ? content : null
+    // Else the row would lag behind the mouse by the distance that starts a drag.
+    drag.smoothed: false
     drag.axis: tree.dragKeys.length === 0 ? Drag.YAxis : Drag.XAndYAxis
 
     onSearchedChanged: if (searched) view.searchedItem = delegate
@@ -218,6 +220,7 @@ MouseArea {
 
         TreeListRenameField {
             id: renameField
+            objectName: "renameField"
             anchors.left: icon.right
             anchors.verticalCenter: parent.verticalCenter
             delegate: delegate
@@ -225,6 +228,7 @@ MouseArea {
         }
 
         TreeListProhibition {
+            objectName: "prohibition"
             x: delegate.view.viewport.width - 54 - delegate.depth * 20 - width
             anchors.verticalCenter: parent.verticalCenter
             delegate: delegate
