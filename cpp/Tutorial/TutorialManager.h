@@ -95,6 +95,10 @@ public:
 
     // The item clipboard.
     Q_INVOKABLE void clearMimeData();
+    /// The clipboard stays as it was when one of the ids has no item.
+    Q_INVOKABLE void copyTutorialItemList(const QList<int> &idList);
+    /// The new ids of the pasted items at the top level.
+    Q_INVOKABLE QList<int> pasteTutorialItemList();
     void setMimeData(const QString &mimeType, const QByteArray &data);
 
     // Translation.

@@ -10,6 +10,8 @@ ComboBox {
     property int itemId: -9999
     /// While set, a choice of the user is put back.
     property bool updating: false
+    // The toolkit selects the first entry at completion.
+    property bool completed: false
 
     function getIdByIndex(index) {
         return index >= 0 && index < idList.length ? idList[index] : -9999;
@@ -32,10 +34,15 @@ ComboBox {
     }
     onIdListChanged: showItemId()
     onCurrentIndexChanged: {
+        if (!completed)
+            return;
         if (updating)
             showItemId();
         else if (idList.length > 0)
             itemId = getIdByIndex(currentIndex);
     }
-    Component.onCompleted: showItemId()
+    Component.onCompleted: {
+        showItemId();
+        completed = true;
+    }
 }

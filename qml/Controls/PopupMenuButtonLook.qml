@@ -19,6 +19,7 @@ ButtonStyle {
             text: " " + look.control.text
             color: look.control.enabled ? "black" : Theme.disabledText
             font.family: Theme.mediumFont
+            font.weight: Theme.mediumWeight
         }
 
         Binding {

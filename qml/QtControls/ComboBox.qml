@@ -15,6 +15,7 @@ Toolkit.ComboBox {
         ComboBoxStyle {
             textColor: root.enabled ? Theme.normalText : Theme.disabledText
             font.family: Theme.mediumFont
+            font.weight: Theme.mediumWeight
             font.pixelSize: Theme.labelFontSize
         }
     }
@@ -27,6 +28,7 @@ Toolkit.ComboBox {
             selectionColor: Theme.selectedBack
             selectedTextColor: Theme.selectedText
             font.family: Theme.mediumFont
+            font.weight: Theme.mediumWeight
             font.pixelSize: Theme.labelFontSize
             background: ButtonSurface {
                 control: root

@@ -8,5 +8,6 @@ Toolkit.Label {
     color: Theme.normalText
     opacity: enabled ? 1 : 0.5
     font.family: Theme.mediumFont
+    font.weight: Theme.mediumWeight
     font.pixelSize: Theme.labelFontSize
 }

@@ -19,6 +19,9 @@ Item {
     readonly property string mediumFont: mediumFontLoader.name
     readonly property string heavyFont: heavyFontLoader.name
     readonly property string symbolFontName: symbolFontLoader.name
+    /// Where the loaded files make up one family, as newer releases of the
+    /// fonts do, only the weight tells the medium one from the normal one.
+    readonly property int mediumWeight: mediumFont === normalFont ? Font.Medium : Font.Normal
 
     /// The toolkit draws its buttons and fields on light surfaces. Where they
     /// don't go with the theme's texts this is false, and the controls draw

@@ -9,7 +9,7 @@ Item {
 
     property Item control: null
     property bool completed: false
-    readonly property int iconWidth: icon.visible ? icon.width : 0
+    readonly property int iconWidth: icon.source.toString() === "" ? 0 : icon.width
 
     function fixTextWidth() {
         if (!completed || control.textWidth > 0 || caption.text === "")
@@ -28,9 +28,9 @@ Item {
     }
 
     Row {
-        // The label lies inside the style's padding, the icon and the text are
-        // measured against the whole control.
-        x: label.control ? (label.control.width - (caption.width + label.iconWidth)) / 2 - label.x : 0
+        // The style's padding is the same on both sides, so that this is the
+        // middle of the control too.
+        x: (label.width - (caption.width + label.iconWidth)) / 2
         anchors.verticalCenter: parent.verticalCenter
 
         Image {
@@ -61,6 +61,7 @@ Item {
                 return label.control.hovered ? Theme.hotButtonText : Theme.normalText;
             }
             font.family: Theme.mediumFont
+            font.weight: Theme.mediumWeight
             font.pixelSize: Theme.fontSize
             onTextChanged: label.fixTextWidth()
         }

@@ -9,5 +9,6 @@ Text {
     verticalAlignment: Text.AlignVCenter
     color: control && control.enabled ? Theme.normalText : Theme.disabledText
     font.family: Theme.mediumFont
+    font.weight: Theme.mediumWeight
     font.pixelSize: Theme.labelFontSize
 }

@@ -1,0 +1,185 @@
+import QtQuick 2.9
+import QtQuick.Window 2.2
+import QtTest 1.1
+import Morvi.kess 1.0
+import "qrc:/qml/Controls"
+import "qrc:/qml/QtControls"
+import "qrc:/qml/QtControls/toolkit.js" as Toolkit
+import "qrc:/qml/Singletons"
+
+Item {
+    width: 400
+    height: 200
+
+    SpinBox {
+        id: spinBox
+        width: 120
+        height: 28
+        minimumValue: -100
+        maximumValue: 100
+        value: 10
+    }
+
+    SpinBox {
+        id: stacked
+        x: 140
+        width: 80
+        height: 28
+        horizontal: false
+        value: 10
+    }
+
+    RectangleTextInput {
+        id: other
+        y: 100
+        width: 100
+        height: 24
+    }
+
+    SignalSpy {
+        id: finished
+        target: spinBox
+        signalName: "editingFinished"
+    }
+
+    Component {
+        id: ownWindow
+
+        Window {
+            property alias box: box
+
+            width: 200
+            height: 100
+
+            SpinBox {
+                id: box
+                width: 100
+                height: 28
+                focus: true
+            }
+        }
+    }
+
+    TestCase {
+        name: "SpinBox"
+        when: windowShown
+
+        function init() {
+            Theme.setTheme("");
+            mouseClick(other);
+            spinBox.value = 10;
+            stacked.value = 10;
+            finished.clear();
+        }
+
+        // The up arrow is the square at the right end, the down arrow the one beside it.
+        function test_arrows_data() {
+            return [
+                { "tag": "up", "x": 106, "value": 11 },
+                { "tag": "down", "x": 78, "value": 9 },
+                { "tag": "left of them", "x": 40, "value": 10 },
+                { "tag": "up, another theme", "x": 106, "value": 11, "theme": "dark" },
+                { "tag": "down, another theme", "x": 78, "value": 9, "theme": "highContrastBlack" }
+            ];
+        }
+
+        function test_arrows(data) {
+            if (data.theme)
+                Theme.setTheme(data.theme);
+            mouseClick(spinBox, data.x, 22);
+            compare(spinBox.value, data.value);
+            compare(finished.count, data.value === 10 ? 0 : 1);
+        }
+
+        function test_stackedArrowsOfTheToolkit() {
+            mouseClick(stacked, 72, 6);
+            compare(stacked.value, 11);
+            mouseClick(stacked, 72, 22);
+            compare(stacked.value, 10);
+        }
+
+        function test_wheelNeedsFocus() {
+            mouseWheel(spinBox, 20, 14, 0, 120);
+            compare(spinBox.value, 10);
+            mouseClick(spinBox, 20, 14);
+            mouseWheel(spinBox, 20, 14, 0, 120);
+            compare(spinBox.value, 11);
+            mouseWheel(spinBox, 20, 14, 0, -120);
+            compare(spinBox.value, 10);
+            mouseClick(other);
+            mouseWheel(spinBox, 20, 14, 0, -120);
+            compare(spinBox.value, 10);
+        }
+
+        // A step commits; any other change waits for the end of the edit.
+        function test_commitByStep_data() {
+            return [
+                { "tag": "a step up", "value": 11, "signals": 1 },
+                { "tag": "a step down", "value": 9, "signals": 1 },
+                { "tag": "five", "value": 15, "signals": 0 },
+                { "tag": "the same", "value": 10, "signals": 0 }
+            ];
+        }
+
+        function test_commitByStep(data) {
+            finished.clear();
+            spinBox.value = data.value;
+            compare(finished.count, data.signals);
+        }
+
+        function test_typedNumber() {
+            mouseClick(spinBox, 20, 14);
+            keyClick(Qt.Key_A, Qt.ControlModifier);
+            keyClick("4");
+            keyClick("2");
+            keyClick(Qt.Key_Return);
+            compare(spinBox.value, 42);
+            verify(finished.count > 0);
+        }
+
+        function test_inputMethod() {
+            compare(Gui.openRequests, 0);
+            mouseClick(spinBox, 20, 14);
+            compare(Gui.openRequests, 1);
+            mouseClick(stacked, 20, 14);
+            compare(Gui.openRequests, 1);
+            mouseClick(other);
+            compare(Gui.openRequests, 0);
+        }
+
+        // However the loss of the focus and the hiding come together, each
+        // request is taken back once.
+        function test_inputMethodFollowsWindow() {
+            var window = ownWindow.createObject(null);
+            window.show();
+            window.requestActivate();
+            tryCompare(window.box, "activeFocus", true);
+            compare(Gui.openRequests, 1);
+            window.hide();
+            tryCompare(Gui, "openRequests", 0);
+            window.show();
+            window.requestActivate();
+            tryCompare(window.box, "activeFocus", true);
+            tryCompare(Gui, "openRequests", 1);
+            window.destroy();
+            tryCompare(Gui, "openRequests", 0);
+        }
+
+        // A release of the toolkit without the private members.
+        function test_missingMembers_data() {
+            return [
+                { "tag": "none", "control": {} },
+                { "tag": "no padding", "control": { "__style": {}, "__panel": { "upRect": 1, "downRect": 2 } } },
+                { "tag": "no rectangles", "control": { "__style": { "padding": { "right": 1 } }, "__panel": {} } }
+            ];
+        }
+
+        function test_missingMembers(data) {
+            var before = JSON.stringify(data.control);
+            compare(Toolkit.layArrowsSideBySide(data.control), false);
+            compare(JSON.stringify(data.control), before);
+            ignoreWarning("SpinBox: no wheel area in this toolkit, the wheel works without the focus");
+            compare(Toolkit.wheelOnlyWithFocus({ "children": [{}] }, "SpinBox", Toolkit.isSpinBoxWheelArea), false);
+        }
+    }
+}

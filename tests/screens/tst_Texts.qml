@@ -1,0 +1,121 @@
+import QtQuick 2.9
+import QtTest 1.1
+import "qrc:/qml/Controls"
+import "qrc:/qml/QtControls"
+import "qrc:/qml/Singletons"
+
+Item {
+    id: scene
+
+    width: 500
+    height: 400
+
+    RectangleTextInput {
+        id: input
+        width: 160
+        height: 24
+    }
+
+    RectangleTextEdit {
+        id: edit
+        y: 40
+        width: 160
+        height: 80
+        pair: mirror
+        textChangedCallback: function(item) { test.lastChanged = item; }
+    }
+
+    Text {
+        id: mirror
+        x: 200
+    }
+
+    ScrollView {
+        id: scrollView
+        y: 140
+        width: 160
+        height: 60
+
+        ListView {
+            id: listView
+            model: 40
+            delegate: Text {
+                height: 20
+                text: index
+            }
+        }
+    }
+
+    Slider {
+        id: slider
+        y: 220
+        width: 160
+        value: 0.5
+        stepSize: 0.1
+    }
+
+    SignalSpy {
+        id: finished
+        target: input
+        signalName: "editingFinished"
+    }
+
+    TestCase {
+        id: test
+        name: "Texts"
+        when: windowShown
+
+        property var lastChanged: null
+
+        function test_inputFinishesByReturnAndByLeaving() {
+            mouseClick(input, 10, 12);
+            finished.clear();
+            keyClick("a");
+            compare(finished.count, 0);
+            keyClick(Qt.Key_Return);
+            compare(finished.count, 1);
+            keyClick("b");
+            mouseClick(edit, 10, 10);
+            compare(finished.count, 2);
+            compare(input.text, "ab");
+        }
+
+        function test_editTellsItsPairAndCallback() {
+            edit.text = "";
+            mouseClick(edit, 10, 10);
+            keyClick("x");
+            keyClick("y");
+            compare(mirror.text, "xy");
+            compare(lastChanged, edit);
+            keyClick(Qt.Key_A, Qt.ControlModifier);
+            keyClick(Qt.Key_X, Qt.ControlModifier);
+            compare(edit.text, "");
+            keyClick(Qt.Key_V, Qt.ControlModifier);
+            compare(edit.text, "xy");
+        }
+
+        function test_listsAreNotFlicked() {
+            verify(!listView.interactive);
+            verify(!scrollView.flickableItem.interactive);
+            mouseDrag(scrollView, 40, 50, 0, -45);
+            compare(listView.contentY, 0);
+        }
+
+        function test_sliderWheelNeedsFocus() {
+            mouseClick(input, 10, 12);
+            mouseWheel(slider, 80, 5, 0, 120);
+            compare(slider.value, 0.5);
+            slider.forceActiveFocus();
+            mouseWheel(slider, 80, 5, 0, 120);
+            verify(slider.value !== 0.5);
+        }
+
+        function test_disabledLabels() {
+            var label = createTemporaryQmlObject("import 'qrc:/qml/QtControls'; Label { enabled: false }", scene);
+            compare(label.opacity, 0.5);
+            compare(label.height, Theme.labelFontSize + 4);
+            label.enabled = true;
+            compare(label.opacity, 1);
+        }
+    }
+}
