@@ -53,7 +53,6 @@ ApplicationWindow {
 
     function openTutorial() {
         var dialog = tutorialSelectComponent.createObject(applicationWindow);
-        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
@@ -63,6 +62,8 @@ ApplicationWindow {
                 alert(qsTr("Failed to open new project") + "\n" + error);
         };
         dialog.open();
+        // The toolkit's dialog takes a folder once it is there.
+        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
     }
 
     function reloadTutorial() {
