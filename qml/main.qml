@@ -17,6 +17,9 @@ ApplicationWindow {
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
     readonly property var settingScreen: settingLoader.item
+    // Read by the platform when the window is shown: in the guidance mode the
+    // host editor keeps the keys.
+    readonly property bool _q_showWithoutActivating: !authoring
 
     // Called by name with each "coffeeJs" message.
     function requestCoffeeJs(key, coffeeScript) {
@@ -30,6 +33,7 @@ ApplicationWindow {
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
     function checkSaveTutorial(callback) {
+        commitEditing();
         if (!TutorialManager.modified) {
             callback(0);
             return;
@@ -70,13 +74,24 @@ ApplicationWindow {
         if (TutorialManager.tutorialName === "")
             return;
         unload();
+        // The steps of the history belong to the document as it was.
+        UndoRedo.clear();
         TutorialManager.reload();
         updateSettings();
     }
 
-    function saveTutorial() {
-        // A field that is being edited hands over its text when it loses the focus.
+    // A field that is being edited hands over its text when it loses the focus.
+    // Afterwards typing goes on where it was.
+    function commitEditing() {
+        var item = activeFocusItem;
+        Qt.inputMethod.commit();
         background.forceActiveFocus();
+        if (item && item.visible && item.enabled)
+            item.forceActiveFocus();
+    }
+
+    function saveTutorial() {
+        commitEditing();
         var error = TutorialManager.save();
         if (error !== "")
             alert(error);
@@ -151,6 +166,7 @@ ApplicationWindow {
     }
 
     onClosing: {
+        commitEditing();
         if (!TutorialManager.modified) {
             TutorialManager.requestClose();
             return;

@@ -176,6 +176,8 @@ private:
     void showStep(const QStringList &fields);
     void showTooltipWindow();
     void hideTooltipWindow();
+    bool isGuidanceVisible() const;
+    void setGuidanceVisible(bool visible);
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
@@ -199,6 +201,7 @@ private:
     bool mHostHidden = false;
     bool mGuidanceRunning = false;
     bool mApplicationActive = false;
+    bool mChangingVisibility = false; // windows are being shown or hidden
     int mTickTimerId = 0;
     int mSilenceTicks = 0;
     int mAliveTicks = 0;

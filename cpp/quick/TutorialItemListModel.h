@@ -7,6 +7,7 @@
 #include <QModelIndex>
 #include <QStandardItemModel>
 #include <QVariant>
+#include <QVariantMap>
 
 /// The rows behind the tree of tutorial items: a mirror of the document in one column, whose one top
 /// row stands for the root.
@@ -76,6 +77,12 @@ public:
     /// The ids from the root row to that of id, for opening folders towards it; with a negative id
     /// those of the first children.
     Q_INVOKABLE QVariant getFocusIdList(int id) const;
+    /// Where the rows would go if they were dropped between two neighbours of the visible list, with
+    /// the mouse at x; an invalid indexLow is the end of the list. Empty if one of them may not go
+    /// there. Else "before" with the "targetId" to stand before, or to go into when it is false, the
+    /// "folderId" that the rows would stand in, and the "x" of their new level.
+    Q_INVOKABLE QVariantMap calcDrop(const QList<int> &idList, const QModelIndex &indexUp, const QModelIndex &indexLow,
+                                     qreal x) const;
     /// The tree as JSON text with id, name and folder flag of each item.
     Q_INVOKABLE QString getTreeJson() const;
 
@@ -116,6 +123,8 @@ private:
     static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
     static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
     static void reconcileRows(QStandardItem &parentRow, const Item &node);
+    static void reconcileStandingRow(QStandardItem &row, const Item &item);
+    static void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
     static void refreshRoles(QStandardItem &row, const Item &item);
     static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
     static void setProhibitedBelow(QStandardItem &row, bool prohibited);

@@ -1,0 +1,228 @@
+import QtQuick 2.9
+import QtQml.Models 2.2
+import Morvi.kess 1.0
+
+/// The reordering of rows by a drag. The drag's y says which gap between two
+/// rows is meant; the mouse's x says on which level of the tree.
+DropArea {
+    id: dropArea
+
+    property var tree
+    property var view
+    property var timers
+    property var marker
+
+    /// The row where the drag began.
+    property var enteredIndex: null
+    property int enteredId: -1
+    /// The pending move: before a row, or into a folder.
+    property var moveBeforeIndex: null
+    property var moveIntoIndex: null
+    /// The folder under the mouse that is about to open.
+    property var lastHoverIndex: null
+    property int lastHoverId: -1
+    property int currentMouseX: 0
+    property int currentMouseY: 0
+    property int dragX: 0
+    property int dragY: 0
+    /// The dragged delegate.
+    property var dragSource: null
+
+    function clearDragMoveEffect() {
+        marker.visible = false;
+        if (dragSource)
+            dragSource.opacity = 1;
+        dragSource = null;
+        tree.dndTargetFolderId = -2;
+    }
+
+    /// The mouse over the view, told by the row that it was pressed on.
+    function moveMouse(point) {
+        currentMouseX = point.x;
+        currentMouseY = point.y;
+        if (enteredIndex !== null)
+            processDrag(currentMouseX, dragY);
+    }
+
+    function note(text) {
+        applicationWindow.debugText.append(text);
+    }
+
+    function idAt(index, fallback) {
+        return index.valid ? tree.getIdByIndex(index) : fallback;
+    }
+
+    /// Decides where a drop would go.
+    function processDrag(x, y) {
+        moveBeforeIndex = null;
+        moveIntoIndex = null;
+        marker.visible = false;
+        tree.dndTargetFolderId = -2;
+        applicationWindow.debugText.clear();
+        var index = tree.rowAt(x, y);
+        if (!index.valid)
+            return;
+        var id = tree.getIdByIndex(index);
+        hover(index, id);
+
+        var idList = tree.selection.getTreeSelectedIdList();
+        var upOffset = 12;
+        var indexUp = tree.rowAt(x, y - upOffset);
+        var upId = idAt(indexUp, -2);
+        if (!tree.simpleDisplay && upId === id) {
+            upOffset = 32;
+            indexUp = tree.rowAt(x, y - upOffset);
+            upId = idAt(indexUp, -1);
+        }
+        if (id >= 0 && upId >= -1 && upId !== id && indexUp.valid
+                && tryGap(x, y - upOffset, idList, indexUp, index))
+            return;
+
+        var indexDown = tree.rowAt(x, y + 12);
+        if (!tree.simpleDisplay && idAt(indexDown, -1) === id)
+            indexDown = tree.rowAt(x, y + 32);
+        if (idAt(indexDown, -1) !== id)
+            tryGap(x, y, idList, index, indexDown);
+    }
+
+    /// Whether all dragged rows may go into the gap below the row at (x, y).
+    function tryGap(x, y, idList, indexUp, indexLow) {
+        var pos = getIndexBottomPos(x, y);
+        if (!calcMarkerPosAndIndexMove(pos, idList, indexUp, indexLow))
+            return false;
+        marker.show(pos.x, pos.y - 4);
+        return true;
+    }
+
+    function calcMarkerPosAndIndexMove(pos, idList, indexUp, indexLow) {
+        var drop = tree.treeListModel.calcDrop(idList, indexUp, indexLow, pos.x);
+        if (drop.x === undefined)
+            return false;
+        var target = tree.treeListModel.getModelIndexById(drop.targetId);
+        if (drop.before)
+            moveBeforeIndex = target;
+        else
+            moveIntoIndex = target;
+        pos.x = drop.x;
+        tree.dndTargetFolderId = drop.folderId;
+        note((drop.before ? "before " : "into ") + drop.targetId);
+        return true;
+    }
+
+    /// The last y inside the row at (x, y).
+    function getIndexBottomPos(x, y) {
+        var id = idAt(tree.rowAt(x, y), -2);
+        while (idAt(tree.rowAt(x, y + 1), -2) === id)
+            ++y;
+        return { x: x, y: y };
+    }
+
+    /// Has a closed folder open when the mouse stays over it.
+    function hover(index, id) {
+        if (hoverTimer.running) {
+            if (id !== lastHoverId)
+                forgetHover();
+            return;
+        }
+        if (id < 0 || id === enteredId || !tree.getFolderByIndex(index) || view.isExpanded(index)
+                || enteredIndex !== null && tree.treeListModel.isAncestor(index, enteredIndex))
+            return;
+        lastHoverIndex = index;
+        lastHoverId = id;
+        hoverTimer.start();
+    }
+
+    function forgetHover() {
+        hoverTimer.stop();
+        lastHoverIndex = null;
+        lastHoverId = -1;
+    }
+
+    function carryOut() {
+        var model = tree.treeListModel;
+        var contentY = view.flickableItem.contentY;
+        var idList = tree.selection.getTreeSelectedIdList();
+        timers.keepContentY(contentY);
+        tree.rebuild(function() {
+            if (moveBeforeIndex !== null) {
+                UndoRedo.beginSequence("moveTreeItem(1)");
+                model.moveIdListBeforeIndex(moveBeforeIndex, idList);
+                UndoRedo.endSequence();
+            } else if (moveIntoIndex !== null) {
+                UndoRedo.beginSequence("moveTreeItem(2)");
+                model.moveIdListIntoIndex(moveIntoIndex, idList);
+                UndoRedo.endSequence();
+                timers.startAutoOpen(tree.getIdByIndex(moveIntoIndex));
+                view.expand(moveIntoIndex);
+            }
+            model.refreshPartial();
+        });
+        tree.selection.setSelectedIdList(idList);
+        timers.startAutoSelect(idList);
+        tree.treeItemMoved();
+    }
+
+    function reset() {
+        moveBeforeIndex = null;
+        moveIntoIndex = null;
+        enteredIndex = null;
+        enteredId = -1;
+        forgetHover();
+    }
+
+    enabled: tree.dragAndDropEnabled
+    keys: ["TreeList/Item"]
+
+    onEntered: {
+        reset();
+        // A drag of another tree stays there.
+        if (!drag.source || drag.source.tree !== tree) {
+            drag.accepted = false;
+            return;
+        }
+        dragX = drag.x;
+        dragY = drag.y;
+        // A fast drag is past the row already where it began.
+        var index = drag.source.index;
+        if (!tree.selection.isSelected(index))
+            tree.makeCurrent(index);
+        if (drag.source.rowId < 0)
+            return;
+        enteredIndex = index;
+        enteredId = drag.source.rowId;
+    }
+
+    onPositionChanged: {
+        dragX = drag.x;
+        dragY = drag.y;
+        if (enteredIndex === null)
+            return;
+        processDrag(currentMouseX, dragY);
+        dragSource = drag.source;
+        dragSource.opacity = 0.5;
+    }
+
+    onDropped: note("dropped")
+
+    // The end of a drag comes here too.
+    onExited: {
+        clearDragMoveEffect();
+        if (enteredIndex !== null && (moveBeforeIndex !== null || moveIntoIndex !== null))
+            carryOut();
+        reset();
+    }
+
+    Timer {
+        id: hoverTimer
+        interval: 500
+        onTriggered: {
+            var index = dropArea.tree.treeListModel.getModelIndexById(dropArea.lastHoverId);
+            if (!index.valid)
+                return;
+            if (dropArea.view.isExpanded(index))
+                dropArea.view.collapse(index);
+            else
+                dropArea.view.expand(index);
+        }
+    }
+}

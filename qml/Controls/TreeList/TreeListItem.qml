@@ -1,0 +1,256 @@
+import QtQuick 2.9
+import QtQml.Models 2.2
+import "../../QtControls"
+import "../../Singletons"
+
+/// The delegate of a row: icon, name and prohibition toggle, with the mouse and
+/// keys of the row. The view hands it on from row to row.
+MouseArea {
+    id: delegate
+
+    property var tree
+    property var view
+    property var dropArea
+    property var rowData
+    property var rowModel
+
+    readonly property bool live: rowData.row >= 0 && !!rowModel
+    /// -3 while the delegate stands for no row.
+    readonly property int rowId: live && rowModel["id"] !== undefined ? rowModel["id"] : -3
+    readonly property var index: rowData.index
+    readonly property int rowNumber: rowData.row
+    readonly property bool folder: live && rowModel["folder"] === true
+    readonly property bool prohibited: live && rowModel["prohibited"] === true
+    readonly property int depth: rowData.depth - 1
+    readonly property int itemHeight: folder || tree.simpleDisplay ? tree.simpleDisplayHeight
+                                                                   : tree.richDisplayHeight
+    readonly property bool searched: view.searchId > -2 && view.searchId === rowId
+    readonly property int iconRound: view.iconRound
+    readonly property bool renaming: renameField.visible
+    readonly property bool renamable: tree.onTextChanged !== null && rowId >= 0
+    property bool wasRenaming: false
+    property bool held: false
+
+    function updateIcon() {
+        if (!live || rowId < 0) {
+            icon.source = "";
+            return;
+        }
+        if (!tree.treeListModel.getModelIndexById(rowId).valid) {
+            iconRetryTimer.start();
+            return;
+        }
+        if (!tree.simpleDisplay && !folder)
+            icon.source = tree.getIconFilename ? tree.getIconFilename(null, index, 0) : getDefaultIcon(index);
+        else
+            icon.source = tree.getSimpleIconFilename ? tree.getSimpleIconFilename(index) : getDefaultIcon(index);
+    }
+
+    function getDefaultIcon(index) {
+        return tree.getFolderByIndex(index) ? "../../../icon/mini_folder.png" : "../../../icon/object.png";
+    }
+
+    function copyFolderFlag() {
+        var row = view.rowIndexMapper[rowNumber];
+        if (row)
+            row.folder = folder;
+    }
+
+    function startRename() {
+        renameTimer.stop();
+        renameField.open(rowModel.name);
+    }
+
+    function clickWith(modifiers) {
+        var selection = tree.selection;
+        if (!index.valid) {
+            tree.clearSelection();
+        } else if (tree.multiple && modifiers & Qt.ControlModifier) {
+            toggle();
+        } else if (tree.multiple && modifiers & Qt.ShiftModifier) {
+            selection.setSelectedBetweenCurrentAnd(index);
+        } else if (selection.currentIndex === index && selection.isSelected(index) && !wasRenaming && renamable
+                   && tree.clickRenameEnabled) {
+            renameTimer.start();
+        } else {
+            tree.selectRow(delegate);
+            tree.itemClicked(rowId);
+        }
+    }
+
+    function toggle() {
+        var selection = tree.selection;
+        if (!selection.isSelected(index)) {
+            selection.select(index, ItemSelectionModel.Select);
+            return;
+        }
+        selection.select(index, ItemSelectionModel.Deselect);
+        if (selection.getSelectedCount() !== 1)
+            return;
+        var rest = selection.getFirstSelectedModelIndex();
+        if (selection.currentIndex === rest)
+            return;
+        tree.fillSelected(tree.getItemById(tree.getIdByIndex(rest)), rest);
+        tree.callUpdateSelectedItem();
+        tree.itemClicked(rowId);
+    }
+
+    function rightClick() {
+        if (rowId < 0)
+            tree.clearSelection();
+        else if (tree.selection.getSelectedIdList().indexOf(rowId) < 0)
+            tree.selectRow(delegate);
+        tree.popupContextMenu();
+    }
+
+    acceptedButtons: Qt.LeftButton | Qt.RightButton
+    drag.target: held && rowId >= 0 ? content : null
+    // Else the row would lag behind the mouse by the distance that starts a drag.
+    drag.smoothed: false
+    drag.axis: tree.dragKeys.length === 0 ? Drag.YAxis : Drag.XAndYAxis
+
+    onSearchedChanged: if (searched) view.searchedItem = delegate
+    onIconRoundChanged: updateIcon()
+    onRowIdChanged: {
+        renameField.visible = false;
+        updateIcon();
+    }
+    onRowNumberChanged: copyFolderFlag()
+    onFolderChanged: copyFolderFlag()
+    Component.onCompleted: {
+        copyFolderFlag();
+        updateIcon();
+    }
+    Component.onDestruction: delete view.rowIndexMapper[rowNumber]
+
+    onPressed: {
+        wasRenaming = renaming;
+        forceActiveFocus();
+        held = mouse.button === Qt.LeftButton && tree.dragAndDropEnabled
+                && (!tree.draggableCallback || tree.draggableCallback(rowId) === true);
+        dropArea.moveMouse(mapToItem(view, mouse.x, mouse.y));
+    }
+    onPositionChanged: {
+        if (held && mouse.buttons & Qt.LeftButton)
+            dropArea.moveMouse(mapToItem(view, mouse.x, mouse.y));
+    }
+    onReleased: held = false
+    onCanceled: held = false
+    onClicked: {
+        if (mouse.button === Qt.RightButton)
+            rightClick();
+        else
+            clickWith(mouse.modifiers);
+    }
+    onDoubleClicked: {
+        if (mouse.button !== Qt.LeftButton)
+            return;
+        renameTimer.stop();
+        tree.itemDoubleClicked(rowId);
+        if (!folder)
+            return;
+        if (view.isExpanded(index))
+            view.collapse(index);
+        else
+            view.expand(index);
+    }
+
+    Keys.onPressed: {
+        if (event.key !== Qt.Key_F2 || !renamable)
+            return;
+        startRename();
+        event.accepted = true;
+    }
+
+    Item {
+        id: content
+
+        x: 8
+        y: (delegate.height - height) / 2
+        width: delegate.width - 8
+        height: delegate.itemHeight
+
+        Drag.active: delegate.drag.active
+        Drag.source: delegate
+        Drag.hotSpot: Qt.point(width / 2, height / 2)
+        Drag.keys: delegate.tree.dragKeys.length === 0 ? ["TreeList/Item"] : delegate.tree.dragKeys
+        Drag.mimeData: {
+            var data = {};
+            data[delegate.tree.dragKeys.length === 1 ? delegate.tree.dragKeys[0] : "TreeList/Item"] = delegate.rowId;
+            return data;
+        }
+        Drag.dragType: delegate.tree.dragKeys.length === 0 ? Drag.Internal : Drag.Automatic
+        Drag.supportedActions: delegate.tree.dragKeys.length === 0 ? Qt.MoveAction : Qt.CopyAction
+        Drag.proposedAction: delegate.tree.dragKeys.length === 0 ? Qt.MoveAction : Qt.CopyAction
+        Drag.onActiveChanged: {
+            if (Drag.active)
+                return;
+            x = 8;
+            y = Qt.binding(function() { return (delegate.height - height) / 2; });
+        }
+
+        Image {
+            id: icon
+
+            readonly property bool small: delegate.tree.simpleDisplay || delegate.folder
+
+            // An icon that is wider than its place keeps its right edge there.
+            x: delegate.tree.simpleDisplay ? Math.min(0, 16 - implicitIconWidth) : 0
+            readonly property real implicitIconWidth: implicitHeight > 0 ? implicitWidth * height / implicitHeight : 0
+            anchors.verticalCenter: parent.verticalCenter
+            height: small ? 16 : 60
+            width: delegate.tree.simpleDisplay ? Math.max(16, implicitIconWidth) : implicitIconWidth
+            fillMode: Image.PreserveAspectFit
+            cache: false
+        }
+
+        Text {
+            anchors.left: icon.right
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            leftPadding: 4
+            rightPadding: 32
+            visible: !renameField.visible
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            textFormat: Text.PlainText
+            color: delegate.rowData.selected ? "black" : Theme.normalText
+            text: delegate.live && delegate.rowModel.name !== undefined ? delegate.rowModel.name : "?"
+        }
+
+        TreeListRenameField {
+            id: renameField
+            objectName: "renameField"
+            anchors.left: icon.right
+            anchors.verticalCenter: parent.verticalCenter
+            delegate: delegate
+            maximumWidth: parent.width - icon.x - icon.width - 4
+        }
+
+        TreeListProhibition {
+            objectName: "prohibition"
+            x: delegate.view.viewport.width - 54 - delegate.depth * 20 - width
+            anchors.verticalCenter: parent.verticalCenter
+            delegate: delegate
+        }
+    }
+
+    TreeListFolderFrame {
+        x: -delegate.depth * 20 - 39
+        width: delegate.view.viewport.width
+        height: delegate.itemHeight
+        visible: delegate.live && delegate.tree.dndTargetFolderId === delegate.rowId
+    }
+
+    Timer {
+        id: renameTimer
+        interval: 500
+        onTriggered: delegate.startRename()
+    }
+
+    Timer {
+        id: iconRetryTimer
+        interval: 100
+        onTriggered: delegate.updateIcon()
+    }
+}

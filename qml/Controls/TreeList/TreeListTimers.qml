@@ -1,0 +1,209 @@
+import QtQuick 2.9
+
+/// The timers of TreeListView. Each change of the model is followed by new
+/// delegates, and what depends on these waits one timer.
+Item {
+    id: timers
+
+    property var tree
+    property var view
+
+    /// Walks that path of ids, opening folders, and selects the row of its last.
+    function startAutoFocus(idList) {
+        autoFocusTimer.idList = idList.slice();
+        autoFocusTimer.restart();
+    }
+
+    /// Selects the rows once more when the view has made their delegates.
+    function startAutoSelect(idList) {
+        autoSelectTimer.idList = idList.slice();
+        autoSelectTimer.restart();
+    }
+
+    /// Brings the row into view.
+    function startDelaySelect(id) {
+        delaySelectTimer._id = id;
+        delaySelectTimer.start();
+    }
+
+    function startAutoOpen(id) {
+        autoOpenTimer.folderId = id;
+        autoOpenTimer.restart();
+    }
+
+    /// Has the next delayed selection show that place first.
+    function keepContentY(contentY) {
+        delaySelectTimer.lContentY = contentY;
+    }
+
+    function followSelection(idList) {
+        tree.selectedItem = null;
+        if (idList.length > 1)
+            delaySelectTimer.select = false;
+        if (idList.length > 0)
+            startDelaySelect(idList[0]);
+        tree.focusId = idList.length > 0 ? idList[0] : -1;
+        tree.selectedIsFolder = idList.some(function(id) {
+            return tree.getFolderByIndex(tree.treeListModel.getModelIndexById(id)) === true;
+        });
+        tree.selectedIdListChanged(idList);
+    }
+
+    /// Scrolls until the row, or the innermost open folder that holds it, is in view.
+    function checkTopBottom(id) {
+        var model = tree.treeListModel;
+        var bottom = tree.rowAt(64, view.viewport.height - 1);
+        if (!bottom.valid)
+            return;
+        if (!model.isLower(id, tree.getIdByIndex(bottom))) {
+            startDelaySelect(id);
+            return;
+        }
+        var list = view.flickableItem;
+        var contentY = list.contentY;
+        var rows = view.rowsAbove(model.getModelIndexById(id)) - view.rowsAbove(bottom);
+        view.showContentY(contentY + tree.simpleDisplayHeight * Math.max(1, rows));
+        if (list.contentY === contentY)
+            return;
+        bottomScrollTimer._id = id;
+        bottomScrollTimer.start();
+    }
+
+    Timer {
+        id: autoFocusTimer
+
+        property var idList: []
+
+        function step() {
+            var id = idList[0];
+            var index = tree.treeListModel.getModelIndexById(id);
+            if (!index.valid)
+                console.log("TreeListView.autoFocusTimer: id not found: " + id);
+            idList.shift();
+            var delegate = tree.getItemById(id);
+            if (!delegate) {
+                // The last one is selected as soon as it has come into view.
+                if (idList.length === 0 && index.valid)
+                    delaySelectTimer.select = true;
+                startDelaySelect(id);
+                return true;
+            }
+            if (idList.length > 0) {
+                if (view.isExpanded(delegate.index))
+                    return true;
+                view.expand(delegate.index);
+                start();
+                return false;
+            }
+            tree.makeCurrent(delegate.index);
+            tree.takeFocusIfAsked(delegate);
+            tree.fillSelected(delegate, delegate.index);
+            tree.selectedIsFolder = delegate.folder;
+            tree.focusId = id;
+            tree.callUpdateSelectedItem();
+            startDelaySelect(id);
+            return true;
+        }
+
+        interval: 100
+        onTriggered: {
+            while (idList.length > 0 && step())
+                continue;
+        }
+    }
+
+    Timer {
+        id: autoSelectTimer
+
+        property var idList: []
+
+        interval: 100
+        onTriggered: {
+            if (idList.length === 0)
+                return;
+            tree.selectIds(idList);
+            var id = idList.shift();
+            if (!tree.treeListModel.exists(id))
+                console.log("TreeListView.autoSelectTimer: id not found: " + id);
+            var delegate = tree.getItemById(id);
+            if (delegate) {
+                tree.takeFocusIfAsked(delegate);
+                tree.fillSelected(delegate, delegate.index);
+                tree.focusId = id;
+                tree.callUpdateSelectedItem();
+            }
+            idList = [];
+            delaySelectTimer.select = false;
+            startDelaySelect(id);
+        }
+    }
+
+    Timer {
+        id: delaySelectTimer
+
+        property int _id: -1
+        property var lContentY: null
+        property bool select: true
+
+        // The arrow keys of the view, and a row that was out of view, leave the selected state to
+        // be filled here.
+        function adopt(delegate) {
+            var selection = tree.selection;
+            if (tree.selectedItem !== null || selection.getSelectedCount() !== 1
+                    || tree.getIdByIndex(selection.getFirstSelectedModelIndex()) !== delegate.rowId)
+                return;
+            tree.takeFocusIfAsked(delegate);
+            tree.fillSelected(delegate, delegate.index);
+            tree.callUpdateSelectedItem();
+        }
+
+        interval: 1
+        onTriggered: {
+            if (lContentY !== null) {
+                view.showContentY(lContentY);
+                lContentY = null;
+            }
+            if (_id < 0)
+                return;
+            var id = _id;
+            checkTopBottom(id);
+            _id = -1;
+            var delegate = tree.getItemById(id);
+            if (!delegate)
+                return;
+            view.reveal(delegate);
+            if (!select) {
+                adopt(delegate);
+                return;
+            }
+            select = false;
+            tree.takeFocusIfAsked(delegate);
+            tree.makeCurrent(delegate.index);
+            tree.fillSelected(delegate, delegate.index);
+            tree.focusId = id;
+            tree.callUpdateSelectedItem();
+        }
+    }
+
+    Timer {
+        id: bottomScrollTimer
+
+        property int _id: -1
+
+        interval: 1
+        onTriggered: checkTopBottom(_id)
+    }
+
+    Timer {
+        id: autoOpenTimer
+
+        property int folderId: -2
+
+        interval: 100
+        onTriggered: {
+            var delegate = folderId >= -1 ? tree.getItemById(folderId) : null;
+            if (delegate && !view.isExpanded(delegate.index))
+                view.expand(delegate.index);
+        }
+    }
+}

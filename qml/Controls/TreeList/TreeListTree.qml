@@ -1,0 +1,111 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4
+import QtQml.Models 2.2
+import "../../Singletons"
+
+/// The view of TreeListView, with its delegates.
+TreeView {
+    id: treeView
+
+    property var tree
+    property var dropArea
+    /// The row delegates by row number, for the item delegates that know more of a row.
+    property var rowIndexMapper: ({})
+    /// The delegate of the id in searchId, while it is set; -2 is no id.
+    property int searchId: -2
+    property var searchedItem: null
+
+    /// Changes when all icons are to be read anew.
+    property int iconRound: 0
+
+    function updateIcons() {
+        ++iconRound;
+    }
+
+    /// How many rows stand above that row. Counts the innermost open folder for
+    /// a row that isn't shown.
+    function rowsAbove(index) {
+        var count = 0;
+        for (var step = index; step.valid; step = step.parent) {
+            var folder = step.parent;
+            if (folder.valid && !isExpanded(folder)) {
+                count = 0;
+                continue;
+            }
+            for (var i = 0; i < step.row; ++i)
+                count += rowsOf(model.index(i, 0, folder));
+            if (folder.valid)
+                ++count;
+        }
+        return count;
+    }
+
+    function rowsOf(index) {
+        var count = 1;
+        if (!isExpanded(index))
+            return count;
+        for (var i = 0; i < model.rowCount(index); ++i)
+            count += rowsOf(model.index(i, 0, index));
+        return count;
+    }
+
+    /// Scrolls there, as far as there are rows.
+    function showContentY(contentY) {
+        flickableItem.forceLayout();
+        var bottom = flickableItem.originY + flickableItem.contentHeight - viewport.height;
+        flickableItem.contentY = Math.max(flickableItem.originY, Math.min(contentY, bottom));
+    }
+
+    /// Scrolls as little as it takes to show the whole row.
+    function reveal(delegate) {
+        var y = delegate.mapToItem(viewport, 0, 0).y;
+        var top = flickableItem.headerItem.height;
+        if (y < top)
+            showContentY(flickableItem.contentY - (top - y));
+        else if (y + delegate.height > viewport.height)
+            showContentY(flickableItem.contentY + y + delegate.height - viewport.height);
+    }
+
+    backgroundVisible: false
+    selectionMode: tree.multiple ? SelectionMode.ExtendedSelection : SelectionMode.SingleSelection
+    style: TreeListStyle {}
+
+    rowDelegate: TreeListRow {
+        tree: treeView.tree
+        view: treeView
+        rowData: styleData
+    }
+
+    itemDelegate: TreeListItem {
+        tree: treeView.tree
+        view: treeView
+        dropArea: treeView.dropArea
+        rowData: styleData
+        rowModel: model
+    }
+
+    onClicked: {
+        var id = tree.getIdByIndex(index);
+        if (tree.getFolderByIndex(index) && !isExpanded(index))
+            return;
+        tree.makeCurrent(index);
+        var delegate = tree.getItemById(id);
+        if (delegate)
+            delegate.forceActiveFocus();
+        tree.fillSelected(delegate, index);
+        tree.focusId = id;
+        tree.callUpdateSelectedItem();
+        tree.itemClicked(id);
+    }
+    onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
+
+    Component.onCompleted: flickableItem.interactive = false
+
+    TableViewColumn {
+        role: "name"
+        title: treeView.tree.treeListViewTitle
+        width: treeView.viewport.width
+        resizable: false
+        movable: false
+    }
+}

@@ -1,0 +1,344 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4
+import QtQml.Models 2.2
+import Morvi.kess 1.0
+import "TreeList"
+import "../Singletons"
+
+/// A tree of named items with folders: reordering by drag, selection of several
+/// rows, rename in place and a prohibition toggle on every row.
+///
+/// The view makes delegates only for the rows in view, and makes them anew
+/// after a collapse. So ids are what lasts, and what must reach a row goes
+/// through its id and a timer.
+Rectangle {
+    id: root
+
+    readonly property int firstFolder: -2
+    readonly property int simpleDisplayHeight: 24
+    readonly property int richDisplayHeight: 64
+
+    property var treeListModel: null
+    /// Handed in by the user and not read here.
+    property Item bottomToolbar: null
+    /// Popped up on a right click, and the window's active menu while the tree
+    /// has the focus.
+    property Menu contextMenu: null
+    /// Called without arguments after the selected state has changed.
+    property var updateSelectedItem: null
+    property string treeListViewTitle: ""
+    /// Called with (index, text) for a rename; null switches renames off.
+    property var onTextChanged: null
+    /// Called with (index), gives the icon in simple display.
+    property var getSimpleIconFilename: null
+    /// Called with (null, index, 0), gives the icon in rich display.
+    property var getIconFilename: null
+    property bool simpleDisplay: true
+    /// The id that focusOn() goes to.
+    property int focusId: -1
+    property bool dragAndDropEnabled: true
+    property bool multiple: false
+    /// Empty: a drag stays inside the control. Else the keys of an external one.
+    property var dragKeys: []
+    /// Called with (id), says whether the row may be dragged.
+    property var draggableCallback: null
+    property bool clickRenameEnabled: true
+    /// Selecting by code also takes the keyboard focus; the one-shot does so once.
+    property bool autoActiveFocus: false
+    property bool autoActiveFocusOneShot: false
+
+    /// The selected row: its number in its folder, its index, its delegate.
+    property int selectedIndex: -1
+    property var selectedItem: null
+    property var selectedMouseArea: null
+    /// Whether the selection holds a folder.
+    property bool selectedIsFolder: false
+    /// Of selectedItem.
+    property int itemId: -1
+    property bool isFolder: false
+    /// The folder that the drag would drop into; -2 for none.
+    property int dndTargetFolderId: -2
+
+    readonly property alias selection: selectionModel
+    readonly property alias dropArea: dropArea
+
+    signal itemClicked(int itemId)
+    signal itemDoubleClicked(int itemId)
+    signal itemUpdated(int itemId)
+    signal itemsUpdated()
+    signal selectedIdListChanged(var idList)
+    signal treeItemMoved()
+
+    /// Opens the folders towards focusId and selects its row.
+    function focusOn() {
+        timers.startAutoFocus(treeListModel.getFocusIdList(focusId));
+    }
+
+    function refresh() {
+        var root = treeListModel.getRootIndex();
+        view.collapse(root);
+        view.expand(root);
+    }
+
+    /// Brings the rows in line with the document.
+    function refreshPartial() {
+        rebuild(function() { treeListModel.refreshPartial(); });
+    }
+
+    function addFolder(targetId) {
+        UndoRedo.beginSequence("addFolder");
+        var id = treeListModel.addFolder(targetId);
+        UndoRedo.endSequence();
+        refreshPartial();
+        autoActiveFocusOneShot = true;
+        setSelectedIdList([id]);
+        return id;
+    }
+
+    /// The caller opens the transaction.
+    function deleteId(id) {
+        deleteIdList([id]);
+    }
+
+    function deleteIdList(idList) {
+        treeListModel.deleteIdList(idList);
+        refreshPartial();
+        resetSelected();
+    }
+
+    function setSelectedIdList(idList) {
+        selectionModel.clear();
+        if (idList.length === 0)
+            return;
+        openFoldersOf(idList[0]);
+        selectIds(idList);
+        timers.startAutoSelect(idList);
+    }
+
+    function scrollBottom() {
+        var list = view.flickableItem;
+        list.contentY = Math.max(0, list.contentHeight - view.viewport.height);
+    }
+
+    function updateItem(id) {
+        if (id < 0) {
+            view.updateIcons();
+            return;
+        }
+        var delegate = getItemById(id);
+        if (delegate)
+            delegate.updateIcon();
+    }
+
+    /// The delegate of that id; null if there is none at this moment.
+    function getItemById(id) {
+        // The delegate of that id writes itself into searchedItem during the assignment.
+        view.searchId = id;
+        var delegate = view.searchedItem;
+        view.searchId = -2;
+        view.searchedItem = null;
+        return delegate;
+    }
+
+    /// The index at the point; that of the root row where there is no row.
+    function indexAt(x, y) {
+        var index = rowAt(x, y);
+        return index.valid ? index : treeListModel.getModelIndexById(-1);
+    }
+
+    function getIdByIndex(index) {
+        return treeListModel.data(index, treeListModel.RoleId);
+    }
+
+    function getNameByIndex(index) {
+        return treeListModel.data(index, treeListModel.RoleName);
+    }
+
+    function getFolderByIndex(index) {
+        return treeListModel.data(index, treeListModel.RoleFolder);
+    }
+
+    /// Takes back all that a drag shows.
+    function clearDragMoveEffect() {
+        dropArea.clearDragMoveEffect();
+    }
+
+    // What follows serves the pieces of the control.
+
+    function rowAt(x, y) {
+        return view.indexAt(x < 0 ? 64 : x, y < 0 ? 4 : y);
+    }
+
+    /// Runs a change of the model's rows with the tree closed, which keeps the
+    /// view from showing rows twice, and leaves the view where it was.
+    function rebuild(change) {
+        var contentY = view.flickableItem.contentY;
+        view.collapse(treeListModel.getRootIndex());
+        change();
+        treeListModel.refreshRoles();
+        view.expand(treeListModel.getRootIndex());
+        view.showContentY(contentY);
+    }
+
+    function openFoldersOf(id) {
+        var index = treeListModel.getModelIndexById(id);
+        if (!index.valid)
+            return;
+        for (var folder = index.parent; folder.valid; folder = folder.parent)
+            view.expand(folder);
+    }
+
+    function selectIds(idList) {
+        var first = treeListModel.getModelIndexById(idList[0]);
+        selectionModel.setCurrentIndex(first, ItemSelectionModel.ClearAndSelect);
+        for (var i = 1; i < idList.length; ++i)
+            selectionModel.select(treeListModel.getModelIndexById(idList[i]), ItemSelectionModel.Select);
+    }
+
+    function makeCurrent(index) {
+        selectionModel.setCurrentIndex(index, ItemSelectionModel.ClearAndSelect);
+    }
+
+    function takeFocusIfAsked(delegate) {
+        if (!autoActiveFocus && !autoActiveFocusOneShot)
+            return;
+        autoActiveFocusOneShot = false;
+        delegate.forceActiveFocus();
+    }
+
+    /// Fills the selected state from a delegate, which may be null.
+    function fillSelected(delegate, index) {
+        selectedMouseArea = delegate;
+        selectedIndex = index.row;
+        selectedItem = index;
+    }
+
+    function callUpdateSelectedItem() {
+        if (updateSelectedItem)
+            updateSelectedItem();
+    }
+
+    /// Makes a row the selection, as a click on it does.
+    function selectRow(delegate) {
+        makeCurrent(delegate.index);
+        delegate.forceActiveFocus();
+        fillSelected(delegate, delegate.index);
+        selectedIsFolder = delegate.folder;
+        focusId = delegate.rowId;
+        callUpdateSelectedItem();
+    }
+
+    function resetSelected() {
+        selectedIndex = -1;
+        selectedItem = null;
+        selectedMouseArea = null;
+        selectedIsFolder = false;
+        itemId = -1;
+        focusId = -1;
+    }
+
+    function clearSelection() {
+        selectionModel.clear();
+        resetSelected();
+        callUpdateSelectedItem();
+    }
+
+    function popupContextMenu() {
+        if (contextMenu)
+            contextMenu.popup();
+    }
+
+    /// No index outlives the rows that a reset takes.
+    function forgetRows() {
+        selectedMouseArea = null;
+        selectedIndex = -1;
+        selectedItem = null;
+        dropArea.reset();
+        Qt.callLater(focusOnIfShown);
+    }
+
+    function focusOnIfShown() {
+        if (visible && treeListModel)
+            focusOn();
+    }
+
+    color: Theme.outsideArea
+
+    onTreeListModelChanged: if (treeListModel) treeListModel.modelAboutToBeReset.connect(forgetRows)
+    onSelectedItemChanged: {
+        if (selectedItem === null) {
+            itemId = -1;
+            isFolder = false;
+            return;
+        }
+        var id = getIdByIndex(selectedItem);
+        if (id === undefined)
+            return;
+        itemId = id;
+        isFolder = getFolderByIndex(selectedItem) === true;
+    }
+    onItemIdChanged: focusId = itemId
+    onSimpleDisplayChanged: view.updateIcons()
+    onVisibleChanged: focusOnIfShown()
+    Component.onCompleted: focusOnIfShown()
+
+    TreeListDropArea {
+        id: dropArea
+        anchors.fill: parent
+        tree: root
+        view: view
+        timers: timers
+        marker: marker
+    }
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+
+        Keys.onPressed: {
+            var current = selectionModel.currentIndex;
+            if (event.key !== Qt.Key_Plus && event.key !== Qt.Key_Minus || !current.valid)
+                return;
+            if (event.key === Qt.Key_Plus)
+                view.expand(current);
+            else
+                view.collapse(current);
+            event.accepted = true;
+        }
+
+        TreeListTree {
+            id: view
+            objectName: "view"
+            anchors.fill: parent
+            focus: true
+            tree: root
+            dropArea: dropArea
+            model: root.treeListModel
+            selection: selectionModel
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    applicationWindow.activeMenu = root.contextMenu;
+                else if (applicationWindow.activeMenu === root.contextMenu)
+                    applicationWindow.activeMenu = null;
+            }
+        }
+    }
+
+    TreeListMarker {
+        id: marker
+        objectName: "marker"
+        barWidth: view.viewport.width
+    }
+
+    TreeListTimers {
+        id: timers
+        tree: root
+        view: view
+    }
+
+    TreeListItemSelectionModel {
+        id: selectionModel
+        model: root.treeListModel
+        onSelectedIdListChanged: timers.followSelection(getTreeSelectedIdList())
+    }
+}
