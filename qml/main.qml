@@ -130,11 +130,6 @@ ApplicationWindow {
         messages.confirm(title, text, callback, container);
     }
 
-    // A screen that this build doesn't carry leaves its place empty.
-    function screenSource(name) {
-        return authoring && SystemService.fileExists(":/qml/" + name) ? name : "";
-    }
-
     function startAuthoring() {
         // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
@@ -183,8 +178,6 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
-        if (authoring && settingLoader.source.toString() === "")
-            startAuthoring();
     }
 
     Settings {
@@ -212,14 +205,15 @@ ApplicationWindow {
     Loader {
         id: settingLoader
         anchors.fill: parent
-        source: applicationWindow.screenSource("TutorialSettingItem.qml")
+        active: applicationWindow.authoring
+        source: "TutorialSettingItem.qml"
         onLoaded: applicationWindow.startAuthoring()
     }
 
     Loader {
         id: eventLoader
-        active: settingLoader.progress === 1
-        source: applicationWindow.screenSource("TutorialEventDialog.qml")
+        active: applicationWindow.authoring && settingLoader.progress === 1
+        source: "TutorialEventDialog.qml"
         onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
     }
 
