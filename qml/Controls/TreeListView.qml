@@ -282,6 +282,8 @@ Rectangle {
     onSimpleDisplayChanged: view.updateIcons()
     onVisibleChanged: focusOnIfShown()
     Component.onCompleted: focusOnIfShown()
+    // The list complains when the model goes before it.
+    Component.onDestruction: view.model = null
 
     TreeListDropArea {
         id: dropArea
@@ -323,6 +325,14 @@ Rectangle {
                     applicationWindow.activeMenu = null;
             }
         }
+    }
+
+    // The list would drop the dragged row's delegate when it is scrolled out of view.
+    MouseArea {
+        anchors.fill: parent
+        enabled: dropArea.enteredIndex !== null
+        acceptedButtons: Qt.NoButton
+        onWheel: wheel.accepted = true
     }
 
     TreeListMarker {

@@ -108,7 +108,11 @@ TreeView {
     }
     onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
 
-    Component.onCompleted: flickableItem.interactive = false
+    Component.onCompleted: {
+        flickableItem.interactive = false;
+        // Delegates in the making complain when a change of the rows overtakes them.
+        flickableItem.cacheBuffer = 0;
+    }
 
     TableViewColumn {
         role: "name"
