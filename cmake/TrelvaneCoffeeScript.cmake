@@ -10,10 +10,12 @@ if(NOT NPM_PROGRAM)
     trelvane_missing("npm" npm)
 endif()
 
-# Sets <out> to the folder of the package.
-function(trelvane_fetch_coffee_script out)
+# The folder of the package, for those who compare with it.
+set(TRELVANE_COFFEE_SCRIPT_PACKAGE ${CMAKE_BINARY_DIR}/npm/node_modules/coffee-script)
+
+function(trelvane_fetch_coffee_script)
     set(folder ${CMAKE_BINARY_DIR}/npm)
-    set(package ${folder}/node_modules/coffee-script)
+    set(package ${TRELVANE_COFFEE_SCRIPT_PACKAGE})
     set(inputs ${CMAKE_SOURCE_DIR}/package.json ${CMAKE_SOURCE_DIR}/package-lock.json)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${inputs})
     file(SHA256 ${CMAKE_SOURCE_DIR}/package-lock.json wanted)
@@ -36,12 +38,12 @@ function(trelvane_fetch_coffee_script out)
         endif()
         file(WRITE ${folder}/fetched ${wanted})
     endif()
-    set(${out} ${package} PARENT_SCOPE)
 endfunction()
 
 # trelvane_add_coffee_script(<collection> <name in it>)
 function(trelvane_add_coffee_script collection name)
-    trelvane_fetch_coffee_script(package)
+    trelvane_fetch_coffee_script()
+    set(package ${TRELVANE_COFFEE_SCRIPT_PACKAGE})
     set(bundle ${CMAKE_CURRENT_BINARY_DIR}/coffee-script.js)
     set(script ${CMAKE_SOURCE_DIR}/scripts/bundle-coffee-script.js)
     add_custom_command(OUTPUT ${bundle}

@@ -1,8 +1,13 @@
 #include "QmlTypes.h"
 
 #include "quick/Gui.h"
+#include "quick/TreeListItemSelectionModel.h"
+#include "quick/TutorialEventListModel.h"
+#include "quick/TutorialItemListModel.h"
+#include "quick/TutorialRaisedHandListModel.h"
 #include "SystemService/SystemService.h"
 #include "Tutorial/TutorialManager.h"
+#include "UndoRedo/UndoRedo.h"
 
 #include <QtQml>
 
@@ -23,5 +28,10 @@ void registerQmlTypes()
 {
     registerSingleton<SystemService>("SystemService");
     registerSingleton<TutorialManager>("TutorialManager");
+    registerSingleton<UndoRedo>("UndoRedo");
     registerSingleton<Gui>("Gui");
+    qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
+    qmlRegisterType<TreeListItemSelectionModel>(kModule, 1, 0, "TreeListItemSelectionModel");
+    qmlRegisterType<TutorialEventListModel>(kModule, 1, 0, "TutorialEventListModel");
+    qmlRegisterType<TutorialRaisedHandListModel>(kModule, 1, 0, "TutorialRaisedHandListModel");
 }

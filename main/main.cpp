@@ -34,6 +34,8 @@ int main(int argc, char *argv[])
     if (TutorialManager::isMakingSupported())
         qSetGlobalQHashSeed(0);
     QCoreApplication::setAttribute(kX11InitThreads, true);
+    // The web engine draws with the same context as the screens.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     QApplication application(argc, argv);
     QtWebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));

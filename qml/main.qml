@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4
+import QtQuick.Window 2.2
 import Qt.labs.settings 1.0
 import Morvi.kess 1.0
 import "Controls"
@@ -17,6 +18,9 @@ ApplicationWindow {
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
     readonly property var settingScreen: settingLoader.item
+    // Read by the platform when the window is shown: in the guidance mode the
+    // host editor keeps the keys.
+    readonly property bool _q_showWithoutActivating: !authoring
 
     // Called by name with each "coffeeJs" message.
     function requestCoffeeJs(key, coffeeScript) {
@@ -30,6 +34,7 @@ ApplicationWindow {
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
     function checkSaveTutorial(callback) {
+        commitEditing();
         if (!TutorialManager.modified) {
             callback(0);
             return;
@@ -53,7 +58,6 @@ ApplicationWindow {
 
     function openTutorial() {
         var dialog = tutorialSelectComponent.createObject(applicationWindow);
-        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
@@ -63,19 +67,32 @@ ApplicationWindow {
                 alert(qsTr("Failed to open new project") + "\n" + error);
         };
         dialog.open();
+        // The toolkit's dialog takes a folder once it is there.
+        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
     }
 
     function reloadTutorial() {
         if (TutorialManager.tutorialName === "")
             return;
         unload();
+        // The steps of the history belong to the document as it was.
+        UndoRedo.clear();
         TutorialManager.reload();
         updateSettings();
     }
 
-    function saveTutorial() {
-        // A field that is being edited hands over its text when it loses the focus.
+    // A field that is being edited hands over its text when it loses the focus.
+    // Afterwards typing goes on where it was.
+    function commitEditing() {
+        var item = activeFocusItem;
+        Qt.inputMethod.commit();
         background.forceActiveFocus();
+        if (item && item.visible && item.enabled)
+            item.forceActiveFocus();
+    }
+
+    function saveTutorial() {
+        commitEditing();
         var error = TutorialManager.save();
         if (error !== "")
             alert(error);
@@ -114,19 +131,17 @@ ApplicationWindow {
         messages.confirm(title, text, callback, container);
     }
 
-    // A screen that this build doesn't carry leaves its place empty.
-    function screenSource(name) {
-        return authoring && SystemService.fileExists(":/qml/" + name) ? name : "";
-    }
-
     function startAuthoring() {
         // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
             y = 64;
+        // At the first start, and never larger than the screen with the frame.
         if (width === 1)
-            width = 966;
-        if (height === 1)
-            height = 788;
+            width = Math.min(966, Screen.desktopAvailableWidth - 16);
+        if (height === 1) {
+            height = Math.min(788, Screen.desktopAvailableHeight - 48);
+            y = 32;
+        }
         menuBar = menuBarComponent.createObject(applicationWindow);
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
@@ -150,6 +165,7 @@ ApplicationWindow {
     }
 
     onClosing: {
+        commitEditing();
         if (!TutorialManager.modified) {
             TutorialManager.requestClose();
             return;
@@ -166,8 +182,6 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
-        if (authoring && settingLoader.source.toString() === "")
-            startAuthoring();
     }
 
     Settings {
@@ -195,14 +209,15 @@ ApplicationWindow {
     Loader {
         id: settingLoader
         anchors.fill: parent
-        source: applicationWindow.screenSource("TutorialSettingItem.qml")
+        active: applicationWindow.authoring
+        source: "TutorialSettingItem.qml"
         onLoaded: applicationWindow.startAuthoring()
     }
 
     Loader {
         id: eventLoader
-        active: settingLoader.progress === 1
-        source: applicationWindow.screenSource("TutorialEventDialog.qml")
+        active: applicationWindow.authoring && settingLoader.progress === 1
+        source: "TutorialEventDialog.qml"
         onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
     }
 

@@ -19,7 +19,7 @@ packages_to_run=(
 
 # What scripts/with-x and those who look at its screen call.
 # shellcheck disable=SC2034
-packages_without_display=(xvfb openbox xcompmgr xdotool x11-utils)
+packages_without_display=(xvfb openbox picom xdotool x11-utils)
 
 # shellcheck disable=SC2034
 packages_to_test=(qml-module-qttest imagemagick clang-format clang-tidy shellcheck)

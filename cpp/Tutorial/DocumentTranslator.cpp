@@ -24,13 +24,16 @@ QString DocumentTranslator::translate(const char *context, const char *sourceTex
     Q_UNUSED(n)
     const QString contextName = QString::fromUtf8(context);
     const QString source = QString::fromUtf8(sourceText);
+    const bool own = !mOwnContext.isEmpty() && contextName == mOwnContext;
     const auto messages = mMessages.constFind(contextName);
     if (messages != mMessages.constEnd()) {
         const auto translation = messages->constFind(source);
-        if (translation != messages->constEnd()) {
-            // An empty text is an answer, a null one is none.
-            return translation->isNull() ? QStringLiteral("") : *translation;
-        }
+        if (translation != messages->constEnd() && !translation->isEmpty())
+            return *translation;
+        // A writer may leave a hint empty: an empty text is an answer, a null one is none. Elsewhere
+        // it stands for a source text that needs no translation.
+        if (translation != messages->constEnd() && own)
+            return QStringLiteral("");
     }
-    return contextName == mOwnContext && !mOwnContext.isEmpty() ? source : QString();
+    return own ? source : QString();
 }

@@ -65,7 +65,7 @@ Flips decideFlips(const QPoint &target, const QRect &hostRect, const Flips &flip
     else if (flips.vertical && target.y() >= kUnflipBelow)
         result.vertical = false;
 
-    const qint64 right = qint64(hostRect.x()) + hostRect.width();
+    const qint64 right = qint64(hostRect.right()) + 1;
     const qint64 arrowRight = qint64(target.x()) + kArrowSize;
     if (!flips.horizontal && arrowRight + kRoomToStay > right)
         result.horizontal = true;

@@ -3,7 +3,11 @@
 namespace
 {
 constexpr QChar kFieldSeparator(0x01);
-}
+
+// No window system goes as far, and the sums that a rectangle makes of its numbers stay whole
+// numbers up to here.
+constexpr int kLargestCoordinate = (1 << 24) - 1;
+} // namespace
 
 QStringList HostMessages::split(const QString &message)
 {
@@ -55,5 +59,8 @@ bool HostMessages::hasHostRect(const QStringList &fields)
 
 QRect HostMessages::readHostRect(const QStringList &fields)
 {
-    return QRect(number(fields, 1), number(fields, 2), number(fields, 3), number(fields, 4));
+    const auto bounded = [&fields](int index) {
+        return qBound(-kLargestCoordinate, number(fields, index), kLargestCoordinate);
+    };
+    return QRect(bounded(1), bounded(2), bounded(3), bounded(4));
 }

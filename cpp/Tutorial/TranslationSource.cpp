@@ -27,17 +27,28 @@ QString textOf(const QDomElement &element)
     return text;
 }
 
-bool isBlank(QChar character)
-{
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t') || character == QLatin1Char('\n')
-        || character == QLatin1Char('\r');
-}
-
 /// XML 1.0 has no way to write these, and reads a carriage return as a line feed.
-bool needsByteElement(QChar character)
+bool needsByteElement(const QString &text, int position)
 {
+    const QChar character = text.at(position);
+    if (character.isHighSurrogate())
+        return position + 1 >= text.size() || !text.at(position + 1).isLowSurrogate();
+    if (character.isLowSurrogate())
+        return position == 0 || !text.at(position - 1).isHighSurrogate();
     const ushort code = character.unicode();
     return (code < 0x20 && code != '\t' && code != '\n') || code == 0xfffe || code == 0xffff;
+}
+
+/// The writer puts an indent round an element that has no text beside it, and the indent would count
+/// as text. So each byte element stands between texts, which may be empty.
+void keepInLine(const QDomElement &byte)
+{
+    QDomNode parent = byte.parentNode();
+    const auto emptyText = [&byte] { return byte.ownerDocument().createTextNode(QString()); };
+    if (!byte.previousSibling().isText())
+        parent.insertBefore(emptyText(), byte);
+    if (!byte.nextSibling().isText())
+        parent.insertAfter(emptyText(), byte);
 }
 
 void appendByteElement(QDomElement &element, QChar character)
@@ -45,6 +56,7 @@ void appendByteElement(QDomElement &element, QChar character)
     QDomElement byte = element.ownerDocument().createElement(kByte);
     byte.setAttribute(kValue, QLatin1Char('x') + QString::number(character.unicode(), 16));
     element.appendChild(byte);
+    keepInLine(byte);
 }
 
 void appendText(QDomElement &element, const QString &text)
@@ -56,13 +68,13 @@ void setText(QDomElement &element, const QString &text)
 {
     while (element.hasChildNodes())
         element.removeChild(element.firstChild());
-    // A stretch of blanks alone is lost when the document is read again.
+    // A stretch of blanks alone, of any script, is lost when the document is read again.
     int start = 0;
     while (start < text.size()) {
         int end = start;
         bool onlyBlanks = true;
-        while (end < text.size() && !needsByteElement(text.at(end))) {
-            onlyBlanks = onlyBlanks && isBlank(text.at(end));
+        while (end < text.size() && !needsByteElement(text, end)) {
+            onlyBlanks = onlyBlanks && text.at(end).isSpace();
             ++end;
         }
         if (onlyBlanks) {
@@ -75,12 +87,6 @@ void setText(QDomElement &element, const QString &text)
             appendByteElement(element, text.at(end));
         start = end + 1;
     }
-    // Between two texts nothing is written but they: without a text at each end, the writer would
-    // put an indent round the elements, and that would count as text.
-    if (element.lastChild().nodeName() == kByte)
-        appendText(element, QString());
-    if (element.firstChild().nodeName() == kByte)
-        element.insertBefore(element.ownerDocument().createTextNode(QString()), element.firstChild());
 }
 
 bool isPlainMessage(const QDomElement &message)
@@ -91,6 +97,8 @@ bool isPlainMessage(const QDomElement &message)
 
 bool isInForce(const QDomElement &translation)
 {
+    if (translation.isNull())
+        return false;
     const QString type = translation.attribute(kType);
     if (type == QLatin1String("obsolete") || type == QLatin1String("vanished"))
         return false;
@@ -105,18 +113,35 @@ QDomElement appendElement(QDomNode parent, const QString &name, const QString &t
     return element;
 }
 
-QDomElement findOrAddContext(QDomDocument &document, const QString &name)
+/// All contexts of that name, which may be several.
+QVector<QDomElement> findContexts(const QDomDocument &document, const QString &name)
 {
-    QDomElement root = document.documentElement();
+    QVector<QDomElement> contexts;
+    const QDomElement root = document.documentElement();
     for (QDomElement context = root.firstChildElement(kContext); !context.isNull();
          context = context.nextSiblingElement(kContext)) {
         if (textOf(context.firstChildElement(kName)) == name)
-            return context;
+            contexts.append(context);
     }
-    QDomElement context = document.createElement(kContext);
-    appendElement(context, kName, name);
-    root.appendChild(context);
-    return context;
+    return contexts;
+}
+
+/// The message by source text that a lookup answers from: the last one in force, and the first one
+/// where none is.
+QHash<QString, QDomElement> findMessages(const QVector<QDomElement> &contexts)
+{
+    QHash<QString, QDomElement> messageBySource;
+    for (const QDomElement &context : contexts) {
+        for (QDomElement message = context.firstChildElement(kMessage); !message.isNull();
+             message = message.nextSiblingElement(kMessage)) {
+            if (!isPlainMessage(message))
+                continue;
+            const QString source = textOf(message.firstChildElement(kSource));
+            if (!messageBySource.contains(source) || isInForce(message.firstChildElement(kTranslation)))
+                messageBySource.insert(source, message);
+        }
+    }
+    return messageBySource;
 }
 
 void setTranslation(QDomElement &message, const QString &text)
@@ -141,7 +166,7 @@ QHash<QString, TranslationSource::Messages> TranslationSource::readMessages(cons
         for (QDomElement message = context.firstChildElement(kMessage); !message.isNull();
              message = message.nextSiblingElement(kMessage)) {
             const QDomElement translation = message.firstChildElement(kTranslation);
-            if (isPlainMessage(message) && !translation.isNull() && isInForce(translation))
+            if (isPlainMessage(message) && isInForce(translation))
                 messages.insert(textOf(message.firstChildElement(kSource)), textOf(translation));
         }
     }
@@ -150,37 +175,45 @@ QHash<QString, TranslationSource::Messages> TranslationSource::readMessages(cons
 
 void TranslationSource::writeMessages(QDomDocument &document, const QString &context, const QVector<Entry> &entries)
 {
-    QDomElement contextElement = findOrAddContext(document, context);
-    QHash<QString, QDomElement> messageBySource;
-    for (QDomElement message = contextElement.firstChildElement(kMessage); !message.isNull();
-         message = message.nextSiblingElement(kMessage)) {
-        if (isPlainMessage(message))
-            messageBySource.insert(textOf(message.firstChildElement(kSource)), message);
-    }
+    QVector<QDomElement> contexts = findContexts(document, context);
+    QHash<QString, QDomElement> messageBySource = findMessages(contexts);
     for (const Entry &entry : entries) {
         auto found = messageBySource.find(entry.source);
         if (found == messageBySource.end()) {
             if (entry.translation == entry.source)
                 continue;
-            QDomElement message = document.createElement(kMessage);
+            if (contexts.isEmpty()) {
+                contexts.append(appendElement(document.documentElement(), kContext, QString()));
+                appendElement(contexts.last(), kName, context);
+            }
+            QDomElement message = appendElement(contexts.last(), kMessage, QString());
             appendElement(message, kSource, entry.source);
             appendElement(message, kTranslation, entry.translation);
-            contextElement.appendChild(message);
             messageBySource.insert(entry.source, message);
             continue;
         }
         const QDomElement translation = found->firstChildElement(kTranslation);
-        const bool inForce = !translation.isNull() && isInForce(translation);
-        if ((inForce ? textOf(translation) : entry.source) != entry.translation)
+        if ((isInForce(translation) ? textOf(translation) : entry.source) != entry.translation)
             setTranslation(*found, entry.translation);
     }
+}
+
+void TranslationSource::keepBytesInLine(QDomDocument &document)
+{
+    // The list is made anew at each look after a change, so it is copied before the first one.
+    const QDomNodeList list = document.elementsByTagName(kByte);
+    QVector<QDomElement> bytes;
+    for (int i = 0; i < list.size(); ++i)
+        bytes.append(list.at(i).toElement());
+    for (const QDomElement &byte : qAsConst(bytes))
+        keepInLine(byte);
 }
 
 QDomDocument TranslationSource::emptyDocument(const QString &language)
 {
     QDomDocument document(QStringLiteral("TS"));
-    document.appendChild(document.createProcessingInstruction(QStringLiteral("xml"),
-                                                              QStringLiteral("version=\"1.0\" encoding=\"utf-8\"")));
+    document.appendChild(
+        document.createProcessingInstruction(QStringLiteral("xml"), QStringLiteral("version='1.0' encoding='utf-8'")));
     QDomElement root = document.createElement(QStringLiteral("TS"));
     root.setAttribute(QStringLiteral("version"), QStringLiteral("2.1"));
     root.setAttribute(QStringLiteral("language"), language);

@@ -28,6 +28,10 @@ QHash<QString, Messages> readMessages(const QDomDocument &document);
 /// text, which is what a lookup gives without one.
 void writeMessages(QDomDocument &document, const QString &context, const QVector<Entry> &entries);
 
+/// Prepares a document that was just parsed for being written: without this the writer's indents would
+/// become part of the texts that hold "byte" elements.
+void keepBytesInLine(QDomDocument &document);
+
 /// A document without messages, for a language such as "ja_JP".
 QDomDocument emptyDocument(const QString &language);
 } // namespace TranslationSource

@@ -40,6 +40,8 @@ TutorialIndicator::TutorialIndicator(QWidget *parent, GuidanceContext *manager)
     mNextButton = mButtonOwners[0].get();
     mYesButton = mButtonOwners[1].get();
     mNoButton = mButtonOwners[2].get();
+    // A window that was never placed stands where the window manager likes.
+    moveWindows(mCurrentX, mCurrentY);
     mTimerId = startTimer(100, Qt::CoarseTimer);
     connect(mNextButton, &QAbstractButton::clicked, this, &TutorialIndicator::nextClicked);
     connect(mYesButton, &QAbstractButton::clicked, this, &TutorialIndicator::yesClicked);

@@ -95,6 +95,10 @@ public:
 
     // The item clipboard.
     Q_INVOKABLE void clearMimeData();
+    /// The clipboard stays as it was when one of the ids has no item.
+    Q_INVOKABLE void copyTutorialItemList(const QList<int> &idList);
+    /// The new ids of the pasted items at the top level.
+    Q_INVOKABLE QList<int> pasteTutorialItemList();
     void setMimeData(const QString &mimeType, const QByteArray &data);
 
     // Translation.
@@ -172,6 +176,8 @@ private:
     void showStep(const QStringList &fields);
     void showTooltipWindow();
     void hideTooltipWindow();
+    bool isGuidanceVisible() const;
+    void setGuidanceVisible(bool visible);
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
@@ -195,6 +201,7 @@ private:
     bool mHostHidden = false;
     bool mGuidanceRunning = false;
     bool mApplicationActive = false;
+    bool mChangingVisibility = false; // windows are being shown or hidden
     int mTickTimerId = 0;
     int mSilenceTicks = 0;
     int mAliveTicks = 0;

@@ -1,11 +1,26 @@
 // The item clipboard: the program's own, not the system's.
 
 #include "tool/Log.h"
+#include "Tutorial/ItemClipboard.h"
 #include "Tutorial/TutorialManager.h"
 
 namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial";
+
+const QString kItemListType = QStringLiteral("TutorialItemData/ItemList");
+} // namespace
+
+void TutorialManager::copyTutorialItemList(const QList<int> &idList)
+{
+    QString payload;
+    if (ItemClipboard::makePayload(idList, payload))
+        setMimeData(kItemListType, payload.toUtf8());
+}
+
+QList<int> TutorialManager::pasteTutorialItemList()
+{
+    return ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)));
 }
 
 void TutorialManager::clearMimeData()

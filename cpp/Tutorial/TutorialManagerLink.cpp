@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLocalSocket>
 
+#include <cstdio>
 #include <cstdlib>
 
 namespace
@@ -96,7 +97,10 @@ void TutorialManager::requestClose()
     Log::debug(kFolder, "TutorialManager::requestClose", __LINE__);
     if (closeLogFileHook)
         closeLogFileHook();
-    std::exit(EXIT_SUCCESS);
+    // Without the destructors of the process: those of the web engine crash while its threads are
+    // still starting, and the exit code would be lost.
+    std::fflush(nullptr);
+    std::_Exit(EXIT_SUCCESS);
 }
 
 void TutorialManager::onDisconnected()

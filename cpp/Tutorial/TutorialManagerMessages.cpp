@@ -12,6 +12,7 @@
 #include "Tutorial/TutorialTooltip.h"
 
 #include <QMetaObject>
+#include <QScopedValueRollback>
 #include <QVariant>
 
 namespace
@@ -175,10 +176,13 @@ void TutorialManager::onState(const QStringList &fields)
     const QString state = HostMessages::text(fields, 1);
     if (state == QLatin1String("show")) {
         // Hidden and shown again, the windows come to stand above the host editor's.
-        if (mLogWindow)
-            mLogWindow->hide();
-        hideTooltipWindow();
-        mIndicator->hideButtons();
+        {
+            const QScopedValueRollback<bool> changing(mChangingVisibility, true);
+            if (mLogWindow)
+                mLogWindow->hide();
+            hideTooltipWindow();
+            mIndicator->hideButtons();
+        }
         mShowDelayTicks = 1;
         mHostHidden = false;
         updateGuidanceVisibility();
@@ -236,6 +240,7 @@ void TutorialManager::onHideTooltip(const QStringList &fields)
 
 void TutorialManager::editorTooltipClosed()
 {
-    // Called from inside the window's own close event.
-    mEditorTooltip.release()->deleteLater();
+    // Called from inside the window's own close event, which can come again until it is freed.
+    if (mEditorTooltip)
+        mEditorTooltip.release()->deleteLater();
 }

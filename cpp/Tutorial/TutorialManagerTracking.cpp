@@ -8,6 +8,7 @@
 #include "Tutorial/TutorialTooltip.h"
 
 #include <QCursor>
+#include <QScopedValueRollback>
 
 void TutorialManager::onWindowStack(const QStringList &fields)
 {
@@ -73,7 +74,25 @@ void TutorialManager::onApplicationStateChanged(Qt::ApplicationState state)
 
 void TutorialManager::updateGuidanceVisibility()
 {
-    const bool visible = mGuidanceRunning && (!mHostHidden || mApplicationActive);
+    // A window that is shown or hidden can change the activation at once, which leads back here. A
+    // show from inside of a hide would leave the window hidden for good.
+    if (mChangingVisibility)
+        return;
+    const QScopedValueRollback<bool> changing(mChangingVisibility, true);
+    bool visible = false;
+    do {
+        visible = isGuidanceVisible();
+        setGuidanceVisible(visible);
+    } while (visible != isGuidanceVisible());
+}
+
+bool TutorialManager::isGuidanceVisible() const
+{
+    return mGuidanceRunning && (!mHostHidden || mApplicationActive);
+}
+
+void TutorialManager::setGuidanceVisible(bool visible)
+{
     if (mIndicator) {
         if (visible) {
             showTooltipWindow();

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QSet>
 
 namespace
 {
@@ -135,13 +136,17 @@ bool TutorialManager::readTranslation(const QString &locale, QDomDocument &docum
         Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "Failed to setContents";
         return false;
     }
+    TranslationSource::keepBytesInLine(document);
     Log::debug(kFolder, "TutorialManager::loadTranslation", __LINE__) << document.toString(1);
     return true;
 }
 
 bool TutorialManager::loadTranslation()
 {
-    return readTranslation(mLocale, mTranslationDocument) && readTranslation(mLocale2, mTranslationDocument2);
+    // Both are read in any case: a document of the languages before must not be taken for this one's.
+    const bool first = readTranslation(mLocale, mTranslationDocument);
+    const bool second = readTranslation(mLocale2, mTranslationDocument2);
+    return first && second;
 }
 
 bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument &document) const
@@ -186,9 +191,16 @@ void TutorialManager::updateDocumentTranslator()
 
 void TutorialManager::readSecondHints()
 {
+    QSet<int> folders;
+    mEditorManager->mData.mRoot.visitAll([&folders](const TreeItem<TutorialItemData> &item) {
+        if (item.mFolder)
+            folders.insert(item.mId);
+    });
     const TranslationSource::Messages messages =
         TranslationSource::readMessages(mTranslationDocument2).value(mTranslationContext);
     for (TutorialItemData *record : mEditorManager->mData.mDataList) {
+        if (folders.contains(record->mId))
+            continue;
         const QString key = hintKey(record->mId);
         record->mHint2 = messages.value(key, key);
     }

@@ -34,7 +34,8 @@ QString TutorialManager::loadTutorial(const QString &filename)
     }
     mHintLocale = mLocale;
     const QStringList errors = mEditorManager->setContents(filename);
-    if (isMakingSupported())
+    // What stayed because the file could not be opened keeps its hints.
+    if (isMakingSupported() && mEditorManager->isLoaded())
         readSecondHints();
     Q_EMIT documentReplaced();
     return errors.join(QLatin1Char('\n'));

@@ -27,16 +27,16 @@ public:
         constexpr int digits = 3;
         if (!mNumbers.contains(base)) {
             const QString name = DataSupport::getUniqueName(mNames, base, digits);
-            mNumbers.insert(base, name.midRef(base.size()).toInt());
+            mNumbers.insert(base, name.midRef(base.size()).toLongLong());
             return name;
         }
-        const int number = ++mNumbers[base];
+        const qint64 number = ++mNumbers[base];
         return base + QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0'));
     }
 
 private:
     QStringList mNames;
-    QHash<QString, int> mNumbers;
+    QHash<QString, qint64> mNumbers;
 };
 } // namespace
 

@@ -94,10 +94,14 @@ public:
 
 private:
     void indexNewRecords() const;
+    void forgetIndex() const;
     TreeItem<T> *follow(const QList<int> &path, int steps);
 
     // Position by id of the first mIndexedCount records. A hint that every use checks against the
-    // list, since others write to the list directly.
+    // list, since others write to the list directly. An id that stands several times has no hint:
+    // which of its records comes first can change without any hint being wrong.
+    static constexpr int kNoHint = -1;
+    static constexpr int kSeveral = -2;
     mutable QHash<int, int> mIndexById;
     mutable int mIndexedCount = 0;
     TreeHints mPlaces;
@@ -158,14 +162,29 @@ void TreeItem<T>::collectIds(QList<int> &idList) const
 }
 
 template <typename T>
+void TreeDataTemplate<T>::forgetIndex() const
+{
+    mIndexById.clear();
+    mIndexedCount = 0;
+}
+
+template <typename T>
 void TreeDataTemplate<T>::indexNewRecords() const
 {
     mIndexedCount = std::min(mIndexedCount, mDataList.size());
-    for (; mIndexedCount < mDataList.size(); ++mIndexedCount) {
+    while (mIndexedCount < mDataList.size()) {
         const int id = mDataList.at(mIndexedCount)->mId;
-        const int known = mIndexById.value(id, -1);
-        if (known < 0 || known >= mIndexedCount || mDataList.at(known)->mId != id)
+        const auto known = mIndexById.find(id);
+        if (known == mIndexById.end() || *known >= mIndexedCount) {
             mIndexById.insert(id, mIndexedCount);
+        } else if (*known == kSeveral || mDataList.at(*known)->mId == id) {
+            *known = kSeveral;
+        } else {
+            // A record was put in front of this one, so that all hints may be wrong.
+            forgetIndex();
+            continue;
+        }
+        ++mIndexedCount;
     }
 }
 
@@ -173,14 +192,14 @@ template <typename T>
 int TreeDataTemplate<T>::getDataIndex(int id) const
 {
     indexNewRecords();
-    const int hint = mIndexById.value(id, -1);
+    const int hint = mIndexById.value(id, kNoHint);
     if (hint >= 0 && hint < mDataList.size() && mDataList.at(hint)->mId == id)
         return hint;
-    // Either there is no such record, or the list was changed in its middle.
+    // There is no such record, or several, or the list was changed in its middle.
     for (int i = 0; i < mDataList.size(); ++i) {
         if (mDataList.at(i)->mId == id) {
-            mIndexById.clear();
-            mIndexedCount = 0;
+            if (hint != kSeveral)
+                forgetIndex();
             return i;
         }
     }

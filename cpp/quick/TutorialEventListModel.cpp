@@ -1,5 +1,7 @@
 #include "quick/TutorialEventListModel.h"
 
+#include "Tutorial/HostMessages.h"
+
 #include <QTextDocumentFragment>
 
 TutorialEventListModel::TutorialEventListModel(QObject *parent) : QStandardItemModel(parent)
@@ -32,6 +34,20 @@ void TutorialEventListModel::setCoordsText(const QString &text)
 QString TutorialEventListModel::getTagStrippedText(const QString &text) const
 {
     return QTextDocumentFragment::fromHtml(text).toPlainText();
+}
+
+void TutorialEventListModel::readMessage(const QString &message)
+{
+    if (HostMessages::name(message) != QLatin1String("eventLog"))
+        return;
+    const QStringList fields = HostMessages::split(message);
+    const QString kind = fields.value(1);
+    if (kind == QLatin1String("coords"))
+        setCoordsText(fields.value(2));
+    else if (kind == QLatin1String("append"))
+        addEventText(fields.value(2));
+    else if (kind == QLatin1String("raisedHand"))
+        setRaisedHandList(fields.mid(2));
 }
 
 void TutorialEventListModel::setRaisedHandList(const QStringList &list)

@@ -26,6 +26,13 @@ public:
     /// The text of a line as the dialog shows it, without its tags.
     Q_INVOKABLE QString getTagStrippedText(const QString &text) const;
 
+    /// Carries out a message of the host editor if it is an "eventLog" message:
+    ///
+    ///     eventLog coords <text>           the coordinates under the cursor
+    ///     eventLog append <line>           a further line
+    ///     eventLog raisedHand <name>...    the tracked controls, all of them
+    Q_INVOKABLE void readMessage(const QString &message);
+
     /// Passes the names of the tracked controls on.
     void setRaisedHandList(const QStringList &list);
 

@@ -24,3 +24,15 @@ void TutorialRaisedHandListModel::setList(const QStringList &list)
     mList = list;
     refresh();
 }
+
+void TutorialRaisedHandListModel::setSource(TutorialEventListModel *source)
+{
+    if (source == mSource)
+        return;
+    if (mSource)
+        mSource->disconnect(this);
+    mSource = source;
+    if (source)
+        connect(source, &TutorialEventListModel::raisedHandChanged, this, &TutorialRaisedHandListModel::setList);
+    Q_EMIT sourceChanged();
+}

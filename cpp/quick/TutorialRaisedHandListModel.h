@@ -1,6 +1,9 @@
 #pragma once
 
+#include "quick/TutorialEventListModel.h"
+
 #include <QHash>
+#include <QPointer>
 #include <QStandardItemModel>
 #include <QStringList>
 
@@ -9,6 +12,8 @@ class TutorialRaisedHandListModel : public QStandardItemModel
 {
     Q_OBJECT
     Q_PROPERTY(int RoleName READ roleName CONSTANT)
+    /// The model whose lists are shown here, or null.
+    Q_PROPERTY(TutorialEventListModel *source READ source WRITE setSource NOTIFY sourceChanged)
 
 public:
     explicit TutorialRaisedHandListModel(QObject *parent = nullptr);
@@ -23,7 +28,14 @@ public:
 
     void setList(const QStringList &list);
 
+    TutorialEventListModel *source() const { return mSource; }
+    void setSource(TutorialEventListModel *source);
+
+Q_SIGNALS:
+    void sourceChanged();
+
 private:
     QStringList mList;
     QHash<int, QByteArray> mRoleNames;
+    QPointer<TutorialEventListModel> mSource;
 };

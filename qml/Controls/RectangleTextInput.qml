@@ -24,7 +24,9 @@ Rectangle {
         y: 2
         width: parent.width - 4
         height: parent.height - 4
+        verticalAlignment: TextInput.AlignVCenter
         selectByMouse: true
+        activeFocusOnTab: true
         focus: true
         onEditingFinished: root.editingFinished()
     }

@@ -157,7 +157,7 @@ void tst_GuidanceGeometry::everyNumberIsTaken()
     for (const int x : numbers) {
         for (const int y : numbers) {
             Motion motion;
-            const QRect host(QPoint(y, x), QSize(numbers[5], 7));
+            const QRect host(QPoint(y, x), QPoint(x, y));
             for (int tick = 0; tick < 200; ++tick)
                 motion.tick({ x, y }, host);
             const QPoint missing = restingPlace({ x, y }, motion.flips) - motion.current;

@@ -1,4 +1,5 @@
 #include "AutoPlayer.h"
+#include "EventLog.h"
 #include "HostOptions.h"
 #include "HostScenario.h"
 #include "ProgramWindows.h"
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextDocumentFragment>
 
 Q_DECLARE_METATYPE(StepCondition::Waits)
 
@@ -30,6 +32,8 @@ private Q_SLOTS:
     void condition();
     void meeting_data();
     void meeting();
+    void loggedEventIsItsCondition_data();
+    void loggedEventIsItsCondition();
     void walk_data();
     void walk();
     void stateThatHoldsAlreadyWaitsForNext();
@@ -242,6 +246,36 @@ void tst_HostScenario::meeting()
     QFETCH(QString, event);
     const QStringList fields = event.split(QLatin1Char(','));
     QTEST(isMetBy(parseCondition(condition), { fields.at(0), fields.at(1), fields.at(2) }), "met");
+}
+
+void tst_HostScenario::loggedEventIsItsCondition_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("value");
+
+    const auto row = [](const char *kind, const char *key, const char *value) {
+        QTest::newRow(kind) << QString::fromLatin1(kind) << QString::fromLatin1(key) << QString::fromLatin1(value);
+    };
+    row("click", "MainWindow/toolRectangle", "");
+    row("action", "a<b>&c", "");
+    row("windowState", "SettingsDialog", "show");
+    row("textLength", "MainWindow/nameField", "4");
+    row("checked", "MainWindow/gridCheck", "true");
+    row("mouseEvent", "MainWindow/canvas", "drag");
+}
+
+void tst_HostScenario::loggedEventIsItsCondition()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, key);
+    QFETCH(QString, value);
+    const HostEvent event = { kind, key, value };
+    const StepCondition condition =
+        parseCondition(QTextDocumentFragment::fromHtml(EventLog::line(event)).toPlainText());
+    QVERIFY(condition.understood);
+    QVERIFY(isMetBy(condition, event));
+    QVERIFY(!isMetBy(condition, { kind, key + QLatin1Char('2'), value }));
 }
 
 void tst_HostScenario::walk_data()

@@ -265,7 +265,6 @@ void TutorialItemListModelTest::idPassesToAFolder()
     ModelSession session(QStringLiteral("1 2"));
     session.load(QStringLiteral("1 2[3]"));
     session.model.refreshPartial();
-    session.model.refreshRoles();
     QCOMPARE(session.rows(), QStringLiteral("1 2[3]"));
 }
 

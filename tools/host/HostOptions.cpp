@@ -28,6 +28,7 @@ void addOptions(QCommandLineParser &parser)
         option("author", "Start trelvane-author, the authoring mode, instead."),
         option("no-program", "Start no program, wait for one that is started by hand."),
         option("program-log", "Pass the program's own log on to standard error."),
+        option("event-log", "Tell the program what the user does. --author implies it."),
         option("locale", "Language of the tutorial: ja_JP or en_US. Default: that of the system.", "locale"),
         option("tutorial", "The tutorial to play. Default: TutorialSideViewStep0; with --author none.", "name"),
         option("auto", "Play the tutorial without a user, then leave."),
@@ -104,6 +105,7 @@ HostOptions parseOptions(const QStringList &arguments)
     options.delay = readNumber(parser, QStringLiteral("delay"), options.delay, options);
     options.exitAfter = readNumber(parser, QStringLiteral("exit-after"), options.exitAfter, options);
     options.programLog = parser.isSet(QStringLiteral("program-log"));
+    options.eventLog = parser.isSet(QStringLiteral("event-log")) || parser.isSet(QStringLiteral("author"));
     options.automatic = parser.isSet(QStringLiteral("auto"));
     options.pictureFolder = parser.value(QStringLiteral("screenshots"));
 

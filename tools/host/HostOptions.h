@@ -15,6 +15,8 @@ struct HostOptions
     QString program;
     /// Whether the program's own log goes to standard error.
     bool programLog = false;
+    /// Whether the program is told what the user does, for the writer of a tutorial.
+    bool eventLog = false;
     QString locale;
     /// Empty to ask for no tutorial: the authoring mode has one of its own.
     QString tutorial;

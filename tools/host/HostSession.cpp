@@ -27,6 +27,7 @@ HostSession::HostSession(const HostOptions &options)
     : mOptions(options)
     , mWindow(&mRegistry)
     , mReporter(&mRegistry)
+    , mEventLog(&mRegistry)
     , mWalker([this](const StepCondition &condition) { return mRegistry.holds(condition); })
     , mPlayer(options, &mWalker, &mRegistry)
 {
@@ -34,7 +35,11 @@ HostSession::HostSession(const HostOptions &options)
     connect(&mLink, &HostLink::disconnected, this, &HostSession::linkEnded);
     connect(&mLink, &HostLink::received, this, &HostSession::receive);
     connect(&mReporter, &WindowReporter::message, &mLink, &HostLink::send);
+    connect(&mEventLog, &EventLog::message, &mLink, &HostLink::send);
+    connect(&mRegistry, &ControlRegistry::happened, &mEventLog, &EventLog::append);
     connect(&mReporter, &WindowReporter::moved, this, &HostSession::followTarget);
+    // The program then raises its windows over what has opened.
+    connect(&mReporter, &WindowReporter::covered, this, [this] { sendState(QStringLiteral("show")); });
     connect(&mRegistry, &ControlRegistry::happened, &mWalker, &ScenarioWalker::handleEvent);
     connect(&mWalker, &ScenarioWalker::entered, this, [this] {
         mPictureTaken = false;
@@ -110,6 +115,8 @@ QString HostSession::begin()
 void HostSession::greet()
 {
     mReporter.reportAll();
+    if (mOptions.eventLog)
+        mEventLog.start();
     mLink.send({ QStringLiteral("fromServer"), mOptions.locale });
     mLink.send({ QStringLiteral("tutorialList") });
     if (!mOptions.tutorial.isEmpty())

@@ -2,6 +2,7 @@
 
 #include "AutoPlayer.h"
 #include "ControlRegistry.h"
+#include "EventLog.h"
 #include "HostLink.h"
 #include "HostOptions.h"
 #include "MainWindow.h"
@@ -44,6 +45,7 @@ private:
     ControlRegistry mRegistry;
     MainWindow mWindow;
     WindowReporter mReporter;
+    EventLog mEventLog;
     HostLink mLink;
     ScenarioWalker mWalker;
     AutoPlayer mPlayer;

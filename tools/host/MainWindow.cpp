@@ -28,6 +28,7 @@ namespace
 constexpr QSize kWindowSize(880, 560);
 constexpr QSize kToolSize(104, 32);
 constexpr int kListRowHeight = 26;
+constexpr int kMenuWidth = 150;
 // The guidance arrow points down from above. This much room over the window lets it reach the menus.
 constexpr int kRoomAbove = 160;
 // Who types has finished a name when the keyboard rests this long.
@@ -173,6 +174,7 @@ void MainWindow::makeMenus()
 
 void MainWindow::prepareMenu(QMenu *menu, const QString &key)
 {
+    menu->setMinimumWidth(kMenuWidth);
     QAction *title = menu->menuAction();
     if (menuBar()->actions().contains(title))
         mRegistry->addArea(key, menuBar(), [this, title] { return menuBar()->actionGeometry(title); });

@@ -60,4 +60,6 @@ void WindowReporter::scanStack()
     for (int i = common; i < stack.size(); ++i)
         Q_EMIT message({ QStringLiteral("windowStack"), QStringLiteral("push"), stack.at(i) });
     mStack = stack;
+    if (common > 0 && common < stack.size())
+        Q_EMIT covered();
 }

@@ -27,6 +27,8 @@ Q_SIGNALS:
     /// A message for the program.
     void message(const QStringList &fields);
     void moved(const QString &key);
+    /// A dialog or a menu has opened over the window.
+    void covered();
 
 private:
     void scan();

@@ -1,0 +1,80 @@
+import QtQuick 2.9
+import "../Controls"
+import "../QtControls"
+import "../Singletons"
+
+/// The coordinates and the events of the host editor. Its texts belong to the
+/// dialog.
+Column {
+    id: root
+
+    property var eventModel: null
+    property alias coordinates: coordinatesField.text
+
+    signal eventChosen(string eventText)
+
+    spacing: 4
+
+    RectangleTextInput {
+        id: coordinatesField
+        objectName: "coordinates"
+        width: parent.width
+        height: 32
+    }
+
+    Rectangle {
+        width: parent.width
+        height: parent.height - coordinatesField.height - clearButton.height - 2 * root.spacing
+
+        ScrollView {
+            id: scrollView
+            x: 1
+            y: 1
+            width: parent.width - 2
+            height: parent.height - 2
+
+            Rectangle {
+                width: list.width
+                height: list.height
+                color: Theme.outsideArea
+
+                ListView {
+                    id: list
+                    objectName: "eventList"
+                    width: scrollView.viewport.width - 16
+                    height: contentHeight
+                    currentIndex: -1
+                    model: root.eventModel
+                    onCountChanged: endTimer.start()
+
+                    delegate: RichRow {
+                        view: list
+                        row: index
+                        width: list.width
+                        height: 32
+                        content.anchors.verticalCenter: verticalCenter
+                        content.text: name
+                        onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
+                    }
+                }
+            }
+        }
+    }
+
+    Button {
+        id: clearButton
+        objectName: "clearButton"
+        text: qsTranslate("TutorialEventDialog", "Clear")
+        onClicked: root.eventModel.clear()
+    }
+
+    // The list is as long as its rows, so it is the view around it that scrolls.
+    Timer {
+        id: endTimer
+        interval: 1
+        onTriggered: {
+            list.positionViewAtEnd();
+            scrollView.flickableItem.contentY = Math.max(0, list.height - scrollView.viewport.height);
+        }
+    }
+}

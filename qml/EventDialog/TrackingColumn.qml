@@ -1,0 +1,55 @@
+import QtQuick 2.9
+import "../Controls"
+import "../QtControls"
+import "../Singletons"
+
+/// The controls that the host editor tracks. Its texts belong to the dialog.
+Column {
+    id: root
+
+    property var trackingModel: null
+
+    signal controlChosen(string controlName)
+
+    spacing: 4
+
+    RectangleLabel {
+        id: caption
+        width: parent.width
+        height: contentHeight + 2
+        text: qsTranslate("TutorialEventDialog", "Tracking control")
+    }
+
+    ScrollView {
+        id: scrollView
+        width: parent.width
+        height: parent.height - caption.height - root.spacing
+
+        Rectangle {
+            width: list.width
+            height: list.height
+            color: Theme.outsideArea
+
+            ListView {
+                id: list
+                objectName: "trackingList"
+                // As wide as the widest row, so that the view can scroll to its end.
+                width: Math.max(scrollView.width - 16, contentItem.childrenRect.width)
+                height: contentHeight
+                currentIndex: -1
+                model: root.trackingModel
+
+                delegate: RichRow {
+                    view: list
+                    row: index
+                    width: Math.max(content.width + 2, scrollView.width - 16)
+                    height: content.height + 2
+                    content.x: 1
+                    content.y: 1
+                    content.text: name
+                    onDoubleClicked: root.controlChosen(name)
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,92 @@
+import QtQuick 2.9
+import Morvi.kess 1.0
+import "../Controls"
+import "../QtControls"
+import "../Singletons"
+
+/// Saving, the language, undo and redo. Its texts belong to the screen.
+Rectangle {
+    id: root
+
+    property var screen: null
+    property alias localeComboBox: locales
+
+    // Where the texts of the menu bar stand with their mnemonics.
+    function plain(text) {
+        return text.replace(/\(&\w\)|&/g, "");
+    }
+
+    height: 40 + Theme.margin
+    color: "lightgray"
+
+    Row {
+        anchors {
+            left: parent.left
+            leftMargin: Theme.margin
+            verticalCenter: parent.verticalCenter
+        }
+
+        Button {
+            objectName: "saveButton"
+            text: qsTranslate("TutorialSettingItem", "Save")
+            enabled: TutorialManager.tutorialName !== ""
+            onClicked: root.screen.save()
+        }
+    }
+
+    Row {
+        anchors {
+            right: parent.right
+            rightMargin: Theme.margin
+            verticalCenter: parent.verticalCenter
+        }
+        spacing: Theme.margin
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTranslate("TutorialSettingItem", "Translation:")
+        }
+
+        ComboBox {
+            id: locales
+
+            property bool completed: false
+
+            function showLocale() {
+                currentIndex = model.indexOf(TutorialManager.locale);
+            }
+
+            objectName: "localeComboBox"
+            anchors.verticalCenter: parent.verticalCenter
+            width: 128
+            model: root.screen.localeList
+            onCurrentTextChanged: {
+                if (completed && currentIndex >= 0 && currentText === model[currentIndex])
+                    root.screen.chooseLocale(currentText);
+            }
+            Component.onCompleted: {
+                showLocale();
+                completed = true;
+                TutorialManager.localeChanged.connect(showLocale);
+            }
+
+            WheelGuard {}
+        }
+
+        IconButton {
+            objectName: "undoButton"
+            imageSource: "../../icon/undo.png"
+            tooltip: root.plain(qsTranslate("main", "&Undo"))
+            enabled: UndoRedo.canUndo
+            onClicked: root.screen.undo()
+        }
+
+        IconButton {
+            objectName: "redoButton"
+            imageSource: "../../icon/redo.png"
+            tooltip: root.plain(qsTranslate("main", "&Redo"))
+            enabled: UndoRedo.canRedo
+            onClicked: root.screen.redo()
+        }
+    }
+}

@@ -1,0 +1,64 @@
+import QtQuick 2.9
+import "../QtControls"
+
+/// The lines of a hint, in a thin black frame. Every change of the text is told
+/// at once.
+Rectangle {
+    id: root
+
+    property alias text: edit.text
+
+    signal edited(string newText)
+
+    function show(newText) {
+        if (edit.text === newText)
+            return;
+        var position = edit.cursorPosition;
+        edit.text = newText;
+        // Who types goes on where he was.
+        if (edit.activeFocus)
+            edit.cursorPosition = Math.min(position, edit.length);
+    }
+
+    // The place to scroll to, of the two edges in sight and that of the cursor.
+    function following(position, extent, cursor, cursorExtent) {
+        if (cursor < position)
+            return Math.max(0, cursor - 4);
+        return Math.max(position, cursor + cursorExtent + 4 - extent);
+    }
+
+    function followCursor() {
+        var area = view.flickableItem;
+        var cursor = edit.cursorRectangle;
+        area.contentX = following(area.contentX, view.viewport.width, cursor.x, cursor.width);
+        area.contentY = following(area.contentY, view.viewport.height, cursor.y, cursor.height);
+    }
+
+    border.width: 1
+    border.color: "black"
+
+    ScrollView {
+        id: view
+        anchors.fill: parent
+        anchors.margins: 1
+
+        TextEdit {
+            id: edit
+            objectName: root.objectName + ".edit"
+            width: Math.max(contentWidth + 8, root.width - 24)
+            height: Math.max(contentHeight + 4, root.height - 24)
+            leftPadding: 3
+            topPadding: 2
+            selectByMouse: true
+            wrapMode: TextEdit.NoWrap
+            textFormat: TextEdit.PlainText
+            activeFocusOnTab: true
+
+            onTextChanged: root.edited(text)
+            onCursorRectangleChanged: if (activeFocus) root.followCursor()
+
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+        }
+    }
+}

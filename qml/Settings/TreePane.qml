@@ -1,0 +1,70 @@
+import QtQuick 2.9
+import "../Controls"
+
+/// The tree of tutorial items with its tool buttons. Its texts belong to the
+/// screen.
+FocusScope {
+    id: root
+
+    property var screen: null
+    property alias treeListView: tree
+    property alias toolbar: buttons
+
+    FocusScope {
+        anchors {
+            top: parent.top
+            left: parent.left
+            right: parent.right
+            bottom: buttons.top
+        }
+        focus: true
+
+        TreeListView {
+            id: tree
+            objectName: "treeListView"
+            anchors.fill: parent
+            focus: true
+            bottomToolbar: buttons
+            treeListViewTitle: qsTranslate("TutorialSettingItem", "Tutorial item list")
+            simpleDisplay: true
+            multiple: true
+        }
+    }
+
+    Rectangle {
+        id: buttons
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+        }
+        height: row.height
+        color: "lightgray"
+
+        Row {
+            id: row
+            anchors.right: parent.right
+
+            IconButton {
+                objectName: "addFolderButton"
+                imageSource: "../../icon/add_folder.png"
+                tooltip: qsTranslate("TutorialSettingItem", "Add folder")
+                onClicked: root.screen.addFolder(root.screen.itemId)
+            }
+
+            IconButton {
+                objectName: "addItemButton"
+                imageSource: "../../icon/new_data.png"
+                tooltip: qsTranslate("TutorialSettingItem", "Add item")
+                onClicked: root.screen.addItem(root.screen.itemId)
+            }
+
+            IconButton {
+                objectName: "deleteButton"
+                imageSource: "../../icon/delete.png"
+                tooltip: qsTranslate("TutorialSettingItem", "Delete")
+                onClicked: root.screen.deleteIdList(root.screen.selectedIdList)
+            }
+        }
+    }
+}

@@ -1,0 +1,64 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4
+import Morvi.kess 1.0
+
+/// The context menu of the tree of tutorial items. Its members are forwarded by
+/// the menu bar while the tree has the focus. Its texts belong to the screen.
+Menu {
+    id: root
+
+    property var screen: null
+    property Item activeFocusItem: null
+    readonly property alias addFolderMi: addFolderItem
+    readonly property alias addItemMi: addItemItem
+    readonly property alias copyMi: copyItem
+    readonly property alias cutMi: cutItem
+    readonly property alias pasteMi: pasteItem
+    readonly property alias deleteMi: deleteItem
+    readonly property bool anySelected: screen !== null && screen.selectedIdList.length > 0
+
+    title: qsTranslate("TutorialSettingItem", "Tutorial item menu")
+
+    MenuItem {
+        id: addFolderItem
+        text: qsTranslate("TutorialSettingItem", "Add folder")
+        onTriggered: root.screen.addFolder(root.screen.itemId)
+    }
+
+    MenuItem {
+        id: addItemItem
+        text: qsTranslate("TutorialSettingItem", "Add item")
+        onTriggered: root.screen.addItem(root.screen.itemId)
+    }
+
+    MenuItem {
+        id: copyItem
+        text: qsTranslate("TutorialSettingItem", "Copy")
+        enabled: root.anySelected
+        onTriggered: root.screen.copyItems()
+    }
+
+    MenuItem {
+        id: cutItem
+        text: qsTranslate("TutorialSettingItem", "Cut")
+        enabled: root.anySelected
+        onTriggered: {
+            root.screen.copyItems();
+            root.screen.deleteIdList(root.screen.selectedIdList);
+        }
+    }
+
+    MenuItem {
+        id: pasteItem
+        text: qsTranslate("TutorialSettingItem", "Paste")
+        enabled: TutorialManager.mimeType === "TutorialItemData/ItemList"
+        onTriggered: root.screen.pasteItems()
+    }
+
+    MenuItem {
+        id: deleteItem
+        text: qsTranslate("TutorialSettingItem", "Delete")
+        enabled: root.anySelected
+        onTriggered: root.screen.deleteIdList(root.screen.selectedIdList)
+    }
+}

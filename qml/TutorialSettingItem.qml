@@ -1,0 +1,331 @@
+import QtQuick 2.9
+import QtQuick.Layouts 1.3
+import Morvi.kess 1.0
+import "Controls"
+import "QtControls"
+import "Settings"
+import "Settings/jumptree.js" as JumpTree
+import "Singletons"
+
+/// The tutorial editor: the tree of items, and the settings of the selected
+/// one.
+ItemFields {
+    id: root
+
+    objectName: "TutorialSettingItem"
+
+    /// The event dialog, once it is loaded.
+    property var tutorialEventDialog: null
+    property var selectedIdList: []
+    readonly property var localeList: ["ja_JP", "en_US"]
+    readonly property alias treeListView: treePane.treeListView
+
+    function getCurrentId() {
+        return itemId;
+    }
+
+    function unload() {
+    }
+
+    function updateSelectedItem() {
+        var index = treeListView.selectedItem;
+        if (!index || !index.valid)
+            return;
+        commitEditing();
+        itemId = tutorialItemListModel.data(index, tutorialItemListModel.RoleId);
+        readItem();
+    }
+
+    /// Shows the document that has taken the place of the former one. The item
+    /// stays selected where the same tutorial was read again.
+    function showDocument() {
+        tutorialItemListModel.refresh();
+        treeListView.refresh();
+        if (!tutorialItemListModel.exists(itemId))
+            itemId = -1;
+        readItem();
+        updateJumpTreeJson();
+        treeListView.focusId = itemId;
+        treeListView.focusOn();
+    }
+
+    function updateSettings() {
+        if (!tutorialItemListModel.exists(itemId))
+            itemId = -1;
+        readItem();
+        updateJumpTreeJson();
+        if (itemId < 0) {
+            treeListView.focusId = -1;
+            treeListView.focusOn();
+        }
+    }
+
+    function updateJumpTreeJson() {
+        var treeJson = tutorialItemListModel.getTreeJson();
+        try {
+            treeJson = JumpTree.forItem(treeJson, itemId, qsTr("(Next)"));
+        } catch (error) {
+            console.log("TutorialSettingItem: " + error);
+        }
+        var alreadyUpdating = updating;
+        updating = true;
+        form.jumpButton.itemTreeJson = treeJson;
+        form.jumpNoButton.itemTreeJson = treeJson;
+        updating = alreadyUpdating;
+    }
+
+    // The rows that the model brings in line lack what only the records know,
+    // and the item that is shown may be gone.
+    function afterTreeChange() {
+        tutorialItemListModel.refreshRoles();
+        if (tutorialItemListModel.exists(itemId)) {
+            updateJumpTreeJson();
+        } else {
+            itemId = -1;
+            readItem();
+        }
+    }
+
+    // Edits of the tree
+
+    function addItem(targetId) {
+        commitEditing();
+        UndoRedo.beginSequence("addTutorialItem");
+        var id = tutorialItemListModel.addItem(targetId);
+        UndoRedo.endSequence();
+        updateJumpTreeJson();
+        treeListView.refreshPartial();
+        afterTreeChange();
+        treeListView.autoActiveFocusOneShot = true;
+        treeListView.focusId = id;
+        treeListView.focusOn();
+    }
+
+    function addFolder(targetId) {
+        commitEditing();
+        treeListView.addFolder(targetId);
+        afterTreeChange();
+    }
+
+    function deleteIdList(idList) {
+        if (idList.length === 0)
+            return;
+        commitEditing();
+        UndoRedo.beginSequence("deleteTutorialItem");
+        treeListView.deleteIdList(idList);
+        UndoRedo.endSequence();
+        afterTreeChange();
+    }
+
+    function copyItems() {
+        commitEditing();
+        TutorialManager.copyTutorialItemList(selectedIdList);
+    }
+
+    function pasteItems() {
+        commitEditing();
+        UndoRedo.beginSequence("pasteTutorialItemList");
+        var idList = TutorialManager.pasteTutorialItemList();
+        UndoRedo.endSequence();
+        treeListView.refreshPartial();
+        afterTreeChange();
+        if (idList.length > 0)
+            treeListView.setSelectedIdList(idList);
+    }
+
+    function changeName(sequence, index, name) {
+        UndoRedo.beginSequence(sequence);
+        tutorialItemListModel.changeItemName(index, name);
+        UndoRedo.endSequence();
+        updateJumpTreeJson();
+    }
+
+    // The tree calls this when a name was typed into a row.
+    function onTextChanged(index, text) {
+        var newText = tutorialItemListModel.getValidName(text);
+        if (newText === text) {
+            changeName("changeSceneName", index, text);
+            return;
+        }
+        // The row may stand elsewhere, or be gone, by the time of the answer.
+        var id = tutorialItemListModel.data(index, tutorialItemListModel.RoleId);
+        nameChangeDialog.dialogNameChange(text, newText, function() {
+            if (!tutorialItemListModel.exists(id))
+                return;
+            changeName("changeName", tutorialItemListModel.getModelIndexById(id), newText);
+            tutorialItemListModel.refreshPartial();
+        });
+    }
+
+    // What the bottom area does
+
+    function save() {
+        // A name that is being typed into a row is handed over with the focus.
+        applicationWindow.commitEditing();
+        var error = TutorialManager.save();
+        if (error !== "")
+            applicationWindow.alert(error);
+        return error === "";
+    }
+
+    function undo() {
+        commitEditing();
+        UndoRedo.undo();
+    }
+
+    function redo() {
+        commitEditing();
+        UndoRedo.redo();
+    }
+
+    function chooseLocale(locale) {
+        if (locale === TutorialManager.locale)
+            return;
+        commitEditing();
+        if (!TutorialManager.modified) {
+            changeLocale(locale);
+            return;
+        }
+        var question = qsTr("The tutorial is needed to be reloaded to apply the translation.\n"
+                            + "Do you save tutorial?");
+        applicationWindow.confirm(null, question, function(result) {
+            if (result === 1 && save())
+                changeLocale(locale);
+            else
+                bottomArea.localeComboBox.showLocale();
+        }, root);
+    }
+
+    function changeLocale(locale) {
+        TutorialManager.locale = locale;
+        applicationWindow.reloadTutorial();
+    }
+
+    model: tutorialItemListModel
+    form: settingsForm
+    itemId: selectedIdList.length === 1 ? selectedIdList[0] : -1
+
+    onItemIdChanged: updateJumpTreeJson()
+
+    Keys.onPressed: {
+        if (event.key === Qt.Key_F4) {
+            if (!folder)
+                captureCursor();
+            event.accepted = true;
+        } else if (event.key === Qt.Key_X) {
+            console.log("Ignore cut");
+            event.accepted = true;
+        }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        onPressed: root.forceActiveFocus()
+    }
+
+    SplitView {
+        anchors {
+            top: parent.top
+            left: parent.left
+            right: parent.right
+            bottom: bottomArea.top
+        }
+        orientation: Qt.Horizontal
+        enabled: TutorialManager.tutorialName !== ""
+
+        TreePane {
+            id: treePane
+            width: 220
+            Layout.minimumWidth: 200
+            screen: root
+            treeListView.treeListModel: tutorialItemListModel
+            treeListView.contextMenu: itemMenu
+            treeListView.updateSelectedItem: root.updateSelectedItem
+            treeListView.onTextChanged: root.onTextChanged
+        }
+
+        Item {
+            Layout.fillWidth: true
+            Layout.minimumWidth: 200
+            enabled: root.itemId >= 0 && !root.folder
+
+            SettingsForm {
+                id: settingsForm
+                anchors.fill: parent
+                anchors.margins: Theme.margin
+                screen: root
+                title: qsTr("Settings") + " #" + root.itemId
+            }
+        }
+    }
+
+    BottomArea {
+        id: bottomArea
+        anchors {
+            left: parent.left
+            right: parent.right
+            bottom: parent.bottom
+        }
+        screen: root
+    }
+
+    TutorialItemMenu {
+        id: itemMenu
+        screen: root
+    }
+
+    TutorialItemListModel {
+        id: tutorialItemListModel
+        onErrorOccurred: {
+            alertDialog.text = message;
+            alertDialog.open();
+        }
+    }
+
+    AlertDialog {
+        id: alertDialog
+    }
+
+    NameChangeDialog {
+        id: nameChangeDialog
+    }
+
+    // In place of Connections, whose handlers Qt 5.15 wants in a form that older
+    // releases don't know.
+    Component.onCompleted: {
+        treeListView.selectedItemChanged.connect(updateSelectedItem);
+        treeListView.selectedIdListChanged.connect(function(idList) {
+            selectedIdList = idList;
+            updateSelectedItem();
+        });
+        treeListView.itemDoubleClicked.connect(function(id) {
+            commitEditing();
+            TutorialManager.startFromId(id);
+        });
+        treeListView.itemUpdated.connect(afterTreeChange);
+        treeListView.treeItemMoved.connect(afterTreeChange);
+        TutorialManager.jumpLinkChanged.connect(function() {
+            tutorialItemListModel.refreshPartial();
+            tutorialItemListModel.refreshRoles();
+            updateSettings();
+        });
+        TutorialManager.documentReplaced.connect(showDocument);
+        TutorialManager.actionIdChanged.connect(function(actionId) {
+            treeListView.focusId = actionId;
+            treeListView.focusOn();
+        });
+    }
+
+    onTutorialEventDialogChanged: {
+        if (!tutorialEventDialog)
+            return;
+        tutorialEventDialog.eventUpdateRequested.connect(function(eventText) {
+            if (!folder)
+                condition = eventText;
+        });
+        tutorialEventDialog.controlNameUpdateRequested.connect(function(controlName) {
+            if (!folder)
+                takeWindowKey(controlName);
+        });
+    }
+}

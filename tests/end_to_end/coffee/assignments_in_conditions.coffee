@@ -1,0 +1,4 @@
+if (m = re.exec s)?
+  m[1]
+while (line = next())
+  use line

@@ -1,0 +1,5 @@
+$ "#list"
+  .find "li"
+  .filter (i) -> i % 2
+  .addClass "odd"
+  .end()

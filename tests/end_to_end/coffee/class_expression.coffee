@@ -1,0 +1,5 @@
+Widget = class extends Base.Part
+  draw: (canvas) =>
+    super canvas
+    canvas.fill @
+make = (Parent) -> class then mixed: true

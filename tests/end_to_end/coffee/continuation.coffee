@@ -1,0 +1,8 @@
+sum = a +
+  b -
+  c
+text = "a" +
+  "b"
+long = first and
+  second or
+  third

@@ -1,0 +1,4 @@
+delete a.b
+delete a[b]
+typeof a.b
+-> undefined

@@ -1,0 +1,5 @@
+hi = `function() {
+  return [document.title, "Hello"].join(": ");
+}`
+x = `a /* comment */ + b`
+`var raw = 1;`

@@ -1,0 +1,4 @@
+class A
+  @b: => @c
+  constructor: => 1
+  constructor: -> 2

@@ -1,0 +1,2 @@
+f = ->
+  undeclared ?= 1

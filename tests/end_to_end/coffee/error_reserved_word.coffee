@@ -1,0 +1,1 @@
+function = 3

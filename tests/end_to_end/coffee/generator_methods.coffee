@@ -1,0 +1,5 @@
+class Walker
+  each: ->
+    for item in @items
+      yield item
+    return

@@ -1,0 +1,11 @@
+html = """
+       <b>
+         "#{title}"
+       </b>
+       """
+poem = '''
+  one
+    two
+  three
+'''
+empty = """"""

@@ -1,0 +1,7 @@
+pattern = ///
+  ^ \s* (\d+)      # digits
+  [ \# / ]
+  (?: #{word} )+   # a word
+///gi
+simple = /a\/[/b]\d+/m
+divided = a / b / c

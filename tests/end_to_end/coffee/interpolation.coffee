@@ -1,0 +1,6 @@
+name = "World"
+a = "Hello #{name}"
+b = "1 + 1 = #{1 + 1}, #{ "nested #{name + "!"}" }"
+c = "#{}"
+d = "#{a}#{b}"
+e = "escaped \#{no}"

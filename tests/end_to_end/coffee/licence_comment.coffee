@@ -1,0 +1,4 @@
+###
+@preserve Unicode: ©, あ
+###
+module.exports = {}

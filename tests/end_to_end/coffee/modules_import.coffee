@@ -1,0 +1,5 @@
+import "side"
+import fs from "fs"
+import * as path from "path"
+import { readFile, writeFile as write } from "fs"
+import main, { other } from "./lib"

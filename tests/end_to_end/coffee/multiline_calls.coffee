@@ -1,0 +1,6 @@
+call(
+  first
+  second, third
+  ->
+    inner()
+)

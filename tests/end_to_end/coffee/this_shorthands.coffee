@@ -1,0 +1,5 @@
+@x = 1
+@y.z @w
+@[key] = @::proto
+f = -> @
+g = => @value

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QHash>
+#include <QStringList>
+#include <QtTest>
+
+/// Makes a test fail for a warning that it did not announce, and for one that it announced and that
+/// did not come. Debug lines are dropped.
+///
+///     void init() { mWarnings.begin(); }
+///     void cleanup() { mWarnings.end(); }
+///     ...
+///     mWarnings.expect(QStringLiteral("Failed to open"));
+class WarningGuard
+{
+public:
+    void begin()
+    {
+        mExpected.clear();
+        mUnexpected.clear();
+        current() = this;
+        mPrevious = qInstallMessageHandler(handle);
+    }
+
+    void end()
+    {
+        qInstallMessageHandler(mPrevious);
+        current() = nullptr;
+        if (!mUnexpected.isEmpty())
+            QTest::qFail(qPrintable(QLatin1String("unexpected: ") + mUnexpected.first()), __FILE__, __LINE__);
+        else if (!mExpected.isEmpty())
+            QTest::qFail(qPrintable(QLatin1String("not warned of: ") + mExpected.first()), __FILE__, __LINE__);
+    }
+
+    /// The next warning that holds this text is expected; each call stands for one warning.
+    void expect(const QString &part, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            mExpected.append(part);
+    }
+
+private:
+    static WarningGuard *&current()
+    {
+        static WarningGuard *guard = nullptr;
+        return guard;
+    }
+
+    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
+    {
+        WarningGuard *guard = current();
+        // The offscreen platform says this of each window that is raised.
+        if (type == QtDebugMsg || message.startsWith(QLatin1String("This plugin does not support")))
+            return;
+        if (type == QtWarningMsg && guard) {
+            for (int i = 0; i < guard->mExpected.size(); ++i) {
+                if (message.contains(guard->mExpected.at(i))) {
+                    guard->mExpected.removeAt(i);
+                    return;
+                }
+            }
+            guard->mUnexpected.append(message);
+        }
+        if (guard && guard->mPrevious)
+            guard->mPrevious(type, context, message);
+    }
+
+    QStringList mExpected;
+    QStringList mUnexpected;
+    QtMessageHandler mPrevious = nullptr;
+};
