@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4
+import QtQuick.Window 2.2
 import Qt.labs.settings 1.0
 import Morvi.kess 1.0
 import "Controls"
@@ -134,10 +135,13 @@ ApplicationWindow {
         // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
             y = 64;
+        // At the first start, and never larger than the screen with the frame.
         if (width === 1)
-            width = 966;
-        if (height === 1)
-            height = 788;
+            width = Math.min(966, Screen.desktopAvailableWidth - 16);
+        if (height === 1) {
+            height = Math.min(788, Screen.desktopAvailableHeight - 48);
+            y = 32;
+        }
         menuBar = menuBarComponent.createObject(applicationWindow);
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");

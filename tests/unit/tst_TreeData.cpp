@@ -142,7 +142,7 @@ void tst_TreeData::findsRecordsWhileTheListChanges()
     Data data;
     QList<NameData *> &list = data.mDataList;
     const int idCount = 12;
-    for (int step = 0; step < 5000; ++step) {
+    for (int step = 0; step < 2000; ++step) {
         const int size = list.size();
         switch (random.bounded(size > 20 ? 6 : 4)) {
         case 0:
@@ -225,7 +225,7 @@ void tst_TreeData::findsNodesWhileTheTreeChanges()
     TreeDataTemplate<TutorialItemData> data;
     data.mRoot = Item(-1, true);
     int lastId = 0;
-    for (int step = 0; step < 1500; ++step) {
+    for (int step = 0; step < 400; ++step) {
         QList<int> ids;
         data.mRoot.visitAll([&ids](const Item &item) { ids.append(item.mId); });
         const int id = ids.at(random.bounded(ids.size()));
