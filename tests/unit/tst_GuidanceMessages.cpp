@@ -25,18 +25,16 @@ T *findWindow()
 QString seen()
 {
     const auto *indicator = findWindow<TutorialIndicator>();
-    const QVector<QPair<const QWidget *, char>> windows = {
-        { findWindow<TutorialTooltip>(), 't' },
-        { indicator ? indicator->mNextButton : nullptr, 'n' },
-        { indicator ? indicator->mYesButton : nullptr, 'y' },
-        { indicator ? indicator->mNoButton : nullptr, 'o' },
-        { findWindow<TutorialLog>(), 'l' },
-        { findWindow<EditorTooltip>(), 'e' },
-    };
+    const QWidget *const windows[] = { findWindow<TutorialTooltip>(),
+                                       indicator ? indicator->mNextButton : nullptr,
+                                       indicator ? indicator->mYesButton : nullptr,
+                                       indicator ? indicator->mNoButton : nullptr,
+                                       findWindow<TutorialLog>(),
+                                       findWindow<EditorTooltip>() };
     QString letters;
-    for (const auto &window : windows) {
-        if (window.first && window.first->isVisible())
-            letters += QLatin1Char(window.second);
+    for (int i = 0; i < 6; ++i) {
+        if (windows[i] && windows[i]->isVisible())
+            letters += QLatin1Char("tnyole"[i]);
     }
     return letters;
 }
