@@ -7,7 +7,6 @@
 #include "Tutorial/TutorialManager.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSettings>
@@ -59,27 +58,19 @@ public:
 
     bool accept()
     {
-        if (mServer.waitForNewConnection(10000))
-            mSocket.reset(mServer.nextPendingConnection());
-        return mSocket != nullptr;
+        const bool came = mServer.waitForNewConnection(10000);
+        mSocket.reset(mServer.nextPendingConnection());
+        return came;
     }
 
-    void send(const QByteArray &bytes)
+    /// The fields of the next message; empty when none comes.
+    QStringList next()
     {
-        mSocket->write(bytes);
-        while (mSocket->bytesToWrite() > 0 && mSocket->waitForBytesWritten(1000)) { }
-    }
-
-    /// The fields of the next message that is no "alive"; empty when none comes.
-    QStringList next(int timeout = 5000)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (mMessages.isEmpty() && timer.elapsed() < timeout) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        const bool came = QTest::qWaitFor([this] {
             mMessages += mReader.read(mSocket->readAll());
-        }
-        return mMessages.isEmpty() ? QStringList() : mMessages.takeFirst().split(QChar(1));
+            return !mMessages.isEmpty();
+        });
+        return came ? mMessages.takeFirst().split(QChar(1)) : QStringList();
     }
 
     /// That nothing was sent before a message that is asked for now.
@@ -96,14 +87,6 @@ private:
     HostRecordReader mReader;
     QStringList mMessages;
 };
-
-inline QByteArray record(const QList<QByteArray> &messages)
-{
-    QByteArray bytes("0");
-    for (QByteArray message : messages)
-        bytes += '\x02' + message.replace('|', '\x01');
-    return bytes + '\0';
-}
 
 /// The two, made anew for each test function.
 class Link
@@ -126,7 +109,6 @@ public:
         mManager.reset();
         mHost.reset();
         qDeleteAll(qApp->findChildren<QTranslator *>());
-        rootObject = nullptr;
         mWarnings.end();
     }
 
@@ -157,9 +139,8 @@ public:
 private:
     QByteArray mProgram;
     QByteArray mSuffix;
-    QByteArray mFurther = "further";
-    int mCount = 3;
-    char *mArguments[4] = { mProgram.data(), mSuffix.data(), mFurther.data(), nullptr };
+    int mCount = 2;
+    char *mArguments[3] = { mProgram.data(), mSuffix.data(), nullptr };
     QApplication mApplication;
 };
 } // namespace ManagerFixture

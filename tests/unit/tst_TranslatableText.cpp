@@ -20,11 +20,6 @@ QString lookUp(const QString &context, const QString &source)
     };
     return translations.value(source, context + QLatin1Char('/') + source);
 }
-
-QString repeated(const char *part, int times)
-{
-    return QString::fromLatin1(part).repeated(times);
-}
 } // namespace
 
 class tst_TranslatableText : public QObject
@@ -35,17 +30,14 @@ private Q_SLOTS:
     void init() { mWarnings.begin(); }
     void cleanup() { mWarnings.end(); }
 
-    void escapes_data();
     void escapes();
     void readsExpressions_data();
     void readsExpressions();
     void reportsFailures_data();
     void reportsFailures();
-    void replacesInAScenario_data();
-    void replacesInAScenario();
+    void replaces_data();
+    void replaces();
     void goesOnBehindAFailedPass();
-    void replacesInTheList_data();
-    void replacesInTheList();
     void survivesHostileDepth_data();
     void survivesHostileDepth();
 
@@ -53,159 +45,111 @@ private:
     WarningGuard mWarnings;
 };
 
-void tst_TranslatableText::escapes_data()
-{
-    QTest::addColumn<QString>("plain");
-    QTest::addColumn<QString>("escaped");
-    QTest::addColumn<QString>("unescaped");
-
-    const auto row = [](const char *tag, const char *plain, const char *escaped, const char *unescaped) {
-        QTest::newRow(tag) << text(plain) << text(escaped) << text(unescaped);
-    };
-    row("empty", "", "", "");
-    row("plain", "次へ", "次へ", "次へ");
-    row("quote", "a\"b", "a\\\"b", "a\"b");
-    row("backslash and letter", "a\\nb", "a\\\\nb", "anb");
-    row("two backslashes", "\\\\", "\\\\\\\\", "\\");
-    row("backslash and line feed", "a\\\nb", "a\\\\\nb", "a\nb");
-    row("backslash at the end", "a\\", "a\\\\", "a\\");
-}
-
 void tst_TranslatableText::escapes()
 {
-    QFETCH(QString, plain);
-    QFETCH(QString, escaped);
-    QFETCH(QString, unescaped);
-    QCOMPARE(TranslatableText::escapeString(plain), escaped);
-    QCOMPARE(TranslatableText::unescapeString(plain), unescaped);
-    QCOMPARE(TranslatableText::unescapeString(escaped), plain);
+    for (const char *plain : { "", "次へ", "a\"b", "a\\nb", "\\\\", "a\\\nb", "a\\" })
+        QCOMPARE(TranslatableText::unescapeString(TranslatableText::escapeString(text(plain))), text(plain));
+    QCOMPARE(TranslatableText::escapeString(text("a\"\\\nb")), text("a\\\"\\\\\nb"));
+    QCOMPARE(TranslatableText::unescapeString(text("a\\nb\\")), text("anb\\"));
 }
 
 void tst_TranslatableText::readsExpressions_data()
 {
-    QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("literal");
     QTest::addColumn<QString>("rest");
 
-    const auto row = [](const char *tag, const char *source, const char *literal, const char *rest) {
-        QTest::newRow(tag) << text(source) << text(literal) << text(rest);
+    const auto row = [](const char *source, const char *literal, const char *rest = "") {
+        QTest::newRow(source) << text(literal) << text(rest);
     };
-    row("nothing", "", "", "");
-    row("plain literal", "\"abc\", x", "\"abc\"", ", x");
-    row("empty literal", "\"\"x", "\"\"", "x");
-    row("literal with escapes", "\"a\\\"b\\n\"x", "\"a\\\"b\\n\"", "x");
-    row("escaped backslash does not end a literal", "\"a\\\\\" \"", "\"a\\\\\" \"", "");
-    row("literal takes no arguments", "\"%1\".arg(\"x\")", "\"%1\"", ".arg(\"x\")");
+    row("", "");
+    row("\"abc\", x", "\"abc\"", ", x");
+    row("\"a\\\"b\\n\"x", "\"a\\\"b\\n\"", "x");
+    row("\"a\\\\\" \"", "\"a\\\\\" \"");
+    row("\"%1\".arg(\"x\")", "\"%1\"", ".arg(\"x\")");
 
-    row("translated", "qsTr(\"#1\"),", "\"次へ\"", ",");
-    row("not translated", "qsTr(\"#2\")", "\"c/#2\"", "");
-    row("empty source", "qsTr(\"\")", "\"c/\"", "");
-    row("translation with escapes", "qsTr(\"quote\")", "\"a \\\"b\\\" \\\\c\"", "");
-    row("translation with a line feed", "qsTr(\"line\")", "\"a\nb\"", "");
-    row("empty translation", "qsTr(\"empty\")", "\"\"", "");
-    row("source is looked up without its escapes", "qsTr(\"a\\\"b\")", "\"c/a\\\"b\"", "");
-    row("escaped quote in front of the end", "qsTr(\"(\\\")\")", "\"c/(\\\\\"", "\")");
+    row("qsTr(\"#1\"),", "\"次へ\"", ",");
+    row("qsTr(\"quote\")", "\"a \\\"b\\\" \\\\c\"");
+    row("qsTr(\"line\")", "\"a\nb\"");
+    row("qsTr(\"empty\")", "\"\"");
+    row("qsTr(\"a\\\"b\")", "\"c/a\\\"b\"");
+    row("qsTr(\"(\\\")\")", "\"c/(\\\\\"", "\")");
 
-    row("context with blank", "QT_TRANSLATE_NOOP(\"ctx\", \"src\")!", "\"ctx/src\"", "!");
-    row("context without blank", "QT_TRANSLATE_NOOP(\"ctx\",\"src\")!", "\"ctx/src\"", "!");
-    row("empty context", "QT_TRANSLATE_NOOP(\"\", \"src\")", "\"/src\"", "");
-    row("context is taken as it stands", "QT_TRANSLATE_NOOP(\"a\\b\", \"#9\")", "\"a\\\\b/#9\"", "");
-    row("separator with the blank is preferred", "QT_TRANSLATE_NOOP(\"a\",\"b\", \"c\")", "\"a\\\",\\\"b/c\"", "");
+    row("QT_TRANSLATE_NOOP(\"ctx\", \"src\")!", "\"ctx/src\"", "!");
+    row("QT_TRANSLATE_NOOP(\"a\\b\",\"#9\")", "\"a\\\\b/#9\"");
+    row("QT_TRANSLATE_NOOP(\"a\",\"b\", \"c\")", "\"a\\\",\\\"b/c\"");
+    row("QT_TRANSLATE_NOOP(\"k\",\"%1\").arg(\"x\")", "\"k/x\"");
 
-    row("argument", "qsTr(\"Step %1\").arg(\"2\").", "\"c/Step 2\"", ".");
-    row("arguments from left to right", "qsTr(\"a %1 %2\").arg(\"x\").arg(qsTr(\"#1\"))", "\"c/a x 次へ\"", "");
-    row("places in the translation", "qsTr(\"two %1 %2\").arg(\"x\").arg(\"y\")", "\"y x\"", "");
-    row("argument in an argument", "qsTr(\"%1\").arg(qsTr(\"%1\").arg(\"x\"))", "\"c/c/x\"", "");
-    row("a place that an argument brings", "qsTr(\"%1 %2\").arg(\"%2\").arg(\"y\")", "\"c/y y\"", "");
-    row("escapes in an argument stay", "qsTr(\"%1\").arg(\"a\\\"b\")", "\"c/a\\\"b\"", "");
-    row("arguments of a NOOP", "QT_TRANSLATE_NOOP(\"k\",\"%1\").arg(\"x\")", "\"k/x\"", "");
+    row("qsTr(\"a %1 %2\").arg(\"x\").arg(qsTr(\"#1\")).", "\"c/a x 次へ\"", ".");
+    row("qsTr(\"two %1 %2\").arg(\"x\").arg(\"y\")", "\"y x\"");
+    row("qsTr(\"%1\").arg(qsTr(\"%1\").arg(\"x\"))", "\"c/c/x\"");
+    row("qsTr(\"%1 %2\").arg(\"%2\").arg(\"y\")", "\"c/y y\"");
 }
 
 void tst_TranslatableText::readsExpressions()
 {
-    QFETCH(QString, source);
     QFETCH(QString, literal);
     QFETCH(QString, rest);
     QString behind = QStringLiteral("left from before");
     QStringList errors;
-    QCOMPARE(TranslatableText::parseStringExpression(source, text("c"), lookUp, behind, errors), literal);
+    QCOMPARE(TranslatableText::parseStringExpression(text(QTest::currentDataTag()), text("c"), lookUp, behind, errors),
+             literal);
     QCOMPARE(behind, rest);
     QCOMPARE(errors, QStringList());
 }
 
 void tst_TranslatableText::reportsFailures_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("literal");
-    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<QString>("expected");
 
-    const auto row = [](const char *tag, const char *source, const char *literal, const QStringList &errors) {
-        QTest::newRow(tag) << text(source) << text(literal) << errors;
-    };
-    row("no end of a literal", "\"abc", "\"abc", { text("unterminated \"...\": \"abc") });
-    row("end of a literal escaped", "\"abc\\\"", "\"abc\\\"", { text("unterminated \"...\": \"abc\\\"") });
-    row("no end of a call", "qsTr(\"abc\" )", "qsTr(\"abc\" )", { text("not matched qsTr(\"...\"): qsTr(\"abc\" )") });
-    row("no end of a NOOP", "QT_TRANSLATE_NOOP(\"a\", \"b", "QT_TRANSLATE_NOOP(\"a\", \"b",
-        { text("not matched QT_TRANSLATE_NOOP(\"...\"): QT_TRANSLATE_NOOP(\"a\", \"b") });
-    row("no separator", "QT_TRANSLATE_NOOP(\"a\") x", "QT_TRANSLATE_NOOP(\"a\") x",
-        { text("not found \", \" or \",\": QT_TRANSLATE_NOOP(\"a\") x") });
-    row("separator with two blanks", "QT_TRANSLATE_NOOP(\"a\",  \"b\")", "QT_TRANSLATE_NOOP(\"a\",  \"b\")",
-        { text("not found \", \" or \",\": QT_TRANSLATE_NOOP(\"a\",  \"b\")") });
-    row("no known form", "tr(\"a\")", "tr(\"a\")", { text("unable to parse as string: tr(\"a\")") });
-    row("blank in front", " \"a\"", " \"a\"", { text("unable to parse as string:  \"a\"") });
-    row("wrong case", "qstr(\"a\")", "qstr(\"a\")", { text("unable to parse as string: qstr(\"a\")") });
-    row("argument not closed", "qsTr(\"a %1\").arg(\"b\" ) lost", "\"c/a b\"",
-        { text("not closed .arg(: .arg(\"b\" ) lost") });
-    row("second argument not closed", "qsTr(\"a %1 %2\").arg(\"b\").arg(\"d\"", "\"c/a b d\"",
-        { text("not closed .arg(: .arg(\"d\"") });
-    row("argument without an end", "qsTr(\"a %1\").arg(\"b)", "\"c/a b\"",
-        { text("unterminated \"...\": \"b)"), text("not closed .arg(: .arg(\"b)") });
-    row("argument of no known form", "qsTr(\"a %1\").arg(12)", "\"c/a 2\"",
-        { text("unable to parse as string: 12)"), text("not closed .arg(: .arg(12)") });
-    row("no argument", "qsTr(\"a %1\").arg(", "\"c/a \"", { text("not closed .arg(: .arg(") });
+    // What was read in front of the failure, and each error.
+    const auto row = [](const char *source, const char *expected) { QTest::newRow(source) << text(expected); };
+    row("\"a\\\"", "\"a\\\"|unterminated \"...\": \"a\\\"");
+    row("qsTr(\"a\" )", "qsTr(\"a\" )|not matched qsTr(\"...\"): qsTr(\"a\" )");
+    row("QT_TRANSLATE_NOOP(\"a", "QT_TRANSLATE_NOOP(\"a|not matched QT_TRANSLATE_NOOP(\"...\"): QT_TRANSLATE_NOOP(\"a");
+    row("QT_TRANSLATE_NOOP(\"a\",  \"b\")",
+        "QT_TRANSLATE_NOOP(\"a\",  \"b\")|not found \", \" or \",\": QT_TRANSLATE_NOOP(\"a\",  \"b\")");
+    row(" \"a\"", " \"a\"|unable to parse as string:  \"a\"");
+    row("qsTr(\"%1 %2\").arg(\"b\").arg(\"d\" ) lost", "\"c/b d\"|not closed .arg(: .arg(\"d\" ) lost");
+    row("qsTr(\"%1\").arg(\"b)", "\"c/b\"|unterminated \"...\": \"b)|not closed .arg(: .arg(\"b)");
+    row("qsTr(\"%1\").arg(", "\"c/\"|not closed .arg(: .arg(");
 }
 
 void tst_TranslatableText::reportsFailures()
 {
-    QFETCH(QString, source);
-    QFETCH(QString, literal);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, expected);
     QString rest = QStringLiteral("left from before");
     QStringList errors;
-    QCOMPARE(TranslatableText::parseStringExpression(source, text("c"), lookUp, rest, errors), literal);
-    QCOMPARE(errors, expected);
+    const QString literal =
+        TranslatableText::parseStringExpression(text(QTest::currentDataTag()), text("c"), lookUp, rest, errors);
+    QCOMPARE(literal + QLatin1Char('|') + errors.join(QLatin1Char('|')), expected);
     QCOMPARE(rest, QString());
 }
 
-void tst_TranslatableText::replacesInAScenario_data()
+void tst_TranslatableText::replaces_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("scenario");
+    QTest::addColumn<QString>("list");
 
-    const auto row = [](const char *tag, const char *source, const char *expected) {
-        QTest::newRow(tag) << text(source) << text(expected);
+    const auto row = [](const char *source, const char *scenario, const char *list) {
+        QTest::newRow(source) << text(scenario) << text(list);
     };
-    row("nothing", "", "");
-    row("no marker", "[1, \"#1\"]", "[1, \"#1\"]");
-    row("line feeds at the end go", "\n[\n]\n\n", "\n[\n]");
-    row("other blanks at the end stay", "[]\n \n", "[]\n ");
-    row("carriage returns at the end stay", "[]\r\n", "[]\r");
-    row("several", "[qsTr(\"#1\"),qsTr(\"x\")]", "[\"次へ\",\"c/x\"]");
-    row("side by side", "qsTr(\"#1\")qsTr(\"#1\")", "\"次へ\"\"次へ\"");
-    row("both forms", "[QT_TRANSLATE_NOOP(\"k\",\"a\"), qsTr(\"#1\")]", "[\"k/a\", \"次へ\"]");
-    row("blank in the marker", "[qsTr( \"x\"), qsTr (\"x\")]", "[qsTr( \"x\"), qsTr (\"x\")]");
-    row("quote of another kind", "[qsTr('x')]", "[qsTr('x')]");
-    row("marker in a translation", "[qsTr(\"marker\"),qsTr(\"#1\")]",
-        "[\"qsTr(\\\"#1\\\") QT_TRANSLATE_NOOP(\\\"x\\\", \\\"#1\\\")\",\"次へ\"]");
-    row("within a longer name", "[myqsTr(\"#1\")]", "[my\"次へ\"]");
+    row("\n[]\r\n\n", "\n[]\r", "\n[]\r\n\n");
+    row("[qsTr(\"#1\"), qsTr(\"x\")]", "[\"次へ\", \"c/x\"]", "[\"次へ\", \"c/x\"]");
+    row("qsTr(\"#1\")qsTr(\"#1\")", "\"次へ\"\"次へ\"", "\"次へ\"qsTr(\"#1\")");
+    row("[QT_TRANSLATE_NOOP(\"k\",\"a\")]", "[\"k/a\"]", "[QT_TRANSLATE_NOOP(\"k\",\"a\")]");
+    row("[qsTr( \"x\"), qsTr('x')]", "[qsTr( \"x\"), qsTr('x')]", "[qsTr( \"x\"), qsTr('x')]");
+    row("qsTr(\"marker\")", "\"qsTr(\\\"#1\\\") QT_TRANSLATE_NOOP(\\\"x\\\", \\\"#1\\\")\"",
+        "\"qsTr(\\\"#1\\\") QT_TRANSLATE_NOOP(\\\"x\\\", \\\"#1\\\")\"");
 }
 
-void tst_TranslatableText::replacesInAScenario()
+void tst_TranslatableText::replaces()
 {
-    QFETCH(QString, source);
-    QFETCH(QString, expected);
+    QFETCH(QString, scenario);
+    QFETCH(QString, list);
+    const QString source = text(QTest::currentDataTag());
     QStringList errors;
-    QCOMPARE(TranslatableText::applyToScenario(source, text("c"), lookUp, errors), expected);
+    QCOMPARE(TranslatableText::applyToScenario(source, text("c"), lookUp, errors), scenario);
+    QCOMPARE(TranslatableText::applyToList(source, text("c"), lookUp, errors), list);
     QCOMPARE(errors, QStringList());
 }
 
@@ -218,36 +162,6 @@ void tst_TranslatableText::goesOnBehindAFailedPass()
         errors);
     QCOMPARE(result, text("\"次へ\" \"c/x1\""));
     QCOMPARE(errors.size(), 1);
-
-    errors.clear();
-    QCOMPARE(TranslatableText::applyToScenario(text("QT_TRANSLATE_NOOP(\"k\", \"s\") qsTr(\"open"), text("c"), lookUp,
-                                               errors),
-             text("\"k/s\" qsTr(\"open"));
-    QCOMPARE(errors, QStringList{ text("not matched qsTr(\"...\"): qsTr(\"open") });
-}
-
-void tst_TranslatableText::replacesInTheList_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("expected");
-
-    const auto row = [](const char *tag, const char *source, const char *expected) {
-        QTest::newRow(tag) << text(source) << text(expected);
-    };
-    row("several", "[{\"a\": qsTr(\"#1\")}, {\"a\": qsTr(\"x\")}]\n", "[{\"a\": \"次へ\"}, {\"a\": \"c/x\"}]\n");
-    row("two characters are skipped", "qsTr(\"#1\"), qsTr(\"#1\")", "\"次へ\", \"次へ\"");
-    row("side by side", "qsTr(\"#1\")qsTr(\"#1\")", "\"次へ\"qsTr(\"#1\")");
-    row("the other form stays", "[QT_TRANSLATE_NOOP(\"k\",\"a\")]", "[QT_TRANSLATE_NOOP(\"k\",\"a\")]");
-    row("at the end", "qsTr(\"#1\")", "\"次へ\"");
-}
-
-void tst_TranslatableText::replacesInTheList()
-{
-    QFETCH(QString, source);
-    QFETCH(QString, expected);
-    QStringList errors;
-    QCOMPARE(TranslatableText::applyToList(source, text("c"), lookUp, errors), expected);
-    QCOMPARE(errors, QStringList());
 }
 
 void tst_TranslatableText::survivesHostileDepth_data()
@@ -256,12 +170,15 @@ void tst_TranslatableText::survivesHostileDepth_data()
     QTest::addColumn<bool>("readable");
 
     const auto nested = [](int depth) -> QString {
-        return repeated("qsTr(\"%1\").arg(", depth) + QStringLiteral("\"x\"") + repeated(")", depth);
+        return QString(QLatin1String("qsTr(\"%1\").arg(")).repeated(depth) + QStringLiteral("\"x\"")
+            + QString(depth, QLatin1Char(')'));
     };
     QTest::newRow("deep") << nested(100) << true;
     QTest::newRow("deeper than anybody writes") << nested(100000) << false;
-    QTest::newRow("never closed") << repeated("qsTr(\"%1\").arg(", 5000) << false;
-    QTest::newRow("long chain") << QString(QStringLiteral("qsTr(\"a\")") + repeated(".arg(\"x\")", 1000)) << true;
+    QTest::newRow("never closed") << QString(QLatin1String("qsTr(\"%1\").arg(")).repeated(5000) << false;
+    QTest::newRow("long chain") << QString(QStringLiteral("qsTr(\"a\")")
+                                           + QString(QLatin1String(".arg(\"x\")")).repeated(1000))
+                                << true;
 }
 
 void tst_TranslatableText::survivesHostileDepth()
