@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4
+import QtQuick.Window 2.2
 import Qt.labs.settings 1.0
 import Morvi.kess 1.0
 import "Controls"
@@ -57,7 +58,6 @@ ApplicationWindow {
 
     function openTutorial() {
         var dialog = tutorialSelectComponent.createObject(applicationWindow);
-        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
@@ -67,6 +67,8 @@ ApplicationWindow {
                 alert(qsTr("Failed to open new project") + "\n" + error);
         };
         dialog.open();
+        // The toolkit's dialog takes a folder once it is there.
+        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
     }
 
     function reloadTutorial() {
@@ -129,19 +131,17 @@ ApplicationWindow {
         messages.confirm(title, text, callback, container);
     }
 
-    // A screen that this build doesn't carry leaves its place empty.
-    function screenSource(name) {
-        return authoring && SystemService.fileExists(":/qml/" + name) ? name : "";
-    }
-
     function startAuthoring() {
         // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
             y = 64;
+        // At the first start, and never larger than the screen with the frame.
         if (width === 1)
-            width = 966;
-        if (height === 1)
-            height = 788;
+            width = Math.min(966, Screen.desktopAvailableWidth - 16);
+        if (height === 1) {
+            height = Math.min(788, Screen.desktopAvailableHeight - 48);
+            y = 32;
+        }
         menuBar = menuBarComponent.createObject(applicationWindow);
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
@@ -182,8 +182,6 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
-        if (authoring && settingLoader.source.toString() === "")
-            startAuthoring();
     }
 
     Settings {
@@ -211,14 +209,15 @@ ApplicationWindow {
     Loader {
         id: settingLoader
         anchors.fill: parent
-        source: applicationWindow.screenSource("TutorialSettingItem.qml")
+        active: applicationWindow.authoring
+        source: "TutorialSettingItem.qml"
         onLoaded: applicationWindow.startAuthoring()
     }
 
     Loader {
         id: eventLoader
-        active: settingLoader.progress === 1
-        source: applicationWindow.screenSource("TutorialEventDialog.qml")
+        active: applicationWindow.authoring && settingLoader.progress === 1
+        source: "TutorialEventDialog.qml"
         onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
     }
 

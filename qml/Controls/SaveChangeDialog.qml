@@ -35,6 +35,11 @@ Window {
         property alias height: root.height
     }
 
+    Shortcut {
+        sequence: "Escape"
+        onActivated: root.answer(-1)
+    }
+
     GradationRectangle {
         anchors.fill: parent
     }
@@ -74,6 +79,7 @@ Window {
 
         Button {
             objectName: "yes"
+            focus: true
             text: qsTr("Yes")
             onClicked: root.answer(1)
         }

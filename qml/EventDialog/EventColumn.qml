@@ -43,6 +43,7 @@ Column {
                     objectName: "eventList"
                     width: scrollView.viewport.width - 16
                     height: contentHeight
+                    currentIndex: -1
                     model: root.eventModel
                     onCountChanged: endTimer.start()
 

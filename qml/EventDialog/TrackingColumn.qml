@@ -36,6 +36,7 @@ Column {
                 // As wide as the widest row, so that the view can scroll to its end.
                 width: Math.max(scrollView.width - 16, contentItem.childrenRect.width)
                 height: contentHeight
+                currentIndex: -1
                 model: root.trackingModel
 
                 delegate: RichRow {

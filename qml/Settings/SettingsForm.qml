@@ -35,14 +35,18 @@ GroupBox {
         });
     }
 
+    // The place to scroll to, so that what begins there is in sight.
+    function following(position, extent, begin, length) {
+        if (begin < position)
+            return Math.max(0, begin - 4);
+        return Math.max(position, Math.min(begin, begin + length + 4 - extent));
+    }
+
     function scrollTo(item) {
         var area = view.flickableItem;
-        var top = item.mapToItem(column, 0, 0).y;
-        var bottom = top + item.height;
-        if (top < area.contentY)
-            area.contentY = Math.max(0, top - 4);
-        else if (bottom > area.contentY + view.viewport.height)
-            area.contentY = Math.min(top, bottom + 4 - view.viewport.height);
+        var place = item.mapToItem(column, 0, 0);
+        area.contentX = following(area.contentX, view.viewport.width, place.x, item.width);
+        area.contentY = following(area.contentY, view.viewport.height, place.y, item.height);
     }
 
     // A field that the Tab key leads to comes into view.
