@@ -1,13 +1,11 @@
 #include "Neighbour.h"
 
-#include "Tutorial/EditorTooltip.h"
 #include "Tutorial/GuidanceContext.h"
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialTooltip.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QPushButton>
 #include <QtTest>
@@ -196,37 +194,6 @@ private Q_SLOTS:
         xcb_shape_mask(xcb.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, tree->parent, 0, 0, XCB_NONE);
         QCOMPARE(inputRectangles(), 1);
         QTRY_COMPARE(inputRectangles(), 0);
-    }
-
-    void fadeIsSeenAsItHappens()
-    {
-        EditorTooltip tooltip(nullptr, mGuidance.get());
-        tooltip.show(QStringLiteral("Brush size"), 300, 300);
-        QVERIFY(QTest::qWaitForWindowExposed(&tooltip));
-        tooltip.killTimer(tooltip.mTimerId);
-        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
-        const auto opacity = [&] {
-            const auto name = QByteArrayLiteral("_NET_WM_WINDOW_OPACITY");
-            const auto atomCookie = xcb_intern_atom(xcb.get(), true, quint16(name.size()), name.constData());
-            const xcb_atom_t atom = owned(xcb_intern_atom_reply(xcb.get(), atomCookie, nullptr))->atom;
-            const auto cookie =
-                xcb_get_property(xcb.get(), false, xcb_window_t(tooltip.winId()), atom, XCB_ATOM_CARDINAL, 0, 1);
-            const auto reply = owned(xcb_get_property_reply(xcb.get(), cookie, nullptr));
-            return *static_cast<const quint32 *>(xcb_get_property_value(reply.get())) / double(UINT32_MAX);
-        };
-        tooltip.mDelayTicks = 0;
-        for (int tick = 1; tick <= 25; ++tick) {
-            QTimerEvent event(tooltip.mTimerId);
-            QCoreApplication::sendEvent(&tooltip, &event);
-            // The server may answer this connection before it reads the other one; Qt's event loop
-            // must not run here, as it would flush.
-            QElapsedTimer timer;
-            timer.start();
-            while (qRound(opacity() * 25) != tick && timer.elapsed() < 5000)
-                continue;
-            QCOMPARE(qRound(opacity() * 25), tick);
-        }
-        tooltip.mTimerId = 0;
     }
 
     void buttonsTakeClicksAndNoKeys()

@@ -1,8 +1,6 @@
 #include "quick/TutorialEventListModel.h"
 #include "quick/TutorialRaisedHandListModel.h"
 
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
 #include <QTest>
 
 /// The lists of the event dialog, fed by messages of the host editor.
@@ -13,114 +11,48 @@ class tst_EventLists : public QObject
 private Q_SLOTS:
     void messageIsRead_data();
     void messageIsRead();
-    void tagsAreStripped_data();
-    void tagsAreStripped();
-    void clearedListsComeBackOrStayGone();
 };
 
 namespace
 {
-QStringList names(const QAbstractItemModel &model)
+QString textOf(const QAbstractItemModel &model)
 {
-    QStringList names;
+    QStringList texts;
     for (int row = 0; row < model.rowCount(); ++row)
-        names.append(model.index(row, 0).data().toString());
-    return names;
-}
-
-QString message(const QStringList &fields)
-{
-    return fields.join(QChar(1));
+        texts.append(model.index(row, 0).data().toString());
+    return texts.join(QLatin1Char('|'));
 }
 } // namespace
 
 void tst_EventLists::messageIsRead_data()
 {
-    QTest::addColumn<QStringList>("fields");
-    QTest::addColumn<QStringList>("events");
-    QTest::addColumn<QStringList>("controls");
-    QTest::addColumn<QStringList>("coordinates");
-
-    const QStringList none;
-    const QStringList old = { QStringLiteral("old") };
-    const QString log = QStringLiteral("eventLog");
-    QTest::newRow("coords") << QStringList{ log, QStringLiteral("coords"), QStringLiteral("1, 2") } << none << old
-                            << QStringList{ QStringLiteral("1, 2") };
-    QTest::newRow("append") << QStringList{ log, QStringLiteral("append"), QStringLiteral("<b>a</b>") }
-                            << QStringList{ QStringLiteral("<b>a</b>") } << old << none;
-    QTest::newRow("raisedHand") << QStringList{ log, QStringLiteral("raisedHand"), QStringLiteral("x"),
-                                                QStringLiteral("y") }
-                                << none << QStringList{ QStringLiteral("x"), QStringLiteral("y") } << none;
-    QTest::newRow("no control any more") << QStringList{ log, QStringLiteral("raisedHand") } << none << none << none;
-    QTest::newRow("line without a text") << QStringList{ log, QStringLiteral("append") } << QStringList{ QString() }
-                                         << old << none;
-    QTest::newRow("unknown kind") << QStringList{ log, QStringLiteral("appended"), QStringLiteral("a") } << none << old
-                                  << none;
-    QTest::newRow("no kind") << QStringList{ log } << none << old << none;
-    QTest::newRow("another message") << QStringList{ QStringLiteral("eventLogs"), QStringLiteral("append"),
-                                                     QStringLiteral("a") }
-                                     << none << old << none;
-    QTest::newRow("empty") << QStringList{} << none << old << none;
+    QTest::addColumn<QString>("message"); // a bar stands between the fields
+    QTest::addColumn<QString>("result"); // the events; the controls; the coordinates
+    const auto row = [](const char *message, const char *result) {
+        QTest::newRow(message) << QString::fromLatin1(message) << QString::fromLatin1(result);
+    };
+    row("eventLog|coords|1, 2", ";old;1, 2");
+    row("eventLog|append|<b>a</b>", "<b>a</b>;old;");
+    row("eventLog|raisedHand|x|y", ";x|y;");
+    row("eventLog|raisedHand", ";;");
+    row("eventLog|appended|a", ";old;");
+    row("eventLog", ";old;");
+    row("eventLogs|append|a", ";old;");
 }
 
 void tst_EventLists::messageIsRead()
 {
-    QFETCH(QStringList, fields);
-    QFETCH(QStringList, events);
-    QFETCH(QStringList, controls);
-    QFETCH(QStringList, coordinates);
-
-    TutorialEventListModel eventModel;
-    TutorialRaisedHandListModel controlModel;
-    QAbstractItemModelTester eventTester(&eventModel);
-    QAbstractItemModelTester controlTester(&controlModel);
-    controlModel.setSource(&eventModel);
-    eventModel.setRaisedHandList({ QStringLiteral("old") });
-    QStringList told;
-    connect(&eventModel, &TutorialEventListModel::coordsTextChanged, this,
-            [&told](const QString &text) { told.append(text); });
-
-    eventModel.readMessage(message(fields));
-    QCOMPARE(names(eventModel), events);
-    QCOMPARE(names(controlModel), controls);
-    QCOMPARE(told, coordinates);
-
-    // Who has another source, or none, is not told any more.
-    controlModel.setSource(nullptr);
-    eventModel.setRaisedHandList({ QStringLiteral("new") });
-    QCOMPARE(names(controlModel), controls);
-}
-
-void tst_EventLists::tagsAreStripped_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("tags") << QStringLiteral("<b>abc</b>") << QStringLiteral("abc");
-    QTest::newRow("entity") << QStringLiteral("a &amp; b &lt;c&gt;") << QStringLiteral("a & b <c>");
-    QTest::newRow("plain") << QStringLiteral("click,MainWindow/tool") << QStringLiteral("click,MainWindow/tool");
-}
-
-void tst_EventLists::tagsAreStripped()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, text);
-    QCOMPARE(TutorialEventListModel().getTagStrippedText(line), text);
-}
-
-void tst_EventLists::clearedListsComeBackOrStayGone()
-{
-    TutorialEventListModel eventModel;
-    eventModel.addEventText(QStringLiteral("line"));
-    eventModel.clear();
-    eventModel.refresh();
-    QCOMPARE(eventModel.rowCount(), 0);
-
-    TutorialRaisedHandListModel controlModel;
-    controlModel.setList({ QStringLiteral("a"), QStringLiteral("b") });
-    controlModel.clear();
-    QCOMPARE(controlModel.rowCount(), 0);
-    controlModel.refresh();
-    QCOMPARE(names(controlModel), QStringList({ QStringLiteral("a"), QStringLiteral("b") }));
+    QFETCH(QString, message);
+    TutorialEventListModel events;
+    TutorialRaisedHandListModel controls;
+    controls.setSource(&events);
+    events.setRaisedHandList({ QStringLiteral("old") });
+    QString coordinates;
+    connect(&events, &TutorialEventListModel::coordsTextChanged, this,
+            [&coordinates](const QString &text) { coordinates = text; });
+    events.readMessage(message.replace(QLatin1Char('|'), QChar(1)));
+    QTEST(QStringList({ textOf(events), textOf(controls), coordinates }).join(QLatin1Char(';')), "result");
+    QCOMPARE(events.getTagStrippedText(QStringLiteral("<b>a &amp; b</b> &lt;c&gt;")), QStringLiteral("a & b <c>"));
 }
 
 QTEST_GUILESS_MAIN(tst_EventLists)

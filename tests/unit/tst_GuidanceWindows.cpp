@@ -1,40 +1,17 @@
 #include "support/FakeGuidanceContext.h"
-#include "support/HugeTexts.h"
 
 #include "Tutorial/EditorTooltip.h"
 #include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialTooltip.h"
 
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
-#include <QTextDocument>
 #include <QTextEdit>
 #include <QtTest>
 
 #include <memory>
-
-namespace
-{
-QPixmap filled(int width, int height, const QColor &color)
-{
-    QPixmap pixmap(width, height);
-    pixmap.fill(color);
-    return pixmap;
-}
-
-/// What a window paints, with transparent pixels where it paints nothing.
-QImage paintedBy(QWidget &window)
-{
-    QImage image(window.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    window.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-}
-} // namespace
 
 class tst_GuidanceWindows : public QObject
 {
@@ -64,94 +41,35 @@ private Q_SLOTS:
     }
     void cleanup() { mIndicator.reset(); }
 
-    void startsAsAnArrowWithoutHint();
-    void letsInputThroughAndFloats();
-    void buttonsFollowTheFlags_data();
     void buttonsFollowTheFlags();
-    void buttonsSendOneWord();
     void noPositionKeepsTheTarget();
     void hintIsShownAsItStands();
     void emptyHintKeepsTheHeight();
     void hugeTextsAreCut_data();
     void hugeTextsAreCut();
     void buttonsFollowTheHeightAtRest();
-    void keepsItsSideFarAway();
     void textChangesSides();
     void closedTooltipIsMadeAnew();
     void closeLetsEverythingGo();
-    void paintsTheStep_data();
     void paintsTheStep();
-    void paintsTheIconOfTheNextStep();
-    void activationReachesTheManager();
 };
-
-void tst_GuidanceWindows::startsAsAnArrowWithoutHint()
-{
-    QVERIFY(mIndicator->mTooltip->isVisible());
-    QCOMPARE(mIndicator->mTooltip->geometry(), QRect(0, 0, 640, 480));
-    QCOMPARE(textEdit().geometry(), QRect(128, 56, 256, 64));
-    QVERIFY(textEdit().isHidden());
-    QVERIFY(mIndicator->mArrowVisible);
-    QVERIFY(mIndicator->mElapsedTimer.isValid());
-    QVERIFY(!mIndicator->isVisible());
-    for (QPushButton *button : { mIndicator->mNextButton, mIndicator->mYesButton, mIndicator->mNoButton }) {
-        QVERIFY(button->isHidden() && button->isWindow());
-        QCOMPARE(button->size(), QSize(64, 32));
-        QCOMPARE(button->pos(), QPoint(button == mIndicator->mNoButton ? 184 : 128, 120));
-    }
-}
-
-void tst_GuidanceWindows::letsInputThroughAndFloats()
-{
-    EditorTooltip editorTooltip(nullptr, mContext.get());
-    for (const QWidget *window :
-         { static_cast<QWidget *>(mIndicator->mTooltip), static_cast<QWidget *>(&editorTooltip) }) {
-        QCOMPARE(window->windowFlags(),
-                 Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput | Qt::WindowStaysOnTopHint
-                     | Qt::FramelessWindowHint | Qt::Tool);
-        QVERIFY(window->testAttribute(Qt::WA_ShowWithoutActivating));
-        QVERIFY(window->testAttribute(Qt::WA_TranslucentBackground));
-    }
-    QCOMPARE(mIndicator->mNextButton->windowFlags(), Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    const TutorialLog log(nullptr, mContext.get());
-    QCOMPARE(log.geometry(), QRect(0, 0, 0, 0));
-    QVERIFY(log.isVisible());
-}
-
-void tst_GuidanceWindows::buttonsFollowTheFlags_data()
-{
-    QTest::addColumn<bool>("next");
-    QTest::addColumn<bool>("yesNo");
-    for (const bool next : { false, true }) {
-        for (const bool yesNo : { false, true })
-            QTest::addRow("next %d, yes and no %d", next, yesNo) << next << yesNo;
-    }
-}
 
 void tst_GuidanceWindows::buttonsFollowTheFlags()
 {
-    QFETCH(bool, next);
-    QFETCH(bool, yesNo);
-    const auto areShown = [this](bool nextShown, bool yesNoShown) {
-        return mIndicator->mNextButton->isVisible() == nextShown && mIndicator->mYesButton->isVisible() == yesNoShown
-            && mIndicator->mNoButton->isVisible() == yesNoShown;
-    };
-    mIndicator->init(!next, !yesNo);
-    mIndicator->init(next, yesNo);
-    QVERIFY(areShown(next, yesNo));
-    mIndicator->hideButtons();
-    QVERIFY(areShown(false, false));
-    mIndicator->showButtons();
-    QVERIFY(areShown(next, yesNo));
-}
-
-void tst_GuidanceWindows::buttonsSendOneWord()
-{
+    const QVector<QPushButton *> buttons{ mIndicator->mNextButton, mIndicator->mYesButton, mIndicator->mNoButton };
     mIndicator->init(true, true);
-    for (QPushButton *button : { mIndicator->mNextButton, mIndicator->mYesButton, mIndicator->mNoButton })
+    for (QPushButton *button : buttons)
         QTest::mouseClick(button, Qt::LeftButton);
     QCOMPARE(mContext->mSent, QStringList({ QStringLiteral("next"), QStringLiteral("yes"), QStringLiteral("no") }));
-    QVERIFY(mIndicator->mNextButton->isVisible());
+    for (const bool next : { false, true }) {
+        mIndicator->init(next, !next);
+        mIndicator->hideButtons();
+        for (QPushButton *button : buttons)
+            QVERIFY(button->isHidden());
+        mIndicator->showButtons();
+        for (QPushButton *button : buttons)
+            QCOMPARE(button->isVisible(), next == (button == mIndicator->mNextButton));
+    }
 }
 
 void tst_GuidanceWindows::noPositionKeepsTheTarget()
@@ -160,8 +78,6 @@ void tst_GuidanceWindows::noPositionKeepsTheTarget()
     mIndicator->setTargetWindowOffset(-9999, -9999, QStringLiteral("B"), true);
     QCOMPARE(QPoint(mIndicator->mTargetX, mIndicator->mTargetY), QPoint(-10, 20));
     QVERIFY(!mIndicator->mArrowVisible);
-    QCOMPARE(mIndicator->mWindowKey, QStringLiteral("B"));
-    QCOMPARE(mIndicator->mOffsetX, -9999);
     mIndicator->setTargetWindowOffset(-9999, 7, QStringLiteral("B"), true);
     QCOMPARE(QPoint(mIndicator->mTargetX, mIndicator->mTargetY), QPoint(-9999, 7));
     QVERIFY(mIndicator->mArrowVisible);
@@ -173,16 +89,6 @@ void tst_GuidanceWindows::hintIsShownAsItStands()
     mIndicator->setHint(hint);
     QCOMPARE(textEdit().toPlainText(), hint);
     QVERIFY(textEdit().isVisible());
-    QCOMPARE(mIndicator->mHint, hint);
-
-    QTextCursor cursor(textEdit().document());
-    const auto family = [&](int index) {
-        cursor.setPosition(index + 1);
-        return cursor.charFormat().fontFamily();
-    };
-    const int backslash = 2;
-    QVERIFY(!family(backslash).isEmpty());
-    QVERIFY(family(backslash) != family(backslash + 1));
 }
 
 void tst_GuidanceWindows::emptyHintKeepsTheHeight()
@@ -191,33 +97,33 @@ void tst_GuidanceWindows::emptyHintKeepsTheHeight()
     tick(*mIndicator);
     const int height = mIndicator->mHintHeight;
     QVERIFY(height > 64);
-    QCOMPARE(textEdit().height(), height);
     mIndicator->setHint(QString());
+    tick(*mIndicator);
     QVERIFY(textEdit().isHidden());
-    QVERIFY(!mIndicator->mHintChanged);
-    tick(*mIndicator);
     QCOMPARE(mIndicator->mHintHeight, height);
-    mIndicator->setHint(QStringLiteral("one"));
-    tick(*mIndicator);
-    QVERIFY(mIndicator->mHintHeight < height);
 }
 
+// Texts whose whole layout would take seconds, or no end.
 void tst_GuidanceWindows::hugeTextsAreCut_data()
 {
-    addHugeTexts();
+    QTest::addColumn<QString>("text");
+    const int size = 5 << 20;
+    QTest::newRow("one word") << QString(size, QLatin1Char('x'));
+    QTest::newRow("lines") << QString(size, QLatin1Char('\n'));
+    QTest::newRow("pairs of surrogates") << QString::fromUtf8("a") + QString::fromUtf8("\U0001F600").repeated(size / 2);
+    QTest::newRow("tables in tables") << QStringLiteral("<table><tr><td>").repeated(200);
 }
 
 void tst_GuidanceWindows::hugeTextsAreCut()
 {
     QFETCH(QString, text);
+    EditorTooltip editorTooltip(nullptr, mContext.get());
     QElapsedTimer timer;
     timer.start();
     mIndicator->setHint(text);
     tick(*mIndicator);
-    mIndicator->mTooltip->close();
-    mIndicator->setTargetWindowOffset(1, 1, QString(), true);
+    editorTooltip.show(text, 100, 100);
     QVERIFY(timer.elapsed() < 20000);
-    QCOMPARE(mIndicator->mHint, text);
     QVERIFY(!textEdit().toPlainText().contains(QChar::ReplacementCharacter));
 }
 
@@ -227,28 +133,12 @@ void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()
     const QPoint rest = current();
     mIndicator->setHint(QStringLiteral("one\ntwo\nthree\nfour\nfive\nsix\nseven"));
     // The window moves by one pixel at the same time, which must not hide that the height has changed.
-    for (const int down : { 0, 1 }) {
-        mIndicator->mTargetY = rest.y() + down;
-        mIndicator->mHintChanged = true;
-        mIndicator->mNextButton->move(0, 0);
-        tick(*mIndicator);
-        const int below = current().y() + 56 + mIndicator->mHintHeight;
-        QCOMPARE(mIndicator->mTooltip->pos(), current());
-        QCOMPARE(mIndicator->mNextButton->pos(), QPoint(current().x() + 128, below));
-        QCOMPARE(mIndicator->mYesButton->pos(), QPoint(current().x() + 128, below));
-        QCOMPARE(mIndicator->mNoButton->pos(), QPoint(current().x() + 184, below));
-    }
-}
-
-void tst_GuidanceWindows::keepsItsSideFarAway()
-{
-    mIndicator->setTargetWindowOffset(900, -50, QString(), true);
+    mIndicator->mTargetY = rest.y() + 1;
     tick(*mIndicator);
-    QVERIFY(!mIndicator->mFlipHorizontal && !mIndicator->mFlipVertical);
-    QCOMPARE(mIndicator->mTooltip->pos(), QPoint(225, -12));
-    tick(*mIndicator, 60);
-    QVERIFY(mIndicator->mFlipHorizontal && mIndicator->mFlipVertical);
-    QVERIFY((current() - QPoint(900 - 308, -50 + 165)).manhattanLength() <= 6);
+    const int below = current().y() + 56 + mIndicator->mHintHeight;
+    QCOMPARE(mIndicator->mTooltip->pos(), current());
+    QCOMPARE(mIndicator->mNextButton->pos(), QPoint(current().x() + 128, below));
+    QCOMPARE(mIndicator->mNoButton->pos(), QPoint(current().x() + 184, below));
 }
 
 void tst_GuidanceWindows::textChangesSides()
@@ -256,10 +146,6 @@ void tst_GuidanceWindows::textChangesSides()
     mContext->mHostRect = QRect(-2000, 0, 900, 700);
     aimAt(-1300, 100);
     QCOMPARE(textEdit().pos(), QPoint(0, 56));
-    mIndicator->mTooltip->close();
-    tick(*mIndicator);
-    QCOMPARE(textEdit().pos(), QPoint(0, 56));
-    QCOMPARE(mIndicator->mTooltip->pos(), current());
     aimAt(-1900, 100);
     QCOMPARE(textEdit().pos(), QPoint(128, 56));
 }
@@ -270,10 +156,6 @@ void tst_GuidanceWindows::closedTooltipIsMadeAnew()
     tick(*mIndicator);
     QPointer<TutorialTooltip> closed = mIndicator->mTooltip;
     closed->close();
-    QVERIFY(!mIndicator->mTooltip);
-    QVERIFY(closed && !closed->mTextEdit);
-    mIndicator->hideButtons();
-
     mContext->mRunning = false;
     tick(*mIndicator);
     QVERIFY(!mIndicator->mTooltip);
@@ -282,12 +164,6 @@ void tst_GuidanceWindows::closedTooltipIsMadeAnew()
     QVERIFY(mIndicator->mTooltip && mIndicator->mTooltip->isVisible());
     QVERIFY(!closed);
     QCOMPARE(textEdit().toPlainText(), QStringLiteral("hint"));
-    QVERIFY(!mIndicator->mHintChanged);
-
-    mContext->mRunning = false;
-    mIndicator->mTooltip->close();
-    mIndicator->setHint(QStringLiteral("next hint"));
-    QCOMPARE(textEdit().toPlainText(), QStringLiteral("next hint"));
 }
 
 void tst_GuidanceWindows::closeLetsEverythingGo()
@@ -304,81 +180,32 @@ void tst_GuidanceWindows::closeLetsEverythingGo()
     QVERIFY(!mIndicator->mTooltip);
 }
 
-void tst_GuidanceWindows::paintsTheStep_data()
-{
-    QTest::addColumn<bool>("flipVertical");
-    QTest::addColumn<bool>("flipHorizontal");
-    QTest::addColumn<bool>("arrowVisible");
-    QTest::addColumn<QPoint>("tip");
-    QTest::newRow("plain") << false << false << true << QPoint(5, 16 + 120);
-    QTest::newRow("down") << true << false << true << QPoint(5, 0);
-    QTest::newRow("left") << false << true << true << QPoint(384 - 6, 16 + 120);
-    QTest::newRow("down and left") << true << true << true << QPoint(384 - 6, 0);
-    QTest::newRow("no arrow") << false << false << false << QPoint(5, 16 + 120);
-}
-
 void tst_GuidanceWindows::paintsTheStep()
 {
-    QFETCH(bool, flipVertical);
-    QFETCH(bool, flipHorizontal);
-    QFETCH(bool, arrowVisible);
-    QFETCH(QPoint, tip);
     // An arrow whose quarter at the bottom left is red, and the rest of it blue.
-    mIndicator->mArrowPixmap = filled(128, 128, Qt::blue);
+    mIndicator->mArrowPixmap = QPixmap(128, 128);
+    mIndicator->mArrowPixmap.fill(Qt::blue);
     {
         QPainter painter(&mIndicator->mArrowPixmap);
         painter.fillRect(0, 64, 64, 64, Qt::red);
     }
-    mIndicator->mKeyboardPixmap = filled(56, 32, Qt::green);
+    mIndicator->mKeyboardPixmap = QPixmap(56, 32);
+    mIndicator->mKeyboardPixmap.fill(Qt::green);
     mIndicator->mIconType = 5;
-    mIndicator->mFlipVertical = flipVertical;
-    mIndicator->mFlipHorizontal = flipHorizontal;
-    mIndicator->mArrowVisible = arrowVisible;
-    mIndicator->mFullClear = true;
-    mIndicator->init(false, false); // the arrow rests for a second
-
-    const QImage image = paintedBy(*mIndicator->mTooltip);
-    QVERIFY(!mIndicator->mFullClear);
-    QCOMPARE(image.pixelColor(tip), arrowVisible ? QColor(Qt::red) : QColor(Qt::transparent));
-    const int iconLeft = flipHorizontal ? 200 : 128;
-    QCOMPARE(image.pixelColor(iconLeft, 0), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(iconLeft + 55, 31), QColor(Qt::green));
-    QCOMPARE(image.pixelColor(iconLeft + 28, 40), QColor(Qt::transparent));
-    QCOMPARE(image.pixelColor(500, 300), QColor(Qt::transparent));
-}
-
-void tst_GuidanceWindows::paintsTheIconOfTheNextStep()
-{
-    mIndicator->mClickPixmap = filled(48, 56, Qt::green);
-    mIndicator->mEyePixmap = filled(56, 40, Qt::yellow);
-    aimAt(900, 200);
-    QVERIFY(mIndicator->mFlipHorizontal);
-    QVERIFY(QTest::qWaitForWindowExposed(mIndicator->mTooltip));
-    for (const int type : { 0, 3, 6 }) {
-        mIndicator->mIconType = type;
-        tick(*mIndicator);
-        const QImage screen = QGuiApplication::primaryScreen()->grabWindow(mIndicator->mTooltip->winId()).toImage();
-        const QColor color = screen.pixelColor(230, 20);
-        QCOMPARE(color == QColor(Qt::green), type == 0);
-        QCOMPARE(color == QColor(Qt::yellow), type == 3);
-    }
-}
-
-void tst_GuidanceWindows::activationReachesTheManager()
-{
-    TutorialLog log(nullptr, mContext.get());
-    for (QWidget *window : { static_cast<QWidget *>(&log), static_cast<QWidget *>(mIndicator->mTooltip) }) {
-        mContext->mDropped = 0;
-        mContext->mUpdated = 0;
-        const bool isActive = window->isActiveWindow();
-        QEvent event(QEvent::ActivationChange);
-        QCoreApplication::sendEvent(window, &event);
-        QCOMPARE(mContext->mDropped, isActive ? 1 : 0);
-        QVERIFY(mContext->mUpdated >= 1);
-        QEvent other(QEvent::FontChange);
-        mContext->mUpdated = 0;
-        QCoreApplication::sendEvent(window, &other);
-        QCOMPARE(mContext->mUpdated, 0);
+    mIndicator->mArrowVisible = true;
+    for (const bool down : { false, true }) {
+        for (const bool left : { false, true }) {
+            mIndicator->mFlipVertical = down;
+            mIndicator->mFlipHorizontal = left;
+            mIndicator->mFullClear = true;
+            mIndicator->init(false, false); // the arrow rests for a second
+            QImage image(mIndicator->mTooltip->size(), QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            mIndicator->mTooltip->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+            QCOMPARE(image.pixelColor(left ? 384 - 6 : 5, down ? 0 : 16 + 120), QColor(Qt::red));
+            QCOMPARE(image.pixelColor(left ? 200 : 128, 0), QColor(Qt::green));
+            QCOMPARE(image.pixelColor(500, 300), QColor(Qt::transparent));
+        }
     }
 }
 
