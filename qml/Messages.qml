@@ -7,65 +7,67 @@ import "Controls"
 Item {
     id: root
 
-    function show(permanent, component, container, properties) {
-        var dialog = container ? component.createObject(container) : permanent;
-        for (var name in properties)
-            dialog[name] = properties[name];
-        dialog.open();
-    }
+    /// The permanent boxes by kind, made when they are first needed.
+    property var boxes: ({})
 
     function showMessage(caption, callback, container) {
-        show(informationDialog, informationComponent, container, { "text": caption, "callback": callback || null });
+        show("information", informationComponent, container, { "text": caption, "callback": callback || null });
     }
 
     function alert(message, callback, container) {
-        show(alertDialog, alertComponent, container, { "text": message, "callback": callback || null });
+        show("alert", alertComponent, container, { "text": message, "callback": callback || null });
     }
 
     function confirm(title, text, callback, container) {
-        show(confirmDialog, confirmComponent, container, {
+        show("confirm", confirmComponent, container, {
             "title": title === null ? qsTranslate("main", "Tutorial Editor") : title,
             "text": text,
             "callback": callback || null
         });
     }
 
-    InformationDialog {
-        id: informationDialog
+    function show(kind, component, container, properties) {
+        var box = container ? showInContainer(component, container) : permanentBox(kind, component);
+        for (var name in properties)
+            box[name] = properties[name];
+        box.open();
     }
 
-    AlertDialog {
-        id: alertDialog
+    function showInContainer(component, container) {
+        var box = component.createObject(container);
+        box.hidden.connect(box.destroy);
+        return box;
     }
 
-    ConfirmDialog {
-        id: confirmDialog
+    // A box that is open doesn't take a new text, so that another one takes
+    // its place; who opened it is not called.
+    function permanentBox(kind, component) {
+        var box = boxes[kind];
+        if (box && box.visible) {
+            box.callback = null;
+            box.destroy();
+            box = null;
+        }
+        if (!box)
+            boxes[kind] = box = component.createObject(root);
+        return box;
     }
 
     Component {
         id: informationComponent
 
-        InformationDialog {
-            id: ownInformation
-            onVisibleChanged: if (!visible) ownInformation.destroy()
-        }
+        InformationDialog {}
     }
 
     Component {
         id: alertComponent
 
-        AlertDialog {
-            id: ownAlert
-            onVisibleChanged: if (!visible) ownAlert.destroy()
-        }
+        AlertDialog {}
     }
 
     Component {
         id: confirmComponent
 
-        ConfirmDialog {
-            id: ownConfirm
-            onVisibleChanged: if (!visible) ownConfirm.destroy()
-        }
+        ConfirmDialog {}
     }
 }

@@ -58,7 +58,6 @@ ApplicationWindow {
 
     function openTutorial() {
         var dialog = tutorialSelectComponent.createObject(applicationWindow);
-        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
@@ -68,6 +67,8 @@ ApplicationWindow {
                 alert(qsTr("Failed to open new project") + "\n" + error);
         };
         dialog.open();
+        // The toolkit's dialog takes a folder once it is there.
+        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
     }
 
     function reloadTutorial() {
@@ -130,11 +131,6 @@ ApplicationWindow {
         messages.confirm(title, text, callback, container);
     }
 
-    // A screen that this build doesn't carry leaves its place empty.
-    function screenSource(name) {
-        return authoring && SystemService.fileExists(":/qml/" + name) ? name : "";
-    }
-
     function startAuthoring() {
         // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
@@ -186,8 +182,6 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
-        if (authoring && settingLoader.source.toString() === "")
-            startAuthoring();
     }
 
     Settings {
@@ -215,14 +209,15 @@ ApplicationWindow {
     Loader {
         id: settingLoader
         anchors.fill: parent
-        source: applicationWindow.screenSource("TutorialSettingItem.qml")
+        active: applicationWindow.authoring
+        source: "TutorialSettingItem.qml"
         onLoaded: applicationWindow.startAuthoring()
     }
 
     Loader {
         id: eventLoader
-        active: settingLoader.progress === 1
-        source: applicationWindow.screenSource("TutorialEventDialog.qml")
+        active: applicationWindow.authoring && settingLoader.progress === 1
+        source: "TutorialEventDialog.qml"
         onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
     }
 

@@ -14,8 +14,8 @@ public:
     explicit DocumentTranslator(QObject *parent = nullptr);
 
     void setMessages(const QHash<QString, TranslationSource::Messages> &messages);
-    /// In this context an empty translation is an empty text, and nobody else is asked: a key that the document lacks stays a key, although
-    /// another language's catalog may know it. Otherwise a save would write that language's text
+    /// In this context an empty translation is an empty text, and nobody else is asked: a key that the document lacks
+    /// stays a key, although another language's catalog may know it. Otherwise a save would write that language's text
     /// into this document.
     void setOwnContext(const QString &context);
 

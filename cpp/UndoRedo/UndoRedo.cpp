@@ -182,7 +182,7 @@ UndoMergeableCommand *UndoRedo::mergeTarget() const
     if (!mayMerge || mUndoStack->index() == 0)
         return nullptr;
     const QUndoCommand *last = mUndoStack->command(mUndoStack->index() - 1);
-    if (!dynamic_cast<const UndoMergeableCommand *>(last) && last->childCount() > 0)
+    if (last && last->childCount() > 0)
         last = last->child(last->childCount() - 1);
     // The stack gives out its commands for reading only; folding is what they are made for.
     return const_cast<UndoMergeableCommand *>(dynamic_cast<const UndoMergeableCommand *>(last));

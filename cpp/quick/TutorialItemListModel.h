@@ -123,6 +123,8 @@ private:
     static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
     static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
     static void reconcileRows(QStandardItem &parentRow, const Item &node);
+    static void reconcileStandingRow(QStandardItem &row, const Item &item);
+    static void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
     static void refreshRoles(QStandardItem &row, const Item &item);
     static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
     static void setProhibitedBelow(QStandardItem &row, bool prohibited);

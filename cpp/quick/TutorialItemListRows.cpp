@@ -107,35 +107,56 @@ void TutorialItemListModel::insertNewRows(QStandardItem &parentRow, int row, con
 void TutorialItemListModel::reconcileRows(QStandardItem &parentRow, const Item &node)
 {
     const QList<Item> &children = node.mChildren;
+    removeGoneRows(parentRow, children);
+    // The rows that are left are in order, so that each row gets its final place at once.
+    for (int i = 0; i < children.size(); ++i) {
+        const QStandardItem *row = parentRow.child(i);
+        const int standing = row ? row->data(RoleId).toInt() : -1;
+        int next = i;
+        while (next < children.size() && (!row || children.at(next).mId != standing))
+            ++next;
+        insertNewRows(parentRow, i, children, i, next - 1);
+        i = next;
+        if (row)
+            reconcileStandingRow(*parentRow.child(i), children.at(i));
+    }
+}
+
+void TutorialItemListModel::reconcileStandingRow(QStandardItem &row, const Item &item)
+{
+    const TutorialItemData *record = recordOf(item.mId);
+    if (record && row.text() != record->mName)
+        row.setText(record->mName);
+    reconcileRows(row, item);
+}
+
+void TutorialItemListModel::removeGoneRows(QStandardItem &parentRow, const QList<Item> &children)
+{
     Positions positions(children);
-    // From the end to the start. The children from unmatched on have their rows; the rows from the
-    // present one up to goneEnd have no child that fits the order, and go together.
+    // From the end to the start. The children from unmatched on have their rows or get new ones; the
+    // rows from the present one up to goneEnd have no child that fits the order, and go together.
     int unmatched = children.size();
     int goneEnd = parentRow.rowCount();
-    const auto replaceGone = [&](int firstRow, int firstChild) {
-        if (goneEnd > firstRow)
-            parentRow.removeRows(firstRow, goneEnd - firstRow);
-        insertNewRows(parentRow, firstRow, children, firstChild, unmatched - 1);
+    const auto removeGone = [&parentRow, &goneEnd](int first) {
+        if (goneEnd > first)
+            parentRow.removeRows(first, goneEnd - first);
     };
     for (int r = parentRow.rowCount() - 1; r >= 0; --r) {
-        QStandardItem *row = parentRow.child(r);
+        const QStandardItem *row = parentRow.child(r);
         const QVariant id = row->data(RoleId);
-        const int position =
-            static_cast<QMetaType::Type>(id.type()) == QMetaType::Int ? positions.find(id.toInt(), unmatched - 1) : -1;
+        if (static_cast<QMetaType::Type>(id.type()) != QMetaType::Int)
+            continue;
+        const int position = positions.find(id.toInt(), unmatched - 1);
         if (position < 0 || position >= unmatched)
             continue;
         // An id that was set free can come back for something else between two refreshes.
         if (row->data(RoleFolder).toBool() != children.at(position).mFolder)
             continue;
-        const TutorialItemData *record = recordOf(id.toInt());
-        if (record && row->text() != record->mName)
-            row->setText(record->mName);
-        replaceGone(r + 1, position + 1);
+        removeGone(r + 1);
         unmatched = position;
         goneEnd = r;
-        reconcileRows(*row, children.at(position));
     }
-    replaceGone(0, 0);
+    removeGone(0);
 }
 
 void TutorialItemListModel::refreshRoles()

@@ -7,6 +7,9 @@ MessageDialog {
 
     property var callback: null
 
+    /// The dialog isn't shown any more.
+    signal hidden()
+
     function answer(result) {
         var answered = callback;
         callback = null;
@@ -23,4 +26,8 @@ MessageDialog {
     onYes: answer(1)
     onNo: answer(0)
     onRejected: answer(-1)
+    onVisibleChanged: {
+        if (!visible)
+            hidden();
+    }
 }

@@ -7,12 +7,18 @@ MessageDialog {
 
     property var callback: null
 
+    /// The dialog isn't shown any more.
+    signal hidden()
+
     objectName: "InformationDialog"
     title: ""
     icon: StandardIcon.Information
 
     onVisibleChanged: {
-        if (!visible && callback)
+        if (visible)
+            return;
+        if (callback)
             callback();
+        hidden();
     }
 }

@@ -22,7 +22,9 @@ MessageDialog {
     standardButtons: StandardButton.Yes | StandardButton.No
 
     onYes: {
-        if (callback)
-            callback();
+        var confirmed = callback;
+        callback = null;
+        if (confirmed)
+            confirmed();
     }
 }

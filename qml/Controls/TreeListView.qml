@@ -116,8 +116,7 @@ Rectangle {
     }
 
     function scrollBottom() {
-        var list = view.flickableItem;
-        list.contentY = Math.max(0, list.contentHeight - view.viewport.height);
+        view.scrollTo(view.flickableItem.contentHeight - view.viewport.height);
     }
 
     function updateItem(id) {
@@ -172,12 +171,12 @@ Rectangle {
     /// Runs a change of the model's rows with the tree closed, which keeps the
     /// view from showing rows twice, and leaves the view where it was.
     function rebuild(change) {
-        var contentY = view.flickableItem.contentY;
+        var scrolled = view.scrolled();
         view.collapse(treeListModel.getRootIndex());
         change();
         treeListModel.refreshRoles();
         view.expand(treeListModel.getRootIndex());
-        view.showContentY(contentY);
+        view.scrollTo(scrolled);
     }
 
     function openFoldersOf(id) {
@@ -206,8 +205,10 @@ Rectangle {
         delegate.forceActiveFocus();
     }
 
-    /// Fills the selected state from a delegate, which may be null.
-    function fillSelected(delegate, index) {
+    /// Fills the selected state from a row and its delegate, which may be null.
+    function fillSelected(delegate, id) {
+        // The delegate's own index would become another row's together with the delegate.
+        var index = treeListModel.getModelIndexById(id);
         selectedMouseArea = delegate;
         selectedIndex = index.row;
         selectedItem = index;
@@ -222,7 +223,7 @@ Rectangle {
     function selectRow(delegate) {
         makeCurrent(delegate.index);
         delegate.forceActiveFocus();
-        fillSelected(delegate, delegate.index);
+        fillSelected(delegate, delegate.rowId);
         selectedIsFolder = delegate.folder;
         focusId = delegate.rowId;
         callUpdateSelectedItem();
@@ -281,6 +282,8 @@ Rectangle {
     onSimpleDisplayChanged: view.updateIcons()
     onVisibleChanged: focusOnIfShown()
     Component.onCompleted: focusOnIfShown()
+    // The list complains when the model goes before it.
+    Component.onDestruction: view.model = null
 
     TreeListDropArea {
         id: dropArea
@@ -322,6 +325,14 @@ Rectangle {
                     applicationWindow.activeMenu = null;
             }
         }
+    }
+
+    // The list would drop the dragged row's delegate when it is scrolled out of view.
+    MouseArea {
+        anchors.fill: parent
+        enabled: dropArea.enteredIndex !== null
+        acceptedButtons: Qt.NoButton
+        onWheel: wheel.accepted = true
     }
 
     TreeListMarker {

@@ -8,8 +8,10 @@ FileDialog {
     property var callback: null
 
     function answer(result) {
-        if (callback)
-            callback(result);
+        var answered = callback;
+        callback = null;
+        if (answered)
+            answered(result);
         close();
     }
 

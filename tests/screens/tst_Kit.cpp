@@ -36,9 +36,8 @@ public Q_SLOTS:
     void applicationAvailable()
     {
         QLocale::setDefault(QLocale::c());
-        qmlRegisterSingletonType<FakeGui>("Morvi.kess", 1, 0, "Gui", [](QQmlEngine *, QJSEngine *) -> QObject * {
-            return new FakeGui;
-        });
+        qmlRegisterSingletonType<FakeGui>("Morvi.kess", 1, 0, "Gui",
+                                          [](QQmlEngine *, QJSEngine *) -> QObject * { return new FakeGui; });
     }
 };
 

@@ -94,7 +94,7 @@ void RandomSessionTest::sessions()
     QElapsedTimer running;
     running.start();
     int sessions = 0;
-    constexpr int kShortRun = 4;
+    constexpr int kShortRun = 12;
     while (seconds > 0 ? running.elapsed() < seconds * 1000LL : sessions < kShortRun) {
         const unsigned seed = firstSeed + static_cast<unsigned>(sessions++);
         const QVector<Operation> operations = randomOperations(seed, steps);

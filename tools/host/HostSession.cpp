@@ -1,5 +1,6 @@
 #include "HostSession.h"
 
+#include "ScriptDialog.h"
 #include "Transcript.h"
 
 #include <QApplication>
@@ -40,6 +41,10 @@ HostSession::HostSession(const HostOptions &options)
     connect(&mReporter, &WindowReporter::moved, this, &HostSession::followTarget);
     // The program then raises its windows over what has opened.
     connect(&mReporter, &WindowReporter::covered, this, [this] { sendState(QStringLiteral("show")); });
+    connect(mWindow.scriptDialog(), &ScriptDialog::conversionRequested, &mLink,
+            [this](int key, const QString &expression) {
+                mLink.send({ QStringLiteral("coffeeJs"), QString::number(key), expression });
+            });
     connect(&mRegistry, &ControlRegistry::happened, &mWalker, &ScenarioWalker::handleEvent);
     connect(&mWalker, &ScenarioWalker::entered, this, [this] {
         mPictureTaken = false;
@@ -135,6 +140,8 @@ void HostSession::receive(const QStringList &fields)
             return;
         mWalker.moveStep(fields.value(2).toInt(), fields.value(3).toInt(), fields.value(4));
         showStep();
+    } else if (name == QLatin1String("callbackCoffeeJs")) {
+        mWindow.scriptDialog()->showAnswer(fields.value(1).toInt(), fields.value(2));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "ControlRegistry.h"
 #include "PropertyPane.h"
+#include "ScriptDialog.h"
 #include "SettingsDialog.h"
 #include "ToolIcon.h"
 
@@ -46,6 +47,7 @@ MainWindow::MainWindow(ControlRegistry *registry)
     , mObjectList(new QListWidget)
     , mPane(new PropertyPane(&mDrawing))
     , mSettings(new SettingsDialog(this))
+    , mScript(new ScriptDialog(this))
     , mCanvasMenu(new QMenu(this))
 {
     setWindowTitle(tr("Little drawing editor"));
@@ -159,6 +161,8 @@ void MainWindow::makeMenus()
     mGridAction->setCheckable(true);
     connect(addAction(view, QStringLiteral("settings"), tr("&Settings...")), &QAction::triggered, mSettings,
             &QDialog::open);
+    connect(addAction(view, QStringLiteral("coffeeScript"), tr("&CoffeeScript...")), &QAction::triggered, mScript,
+            &QWidget::show);
     prepareMenu(view, controlKey(QStringLiteral("menuView")));
 
     mDuplicateAction = addAction(mCanvasMenu, QStringLiteral("duplicate"), tr("&Duplicate"));

@@ -10,6 +10,7 @@ class ControlRegistry;
 class PropertyPane;
 class QListWidget;
 class QMenu;
+class ScriptDialog;
 class SettingsDialog;
 
 /// The window of the small drawing editor. It registers its windows, controls and menu entries, and
@@ -23,6 +24,8 @@ public:
 
     /// Puts the window at its usual size to where the screen leaves room for the guidance.
     void takePlace();
+
+    ScriptDialog *scriptDialog() const { return mScript; }
 
 Q_SIGNALS:
     void minimised();
@@ -50,6 +53,7 @@ private:
     QListWidget *mObjectList;
     PropertyPane *mPane;
     SettingsDialog *mSettings;
+    ScriptDialog *mScript;
     QMenu *mCanvasMenu;
     QAction *mGridAction = nullptr;
     QAction *mDuplicateAction = nullptr;

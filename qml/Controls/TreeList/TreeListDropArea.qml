@@ -140,9 +140,8 @@ DropArea {
 
     function carryOut() {
         var model = tree.treeListModel;
-        var contentY = view.flickableItem.contentY;
         var idList = tree.selection.getTreeSelectedIdList();
-        timers.keepContentY(contentY);
+        timers.keepContentY();
         tree.rebuild(function() {
             if (moveBeforeIndex !== null) {
                 UndoRedo.beginSequence("moveTreeItem(1)");
@@ -183,7 +182,7 @@ DropArea {
         dragX = drag.x;
         dragY = drag.y;
         // A fast drag is past the row already where it began.
-        var index = drag.source.index;
+        var index = tree.treeListModel.getModelIndexById(drag.source.rowId);
         if (!tree.selection.isSelected(index))
             tree.makeCurrent(index);
         if (drag.source.rowId < 0)

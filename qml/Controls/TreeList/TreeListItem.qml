@@ -69,13 +69,17 @@ MouseArea {
             toggle();
         } else if (tree.multiple && modifiers & Qt.ShiftModifier) {
             selection.setSelectedBetweenCurrentAnd(index);
-        } else if (selection.currentIndex === index && selection.isSelected(index) && !wasRenaming && renamable
+        } else if (isCurrent() && selection.isSelected(index) && !wasRenaming && renamable
                    && tree.clickRenameEnabled) {
             renameTimer.start();
         } else {
             tree.selectRow(delegate);
             tree.itemClicked(rowId);
         }
+    }
+
+    function isCurrent() {
+        return tree.getIdByIndex(tree.selection.currentIndex) === rowId;
     }
 
     function toggle() {
@@ -87,10 +91,10 @@ MouseArea {
         selection.select(index, ItemSelectionModel.Deselect);
         if (selection.getSelectedCount() !== 1)
             return;
-        var rest = selection.getFirstSelectedModelIndex();
-        if (selection.currentIndex === rest)
+        var restId = tree.getIdByIndex(selection.getFirstSelectedModelIndex());
+        if (tree.getIdByIndex(selection.currentIndex) === restId)
             return;
-        tree.fillSelected(tree.getItemById(tree.getIdByIndex(rest)), rest);
+        tree.fillSelected(tree.getItemById(restId), restId);
         tree.callUpdateSelectedItem();
         tree.itemClicked(rowId);
     }

@@ -31,9 +31,9 @@ Item {
         autoOpenTimer.restart();
     }
 
-    /// Has the next delayed selection show that place first.
-    function keepContentY(contentY) {
-        delaySelectTimer.lContentY = contentY;
+    /// Has the next delayed selection first scroll back to where the view is now.
+    function keepContentY() {
+        delaySelectTimer.lContentY = view.scrolled();
     }
 
     function followSelection(idList) {
@@ -49,21 +49,22 @@ Item {
         tree.selectedIdListChanged(idList);
     }
 
-    /// Scrolls until the row, or the innermost open folder that holds it, is in view.
+    /// Scrolls until the row, or the closed folder that holds it, is in view.
     function checkTopBottom(id) {
         var model = tree.treeListModel;
         var bottom = tree.rowAt(64, view.viewport.height - 1);
-        if (!bottom.valid)
+        var shown = view.shownIndex(model.getModelIndexById(id));
+        if (!bottom.valid || !shown.valid)
             return;
-        if (!model.isLower(id, tree.getIdByIndex(bottom))) {
+        var shownId = tree.getIdByIndex(shown);
+        if (!model.isLower(shownId, tree.getIdByIndex(bottom)) && tree.getItemById(shownId)) {
             startDelaySelect(id);
             return;
         }
-        var list = view.flickableItem;
-        var contentY = list.contentY;
-        var rows = view.rowsAbove(model.getModelIndexById(id)) - view.rowsAbove(bottom);
-        view.showContentY(contentY + tree.simpleDisplayHeight * Math.max(1, rows));
-        if (list.contentY === contentY)
+        var scrolled = view.scrolled();
+        var rows = view.rowsAbove(shown) - view.rowsAbove(bottom);
+        view.scrollTo(scrolled + tree.simpleDisplayHeight * rows);
+        if (view.scrolled() === scrolled)
             return;
         bottomScrollTimer._id = id;
         bottomScrollTimer.start();
@@ -97,10 +98,11 @@ Item {
             }
             tree.makeCurrent(delegate.index);
             tree.takeFocusIfAsked(delegate);
-            tree.fillSelected(delegate, delegate.index);
+            tree.fillSelected(delegate, delegate.rowId);
             tree.selectedIsFolder = delegate.folder;
             tree.focusId = id;
             tree.callUpdateSelectedItem();
+            delaySelectTimer.select = false;
             startDelaySelect(id);
             return true;
         }
@@ -128,7 +130,7 @@ Item {
             var delegate = tree.getItemById(id);
             if (delegate) {
                 tree.takeFocusIfAsked(delegate);
-                tree.fillSelected(delegate, delegate.index);
+                tree.fillSelected(delegate, delegate.rowId);
                 tree.focusId = id;
                 tree.callUpdateSelectedItem();
             }
@@ -153,14 +155,14 @@ Item {
                     || tree.getIdByIndex(selection.getFirstSelectedModelIndex()) !== delegate.rowId)
                 return;
             tree.takeFocusIfAsked(delegate);
-            tree.fillSelected(delegate, delegate.index);
+            tree.fillSelected(delegate, delegate.rowId);
             tree.callUpdateSelectedItem();
         }
 
         interval: 1
         onTriggered: {
             if (lContentY !== null) {
-                view.showContentY(lContentY);
+                view.scrollTo(lContentY);
                 lContentY = null;
             }
             if (_id < 0)
@@ -179,7 +181,7 @@ Item {
             select = false;
             tree.takeFocusIfAsked(delegate);
             tree.makeCurrent(delegate.index);
-            tree.fillSelected(delegate, delegate.index);
+            tree.fillSelected(delegate, delegate.rowId);
             tree.focusId = id;
             tree.callUpdateSelectedItem();
         }

@@ -22,19 +22,23 @@ TreeView {
         ++iconRound;
     }
 
-    /// How many rows stand above that row. Counts the innermost open folder for
-    /// a row that isn't shown.
+    /// The row itself, or the outermost closed folder that hides it.
+    function shownIndex(index) {
+        var shown = index;
+        for (var folder = index.parent; folder.valid; folder = folder.parent) {
+            if (!isExpanded(folder))
+                shown = folder;
+        }
+        return shown;
+    }
+
+    /// How many rows are shown above one that is shown.
     function rowsAbove(index) {
         var count = 0;
         for (var step = index; step.valid; step = step.parent) {
-            var folder = step.parent;
-            if (folder.valid && !isExpanded(folder)) {
-                count = 0;
-                continue;
-            }
             for (var i = 0; i < step.row; ++i)
-                count += rowsOf(model.index(i, 0, folder));
-            if (folder.valid)
+                count += rowsOf(model.index(i, 0, step.parent));
+            if (step.parent.valid)
                 ++count;
         }
         return count;
@@ -49,11 +53,16 @@ TreeView {
         return count;
     }
 
+    /// How far the view is scrolled down. The list moves its origin as rows come and go.
+    function scrolled() {
+        return flickableItem.contentY - flickableItem.originY;
+    }
+
     /// Scrolls there, as far as there are rows.
-    function showContentY(contentY) {
+    function scrollTo(distance) {
         flickableItem.forceLayout();
-        var bottom = flickableItem.originY + flickableItem.contentHeight - viewport.height;
-        flickableItem.contentY = Math.max(flickableItem.originY, Math.min(contentY, bottom));
+        var bottom = flickableItem.contentHeight - viewport.height;
+        flickableItem.contentY = flickableItem.originY + Math.max(0, Math.min(distance, bottom));
     }
 
     /// Scrolls as little as it takes to show the whole row.
@@ -61,9 +70,9 @@ TreeView {
         var y = delegate.mapToItem(viewport, 0, 0).y;
         var top = flickableItem.headerItem.height;
         if (y < top)
-            showContentY(flickableItem.contentY - (top - y));
+            scrollTo(scrolled() - (top - y));
         else if (y + delegate.height > viewport.height)
-            showContentY(flickableItem.contentY + y + delegate.height - viewport.height);
+            scrollTo(scrolled() + y + delegate.height - viewport.height);
     }
 
     backgroundVisible: false
@@ -92,14 +101,18 @@ TreeView {
         var delegate = tree.getItemById(id);
         if (delegate)
             delegate.forceActiveFocus();
-        tree.fillSelected(delegate, index);
+        tree.fillSelected(delegate, id);
         tree.focusId = id;
         tree.callUpdateSelectedItem();
         tree.itemClicked(id);
     }
     onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
 
-    Component.onCompleted: flickableItem.interactive = false
+    Component.onCompleted: {
+        flickableItem.interactive = false;
+        // Delegates in the making complain when a change of the rows overtakes them.
+        flickableItem.cacheBuffer = 0;
+    }
 
     TableViewColumn {
         role: "name"

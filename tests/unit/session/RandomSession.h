@@ -1,9 +1,9 @@
 #pragma once
 
 #include "../EditingSession.h"
+#include "Comparison.h"
 #include "Operation.h"
 #include "quick/TreeListItemSelectionModel.h"
-#include "quick/TutorialItemListModel.h"
 #include "ReferenceHistory.h"
 #include "tool/IdSet.h"
 #include "Tutorial/ItemClipboard.h"
@@ -416,10 +416,6 @@ private:
     }
 
     QString difference();
-    QString documentDifference();
-    QString rowDifference(const QModelIndex &index, const ReferenceNode &node, bool roles);
-    static ReferenceNode nodeOf(const TreeItem<TutorialItemData> &item);
-    ReferenceDocument actualDocument();
 
     static constexpr int kMaxItems = 50;
 
@@ -437,82 +433,10 @@ private:
     bool mRowsLag = false;
 };
 
-inline ReferenceNode RandomSession::nodeOf(const TreeItem<TutorialItemData> &item)
-{
-    ReferenceNode node;
-    node.id = item.mId;
-    node.folder = item.mFolder;
-    for (const TreeItem<TutorialItemData> &child : item.mChildren)
-        node.children.append(nodeOf(child));
-    return node;
-}
-
-inline ReferenceDocument RandomSession::actualDocument()
-{
-    ReferenceDocument document;
-    for (const TutorialItemData *record : qAsConst(mSession.data().mDataList)) {
-        ReferenceRecord copy(record->mId);
-        copy.name = record->mName;
-        for (const QString &property : copy.values.keys())
-            copy.values.insert(property, record->getValue(property));
-        document.records.append(copy);
-    }
-    document.root = nodeOf(mSession.data().mRoot);
-    return document;
-}
-
-inline QString RandomSession::documentDifference()
-{
-    const ReferenceDocument actual = actualDocument();
-    if (!(actual == mDocument))
-        return QStringLiteral("document\n  is %1\n  not %2").arg(actual.text(), mDocument.text());
-    QSet<QString> names;
-    QSet<int> ids;
-    for (int i = 0; i < actual.records.size(); ++i) {
-        const ReferenceRecord &record = actual.records.at(i);
-        names.insert(record.name);
-        ids.insert(record.id);
-        // What is found by the indexes beside the document.
-        int expectedIndex = -1;
-        int index = -1;
-        const int parentId = mDocument.root.parentOf(record.id, expectedIndex)->id;
-        const TreeItem<TutorialItemData> *parent = mSession.data().getParentItem(record.id, index);
-        const TreeItem<TutorialItemData> *item = mSession.data().findItem(record.id);
-        if (!parent || parent->mId != parentId || index != expectedIndex || !item || item->mId != record.id
-            || mSession.data().getDataIndex(record.id) != i)
-            return QStringLiteral("place of item %1").arg(record.id);
-    }
-    if (names.size() != actual.records.size() || ids.size() != actual.records.size())
-        return QStringLiteral("a name or an id stands twice in\n  %1").arg(actual.text());
-    return QString();
-}
-
-inline QString RandomSession::rowDifference(const QModelIndex &index, const ReferenceNode &node, bool roles)
-{
-    const ReferenceRecord *record = mDocument.record(node.id);
-    const QString name = record ? record->name : QStringLiteral("/");
-    bool same = index.data(Model::RoleId) == node.id && index.data(Model::RoleName) == name
-        && mModel.rowCount(index) == node.children.size();
-    if (roles) {
-        same = same && index.data(Model::RoleFolder) == node.folder
-            && index.data(Model::RoleProhibited).toBool() == mDocument.shownProhibited(node)
-            && (!record
-                || (index.data(Model::RoleIcon) == record->values.value(QStringLiteral("icon"))
-                    && index.data(Model::RoleJump) == record->values.value(QStringLiteral("jump"))));
-    }
-    if (!same)
-        return QStringLiteral("row of item %1 in %2").arg(node.id).arg(mDocument.text());
-    for (int i = 0; i < node.children.size(); ++i) {
-        const QString different = rowDifference(mModel.index(i, 0, index), node.children.at(i), roles);
-        if (!different.isEmpty())
-            return different;
-    }
-    return QString();
-}
-
 inline QString RandomSession::difference()
 {
-    QString different = mDifference.isEmpty() ? documentDifference() : mDifference;
+    QString different =
+        mDifference.isEmpty() ? Comparison::documentDifference(mSession.data(), mDocument) : mDifference;
     if (different.isEmpty() && history().canUndo() != mHistory.canUndo())
         different = QStringLiteral("canUndo");
     if (different.isEmpty() && history().canRedo() != mHistory.canRedo())
@@ -522,10 +446,10 @@ inline QString RandomSession::difference()
     if (different.isEmpty() && mSession.context().mModified != mHistory.isModified())
         different = QStringLiteral("modified");
     if (different.isEmpty() && !mRowsLag) {
-        different = rowDifference(mModel.getRootIndex(), mDocument.root, false);
+        different = Comparison::rowDifference(mModel.getRootIndex(), mDocument.root, mDocument, false);
         mModel.refreshRoles();
         if (different.isEmpty())
-            different = rowDifference(mModel.getRootIndex(), mDocument.root, true);
+            different = Comparison::rowDifference(mModel.getRootIndex(), mDocument.root, mDocument, true);
     }
     return different;
 }

@@ -1,0 +1,182 @@
+#include "TreeListTest.h"
+
+#include <QSignalSpy>
+
+class TreeListDragTest : public TreeListTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void drags_data();
+    void drags();
+    void showsWhereADropGoes();
+    void followsTheMouseLeft();
+    void opensAFolderUnderTheDrag();
+    void dragsNothingThatMayNot();
+    void keepsThePlaceAmongAThousandItems();
+};
+
+void TreeListDragTest::drags_data()
+{
+    QTest::addColumn<QList<int>>("selection");
+    QTest::addColumn<int>("dragged");
+    QTest::addColumn<int>("target");
+    QTest::addColumn<bool>("upperHalf");
+    QTest::addColumn<int>("x");
+    QTest::addColumn<QString>("expected"); // the folders 2 and 4 are open
+
+    const auto row = [](const char *name, const QList<int> &selection, int dragged, int target, bool upperHalf, int x,
+                        const char *expected) {
+        QTest::newRow(name) << selection << dragged << target << upperHalf << x << QString::fromLatin1(expected);
+    };
+    row("one row up", {}, 9, 1, true, 150, "9 1 2[3 4[5 6] 7] 8[]");
+    row("one row down", {}, 1, 8, true, 50, "2[3 4[5 6] 7] 1 8[] 9");
+    row("to the end", {}, 1, 9, false, 150, "2[3 4[5 6] 7] 8[] 9 1");
+    row("before a row of a folder", {}, 9, 5, true, 150, "1 2[3 4[9 5 6] 7] 8[]");
+    row("to a folder's end", {}, 9, 7, false, 150, "1 2[3 4[5 6] 7 9] 8[]");
+    row("to a folder's end, on its level", {}, 9, 7, false, 50, "1 2[3 4[5 6] 7] 9 8[]");
+    row("into an empty folder", {}, 1, 8, false, 150, "2[3 4[5 6] 7] 8[1] 9");
+    row("a folder with its rows", {}, 4, 1, true, 150, "4[5 6] 1 2[3 7] 8[] 9");
+    row("several rows, in tree order", { 9, 3, 5 }, 9, 1, true, 150, "3 5 9 1 2[4[6] 7] 8[]");
+    row("a row that stands in a selected folder", { 5, 4, 9 }, 9, 1, true, 150, "4[5 6] 9 1 2[3 7] 8[]");
+    row("a row that is not of the selection", { 3, 5 }, 9, 1, true, 150, "9 1 2[3 4[5 6] 7] 8[]");
+    row("where it stands", {}, 3, 2, false, 150, "");
+    row("a folder into itself", {}, 2, 5, true, 150, "");
+    row("a folder among several into itself", { 1, 4 }, 1, 6, true, 150, "");
+}
+
+void TreeListDragTest::drags()
+{
+    QFETCH(QList<int>, selection);
+    QFETCH(int, dragged);
+    QFETCH(int, target);
+    QFETCH(bool, upperHalf);
+    QFETCH(int, x);
+    QFETCH(QString, expected);
+
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    QVERIFY(f.open(2));
+    QVERIFY(f.open(4));
+    for (int i = 0; i < selection.size(); ++i)
+        f.click(selection.at(i), i == 0 ? Qt::NoModifier : Qt::ControlModifier);
+    QSignalSpy moves(f.tree, SIGNAL(treeItemMoved()));
+
+    f.drag(dragged, f.at(target, x, upperHalf ? -7 : 7));
+    QCOMPARE(f.marker()->isVisible(), !expected.isEmpty());
+    QCOMPARE(f.row(dragged)->opacity(), 0.5);
+    const QString selected = f.selected();
+    f.drop();
+    QVERIFY(!f.marker()->isVisible());
+    QTRY_VERIFY(f.row(dragged));
+    QCOMPARE(f.row(dragged)->opacity(), 1.0);
+    QCOMPARE(f.row(dragged)->childItems().first()->y(), 0.0);
+    QCOMPARE(f.session.shape(), expected.isEmpty() ? kDocument : expected);
+    QCOMPARE(moves.count(), expected.isEmpty() ? 0 : 1);
+    QCOMPARE(f.tree->property("dndTargetFolderId").toInt(), -2);
+    if (expected.isEmpty())
+        return;
+
+    QCOMPARE(f.selected(), selected);
+    QTRY_VERIFY(f.itemId() >= 0);
+    QCOMPARE(f.selected(), selected);
+    QVERIFY(f.row(dragged));
+    f.undo();
+    QCOMPARE(f.session.shape(), kDocument);
+    QVERIFY(!f.session.history().canUndo());
+}
+
+void TreeListDragTest::showsWhereADropGoes()
+{
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    QVERIFY(f.open(2));
+    f.drag(9, f.at(3, 150, 7));
+    QVERIFY(f.marker()->isVisible());
+    // The middle of the bar is the edge between the two rows.
+    const qreal edge = f.row(3)->mapToScene(QPointF(0, f.row(3)->height())).y();
+    const qreal middle = f.marker()->mapToScene(QPointF(0, 5.5)).y();
+    QVERIFY2(qAbs(middle - edge) <= 1, qPrintable(QStringLiteral("%1 %2").arg(middle).arg(edge)));
+    QCOMPARE(f.marker()->x(), 61.0);
+    QCOMPARE(f.tree->property("dndTargetFolderId").toInt(), 2);
+    f.moveTo(f.at(-1, 150));
+    f.moveTo(QPoint(150, -40));
+    QVERIFY(!f.marker()->isVisible());
+    f.drop();
+    QCOMPARE(f.session.shape(), kDocument);
+}
+
+void TreeListDragTest::followsTheMouseLeft()
+{
+    TreeListFixture f(QStringLiteral("1 2[3[4[5]]] 6"));
+    QVERIFY(f.isReady());
+    QVERIFY(f.open(2));
+    QVERIFY(f.open(3));
+    QVERIFY(f.open(4));
+    f.drag(1, f.at(5, 140, 7));
+    for (int depth = 3; depth >= 0; --depth) {
+        f.moveTo(f.at(5, 45 + 20 * depth, 7));
+        QCOMPARE(f.marker()->x(), 41.0 + 20 * depth);
+    }
+    f.moveTo(f.at(5, 90, 7));
+    f.drop();
+    QCOMPARE(f.session.shape(), QStringLiteral("2[3[4[5] 1]] 6"));
+}
+
+void TreeListDragTest::opensAFolderUnderTheDrag()
+{
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    f.drag(9, f.at(2, 150, 2));
+    QVERIFY(!f.row(3));
+    QTRY_VERIFY(f.row(3));
+    f.moveTo(f.at(3, 150, -7));
+    f.drop();
+    QCOMPARE(f.session.shape(), QStringLiteral("1 2[9 3 4[5 6] 7] 8[]"));
+    QTRY_COMPARE(f.itemId(), 9);
+    // The way out of a folder before its time is up leaves it closed.
+    f.drag(9, f.at(4, 150, 2));
+    f.moveTo(f.at(8, 150, 2));
+    QTest::qWait(600);
+    QVERIFY(!f.row(5));
+    f.drop();
+}
+
+void TreeListDragTest::dragsNothingThatMayNot()
+{
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    f.drag(-1, f.at(8, 150, 7));
+    QVERIFY(!f.marker()->isVisible());
+    f.drop();
+    f.tree->setProperty("dragAndDropEnabled", false);
+    f.drag(1, f.at(8, 150, -7));
+    QVERIFY(!f.marker()->isVisible());
+    f.drop();
+    QCOMPARE(f.session.shape(), kDocument);
+}
+
+void TreeListDragTest::keepsThePlaceAmongAThousandItems()
+{
+    TreeListFixture f(longDocument(1000));
+    QVERIFY(f.isReady());
+    f.tree->setProperty("focusId", 500);
+    QMetaObject::invokeMethod(f.tree, "focusOn");
+    QTRY_COMPARE(f.itemId(), 500);
+    QTRY_VERIFY(f.visible().endsWith(QStringLiteral(" 500")));
+    f.drag(490, f.at(495, 150, 7));
+    f.drop();
+    QCOMPARE(f.session.data().mRoot.mChildren.at(494).mId, 490);
+    QVERIFY(f.visible().contains(QStringLiteral(" 495 490 496")));
+    const QString moved = f.visible();
+    QTRY_COMPARE(f.itemId(), 490);
+    QTest::qWait(50);
+    QCOMPARE(f.visible(), moved);
+}
+
+int main(int argc, char **argv)
+{
+    return runTreeListTest<TreeListDragTest>(argc, argv);
+}
+
+#include "tst_TreeListDrag.moc"
