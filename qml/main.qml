@@ -132,16 +132,14 @@ ApplicationWindow {
     }
 
     function startAuthoring() {
-        // At the first start the menus must not lie above the screen.
+        // At the first start the menus must not lie above the screen, nor what
+        // is below them outside of it.
         if (width === 1 && height === 1)
             y = 64;
-        // At the first start, and never larger than the screen with the frame.
         if (width === 1)
             width = Math.min(966, Screen.desktopAvailableWidth - 16);
-        if (height === 1) {
-            height = Math.min(788, Screen.desktopAvailableHeight - 48);
-            y = 32;
-        }
+        if (height === 1)
+            height = Math.min(788, Screen.desktopAvailableHeight - 80);
         menuBar = menuBarComponent.createObject(applicationWindow);
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");

@@ -144,6 +144,8 @@ void tst_SettingScreen::init()
         managerInstance->setLocale(QStringLiteral("ja_JP"));
         QMetaObject::invokeMethod(mWindow, "reloadTutorial");
     }
+    // The offscreen platform has a small screen.
+    mWindow->resize(966, 788);
     mWindow->requestActivate();
     QVERIFY(QTest::qWaitForWindowActive(mWindow));
     select(2);
