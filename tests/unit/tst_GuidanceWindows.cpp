@@ -4,7 +4,6 @@
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialTooltip.h"
 
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
@@ -118,12 +117,12 @@ void tst_GuidanceWindows::hugeTextsAreCut()
 {
     QFETCH(QString, text);
     EditorTooltip editorTooltip(nullptr, mContext.get());
-    QElapsedTimer timer;
-    timer.start();
     mIndicator->setHint(text);
     tick(*mIndicator);
     editorTooltip.show(text, 100, 100);
-    QVERIFY(timer.elapsed() < 20000);
+    // Of the rest nothing is laid out.
+    QVERIFY(textEdit().document()->characterCount() < 5000);
+    QVERIFY(editorTooltip.mTextEdit->document()->characterCount() < 5000);
     QVERIFY(!textEdit().toPlainText().contains(QChar::ReplacementCharacter));
 }
 
