@@ -68,9 +68,10 @@ QVector<Operation> shortest(QVector<Operation> operations)
 
 QString report(unsigned seed, const QVector<Operation> &operations, const Failure &failure)
 {
+    // First of all, since the search for the shortest list takes its time.
+    qWarning("seed %u, step %d: %s", seed, failure.step, qPrintable(failure.text));
     const QVector<Operation> few = shortest(operations.mid(0, failure.step + 1));
-    QString text =
-        QStringLiteral("seed %1, step %2: %3\nshortest list:\n").arg(seed).arg(failure.step).arg(failure.text);
+    QString text = QStringLiteral("shortest list:\n");
     for (const Operation &operation : few)
         text += operation.text() + QLatin1Char('\n');
     return text + QStringLiteral("which ends with ") + runSession(few).text;
@@ -78,6 +79,7 @@ QString report(unsigned seed, const QVector<Operation> &operations, const Failur
 
 unsigned firstSeed = 1;
 int steps = 600;
+int sessionCount = 12;
 int seconds = 0;
 } // namespace
 
@@ -94,8 +96,7 @@ void RandomSessionTest::sessions()
     QElapsedTimer running;
     running.start();
     int sessions = 0;
-    constexpr int kShortRun = 12;
-    while (seconds > 0 ? running.elapsed() < seconds * 1000LL : sessions < kShortRun) {
+    while (seconds > 0 ? running.elapsed() < seconds * 1000LL : sessions < sessionCount) {
         const unsigned seed = firstSeed + static_cast<unsigned>(sessions++);
         const QVector<Operation> operations = randomOperations(seed, steps);
         const Failure failure = runSession(operations);
@@ -116,8 +117,10 @@ int main(int argc, char **argv)
                         { QStringLiteral("seconds"), QStringLiteral("How long to go on."), QStringLiteral("N") } });
     parser.addHelpOption();
     parser.process(application);
-    if (parser.isSet(QStringLiteral("seed")))
+    if (parser.isSet(QStringLiteral("seed"))) {
         firstSeed = parser.value(QStringLiteral("seed")).toUInt();
+        sessionCount = 1;
+    }
     if (parser.isSet(QStringLiteral("steps")))
         steps = parser.value(QStringLiteral("steps")).toInt();
     if (parser.isSet(QStringLiteral("seconds")))

@@ -5,7 +5,6 @@
 #include "Operation.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "ReferenceHistory.h"
-#include "tool/IdSet.h"
 #include "Tutorial/ItemClipboard.h"
 
 #include <QAbstractItemModelTester>
@@ -103,8 +102,11 @@ private:
     }
 
     /// An edit outside a transaction gets one of its own, if it needs one.
-    void edit(const Operation &op)
+    void edit(Operation op)
     {
+        // A document that would grow for ever shrinks instead.
+        if (op.kind == Operation::AddItem && mDocument.records.size() > kMaxItems)
+            op.kind = Operation::Delete;
         const bool open = mHistory.inTransaction();
         const bool recordsByItself = op.kind <= Operation::MoveInto;
         const bool mayStayOutside = recordsByItself || (mHistory.isEmpty() && op.kind != Operation::Delete);
@@ -130,11 +132,7 @@ private:
     {
         switch (op.kind) {
         case Operation::AddItem:
-            // A document that would grow for ever shrinks instead.
-            if (mDocument.records.size() > kMaxItems)
-                remove({ op.a, op.b, op.c, op.a + op.b, op.b + op.c });
-            else
-                addItem(targetOf(op.a));
+            addItem(targetOf(op.a));
             break;
         case Operation::AddFolder:
             addFolder(targetOf(op.a));
@@ -147,7 +145,7 @@ private:
             move(op);
             break;
         case Operation::Delete:
-            remove({ op.a, op.b });
+            remove({ op.a, op.b, op.c });
             break;
         case Operation::SetProperty:
             setProperty(op);
@@ -190,9 +188,9 @@ private:
 
     void beginSequence(const QString &name)
     {
+        mSinceBegin.start();
         history().beginSequence(name);
         mHistory.beginSequence(name);
-        mSinceBegin.start();
     }
 
     void endSequence()
@@ -203,13 +201,16 @@ private:
 
     void beginSingle(const QString &name)
     {
+        QElapsedTimer sinceThisBegin;
+        sinceThisBegin.start();
         const bool mayMerge = mHistory.mayMerge(name);
-        const bool surelyQuick = mSinceBegin.isValid() && mSinceBegin.elapsed() < 500;
         history().beginSingle(name);
-        if (history().isMergeable() != mayMerge && (surelyQuick || !mayMerge))
+        // What was measured from before the one to behind the other is never too short.
+        const bool quick = mSinceBegin.isValid() && mSinceBegin.elapsed() < 1000;
+        if (history().isMergeable() != mayMerge && (quick || !mayMerge))
             mDifference = QStringLiteral("a single merges or does not, against its name and the time");
         mHistory.beginSingle(name, history().isMergeable());
-        mSinceBegin.start();
+        mSinceBegin = sinceThisBegin;
     }
 
     void undo()
@@ -394,18 +395,7 @@ private:
         bringRowsInLine();
         const QList<int> ids = idsOf(numbers);
         mSelection.setSelectedIdList(ids);
-        const QSet<int> wanted = idSet(ids);
-        QSet<int> inside;
-        for (const int id : wanted) {
-            for (const int below : mDocument.root.find(id)->idsBelow())
-                inside.insert(below);
-        }
-        QVariantList expected;
-        for (const int id : mDocument.root.idsBelow()) {
-            if (wanted.contains(id) && !inside.contains(id))
-                expected.append(id);
-        }
-        if (mSelection.getTreeSelectedIdList() != expected)
+        if (mSelection.getTreeSelectedIdList() != DataSupport::getVariantList(mDocument.topsOf(ids)))
             mDifference = QStringLiteral("selected ids");
     }
 

@@ -193,6 +193,22 @@ public:
         return all;
     }
 
+    /// Those of the ids that stand below no other of them, in tree order.
+    QList<int> topsOf(const QList<int> &idList)
+    {
+        QSet<int> inside;
+        for (const int id : idList) {
+            for (const int below : root.find(id)->idsBelow())
+                inside.insert(below);
+        }
+        QList<int> tops;
+        for (const int id : root.idsBelow()) {
+            if (idList.contains(id) && !inside.contains(id))
+                tops.append(id);
+        }
+        return tops;
+    }
+
     void remove(const QSet<int> &ids)
     {
         for (const int id : ids) {
