@@ -153,8 +153,8 @@ QString tst_AuthoringOnScreen::xdotool(const QStringList &arguments)
 
 void tst_AuthoringOnScreen::move(const QPoint &place)
 {
-    xdotool({ QStringLiteral("mousemove"), QStringLiteral("--window"), mWindow,
-              QString::number(place.x()), QString::number(place.y()) });
+    xdotool({ QStringLiteral("mousemove"), QStringLiteral("--window"), mWindow, QString::number(place.x()),
+              QString::number(place.y()) });
 }
 
 void tst_AuthoringOnScreen::click(const QPoint &place)
