@@ -161,7 +161,6 @@ void tst_ApplicationWindow::versionAndLicence()
     QQuickItem *texts = MainWindowFixture::find(licence()->contentItem(), QStringLiteral("licences"));
     QVERIFY(texts != nullptr);
     const QString text = texts->property("text").toString();
-    QVERIFY(text.contains(QStringLiteral("6. Revised Versions of the GNU Lesser General Public License")));
     QVERIFY(text.trimmed().endsWith(QStringLiteral("POSSIBILITY OF SUCH DAMAGE.\"")));
     MainWindowFixture::click(MainWindowFixture::find(licence()->contentItem(), QStringLiteral("ok")));
     QTRY_VERIFY(licence() == nullptr);

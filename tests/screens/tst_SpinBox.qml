@@ -20,15 +20,6 @@ Item {
         value: 10
     }
 
-    SpinBox {
-        id: stacked
-        x: 140
-        width: 80
-        height: 28
-        horizontal: false
-        value: 10
-    }
-
     RectangleTextInput {
         id: other
         y: 100
@@ -68,7 +59,6 @@ Item {
             Theme.setTheme("");
             mouseClick(other);
             spinBox.value = 10;
-            stacked.value = 10;
             finished.clear();
         }
 
