@@ -42,16 +42,6 @@ Item {
             return find(button, function(item) { return item.elide !== undefined && item.contentWidth !== undefined; });
         }
 
-        function test_textWidth() {
-            var plain = createTemporaryObject(buttonComponent, scene, { "text": "A caption" });
-            var text = caption(plain);
-            verify(!text.truncated);
-            var fixedWidth = text.width;
-            plain.text = "A caption that is a good deal longer";
-            compare(caption(plain).width, fixedWidth);
-            verify(caption(plain).truncated);
-        }
-
         function test_textColor_data() {
             return [
                 { "tag": "plain", "properties": {}, "color": "#cccccc" },
