@@ -2,71 +2,56 @@
 
 #include "QmlTypes.h"
 #include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TranslationSource.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QDir>
-#include <QFile>
+#include <QPushButton>
 #include <QQmlExpression>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
 #include <QtQml>
+#include <QtTest>
 
-namespace
+std::unique_ptr<QApplication> MainWindowFixture::makeApplication(char *program)
 {
-const QString kTutorialPath = QStringLiteral("tutorial-win/qml/Tutorial/");
-const QString kTranslationPath = QStringLiteral("tutorial-win/translations/");
-} // namespace
-
-QString MainWindowFixture::linkSuffix()
-{
-    return QStringLiteral("-screens-%1").arg(QCoreApplication::applicationPid());
-}
-
-MainWindowFixture::MainWindowFixture()
-{
-    connect(&mServer, &QLocalServer::newConnection, this, [this] { mSocket = mServer.nextPendingConnection(); });
-    connect(&mAlive, &QTimer::timeout, this, [this] {
-        if (mSocket != nullptr)
-            mSocket->write(QByteArray("0\x02"
-                                      "alive\0",
-                                      8));
-    });
-    mAlive.start(1000);
+    static const QTemporaryDir home;
+    static QByteArray suffix = QByteArrayLiteral("-screens-") + QByteArray::number(qHash(home.path()));
+    static int count = 2;
+    static char *arguments[] = { program, suffix.data(), nullptr };
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+    auto application = std::make_unique<QApplication>(count, arguments);
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QLocale::setDefault(QLocale::c());
+    applicationObject = application.get();
+    registerQmlTypes();
+    return application;
 }
 
 bool MainWindowFixture::load()
 {
-    const QString serverName = QStringLiteral("qelm") + linkSuffix();
-    QLocalServer::removeServer(serverName);
-    if (!mServer.listen(serverName))
+    if (!mHost.listen(QCoreApplication::arguments().value(1)).isEmpty())
         return false;
     QDir folder(mFolder.path());
-    folder.mkpath(kTutorialPath);
-    folder.mkpath(kTranslationPath);
-    for (const QString &locale : { QStringLiteral("en_US"), QStringLiteral("ja_JP") }) {
-        QFile file(folder.filePath(kTranslationPath + locale + QStringLiteral(".ts")));
-        if (!file.open(QIODevice::WriteOnly))
-            return false;
-        file.write(QStringLiteral("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!DOCTYPE TS>\n"
-                                  "<TS version=\"2.1\" language=\"%1\"></TS>\n")
-                       .arg(locale)
-                       .toUtf8());
-    }
+    folder.mkpath(QStringLiteral("tutorial-win/qml/Tutorial"));
+    folder.mkpath(QStringLiteral("tutorial-win/translations"));
     QDir::setCurrent(mFolder.path());
-
-    registerQmlTypes();
-    applicationObject = qobject_cast<QApplication *>(QCoreApplication::instance());
-    mEngine.rootContext()->setContextProperty(QStringLiteral("recorder"), &mRecorder);
+    for (const QString &locale : { QStringLiteral("en_US"), QStringLiteral("ja_JP") }) {
+        writeFile(QStringLiteral("tutorial-win/translations/%1.ts").arg(locale),
+                  TranslationSource::emptyDocument(locale).toByteArray());
+    }
+    mEngine.rootContext()->setContextProperty(QStringLiteral("answers"), QVariant::fromValue(mEngine.newArray()));
     mEngine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
     mWindow = qobject_cast<QQuickWindow *>(mEngine.rootObjects().value(0));
-    if (mWindow == nullptr)
-        return false;
-    mManager = evaluate(QStringLiteral("TutorialManager")).value<QObject *>();
-    mWindow->setPosition(100, 100);
+    return mWindow != nullptr && activate();
+}
+
+bool MainWindowFixture::activate() const
+{
     mWindow->requestActivate();
-    return mManager != nullptr && QTest::qWaitForWindowActive(mWindow);
+    return QTest::qWaitForWindowActive(mWindow)
+        && QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == mWindow; });
 }
 
 QVariant MainWindowFixture::evaluate(const QString &script) const
@@ -78,23 +63,17 @@ QVariant MainWindowFixture::evaluate(const QString &script) const
     return result;
 }
 
-QString MainWindowFixture::tutorialFile() const
+void MainWindowFixture::writeFile(const QString &path, const QByteArray &contents)
 {
-    return QDir(mFolder.path()).filePath(kTutorialPath + QStringLiteral("Sample.js"));
+    QFile file(path);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    file.write(contents);
 }
 
-void MainWindowFixture::loadTutorial()
-{
-    QFile::remove(tutorialFile());
-    QFile::copy(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"), tutorialFile());
-    QFile::setPermissions(tutorialFile(), QFile::ReadOwner | QFile::WriteOwner);
-    evaluate(QStringLiteral("TutorialManager.loadTutorial(\"%1\")").arg(tutorialFile()));
-}
-
-QQuickWindow *MainWindowFixture::visibleWindow(const QString &objectName) const
+QQuickWindow *MainWindowFixture::visibleWindow(const char *objectName)
 {
     for (QWindow *window : QGuiApplication::allWindows()) {
-        if (window->objectName() == objectName && window->isVisible())
+        if (window->objectName() == QLatin1String(objectName) && window->isVisible())
             return qobject_cast<QQuickWindow *>(window);
     }
     return nullptr;
@@ -113,16 +92,17 @@ QQuickItem *MainWindowFixture::find(QQuickItem *item, const QString &nameOrText)
     return nullptr;
 }
 
-void MainWindowFixture::click(QQuickWindow *window, const QString &nameOrText)
+void MainWindowFixture::click(QQuickItem *item, bool twice)
 {
-    QQuickItem *item = find(window->contentItem(), nameOrText);
-    QVERIFY2(item != nullptr, qPrintable(nameOrText));
-    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseMove(window, centre.toPoint());
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+    QVERIFY(item != nullptr);
+    const QPoint centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    QTest::mouseMove(item->window(), centre);
+    QTest::mouseClick(item->window(), Qt::LeftButton, Qt::NoModifier, centre);
+    if (twice)
+        QTest::mouseDClick(item->window(), Qt::LeftButton, Qt::NoModifier, centre);
 }
 
-QWidget *MainWindowFixture::visibleDialog()
+QWidget *MainWindowFixture::dialog()
 {
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (qobject_cast<QDialog *>(widget) != nullptr && widget->isVisible())
@@ -131,17 +111,13 @@ QWidget *MainWindowFixture::visibleDialog()
     return nullptr;
 }
 
-QQuickWindow *MainWindowFixture::openMenu(Qt::Key mnemonic) const
+QString MainWindowFixture::answer(QMessageBox::StandardButton button)
 {
-    const QWindowList before = QGuiApplication::allWindows();
-    QTest::keyClick(mWindow, mnemonic, Qt::AltModifier);
-    QQuickWindow *menu = nullptr;
-    const auto opened = [&] {
-        for (QWindow *window : QGuiApplication::allWindows()) {
-            if (!before.contains(window) && window->isVisible())
-                menu = qobject_cast<QQuickWindow *>(window);
-        }
-        return menu != nullptr;
-    };
-    return QTest::qWaitFor(opened) ? menu : nullptr;
+    // A box that goes before the window manager has given it the focus leaves the focus nowhere.
+    if (!QTest::qWaitFor([] { return messageBox() != nullptr; }) || !QTest::qWaitForWindowActive(messageBox()))
+        return QStringLiteral("no message box");
+    const QString text = messageBox()->text();
+    if (QAbstractButton *shown = messageBox()->button(button))
+        QTest::mouseClick(shown, Qt::LeftButton);
+    return QTest::qWaitFor([] { return messageBox() == nullptr; }) ? text : QStringLiteral("still open");
 }

@@ -1,76 +1,53 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QLocalServer>
-#include <QLocalSocket>
-#include <QObject>
+#include "HostLink.h"
+
+#include <QMessageBox>
 #include <QQmlApplicationEngine>
-#include <QStringList>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QVariant>
 
+#include <memory>
+
+class QApplication;
 class QQuickItem;
 class QQuickWindow;
-class QWidget;
 
-/// Takes down what scripts of the screens report.
-class Recorder : public QObject
+/// The application window of the authoring mode in the test's own process, linked to a host and with
+/// a project in a folder of its own. The singletons are the real ones: a process has one of these.
+class MainWindowFixture
 {
-    Q_OBJECT
-
 public:
-    Q_INVOKABLE void add(const QVariant &value) { mValues += value.toString(); }
-    const QStringList &values() const { return mValues; }
-    QStringList take() { return std::exchange(mValues, {}); }
+    /// The application object, with settings of its own.
+    static std::unique_ptr<QApplication> makeApplication(char *program);
 
-private:
-    QStringList mValues;
-};
-
-/// The application window of the authoring mode in the test's own process, with a link that is kept
-/// alive and a tutorial in a folder of its own. The singletons are the real ones, so that a process
-/// has one of these.
-class MainWindowFixture : public QObject
-{
-    Q_OBJECT
-
-public:
-    /// The link suffix that the application object must have been given.
-    static QString linkSuffix();
-
-    MainWindowFixture();
-
-    /// Lays out the tutorial's folder, and loads the window. False with a line in the log.
+    /// Lays out the project, which becomes the current directory, and loads the window. False with a
+    /// line in the log.
     bool load();
+    /// Lets the window have the focus, which dialogs may have taken.
+    bool activate() const;
 
     QQuickWindow *window() const { return mWindow; }
-    QObject *manager() const { return mManager; }
-    Recorder &recorder() { return mRecorder; }
+    HostLink &host() { return mHost; }
 
-    /// Evaluates a script in the context of the window.
+    /// Evaluates a script in the context of the window, which has a list "answers" for its use.
     QVariant evaluate(const QString &script) const;
-    /// Loads the tutorial of the folder.
-    void loadTutorial();
-    QString tutorialFile() const;
 
+    static void writeFile(const QString &path, const QByteArray &contents);
     /// The visible window of that object name, or null.
-    QQuickWindow *visibleWindow(const QString &objectName) const;
-    /// The visible item in the window with that object name or text, or null.
+    static QQuickWindow *visibleWindow(const char *objectName);
+    /// The visible item in the item with that object name or text, or null.
     static QQuickItem *find(QQuickItem *item, const QString &nameOrText);
-    static void click(QQuickWindow *window, const QString &nameOrText);
+    static void click(QQuickItem *item, bool twice = false);
     /// The visible dialog that the toolkit makes of a widget, or null.
-    static QWidget *visibleDialog();
-    /// Opens a menu by its mnemonic and gives its window.
-    QQuickWindow *openMenu(Qt::Key mnemonic) const;
+    static QWidget *dialog();
+    static QMessageBox *messageBox() { return qobject_cast<QMessageBox *>(dialog()); }
+    /// Waits for a message box, clicks a button of it and waits until it is gone. The text of the box.
+    static QString answer(QMessageBox::StandardButton button);
 
 private:
     QTemporaryDir mFolder;
-    QLocalServer mServer;
-    QLocalSocket *mSocket = nullptr;
-    QTimer mAlive;
-    Recorder mRecorder;
+    HostLink mHost;
     QQmlApplicationEngine mEngine;
-    QQuickWindow *mWindow = nullptr;
-    QObject *mManager = nullptr;
+    QQuickWindow *mWindow = nullptr; // owned by the engine
 };

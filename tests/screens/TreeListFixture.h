@@ -58,7 +58,12 @@ public:
         QTest::mouseClick(window, button, modifiers, at(id));
     }
 
-    void doubleClick(int id) { QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, at(id)); }
+    /// Goes to a row as the settings screen does.
+    void focusOn(int id)
+    {
+        tree->setProperty("focusId", id);
+        QMetaObject::invokeMethod(tree, "focusOn");
+    }
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(window, key, modifiers); }
 

@@ -9,14 +9,12 @@ class FakeGui : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(int openRequests MEMBER mOpenRequests NOTIFY openRequestsChanged)
-    Q_PROPERTY(int calls MEMBER mCalls NOTIFY openRequestsChanged)
 
 public:
     Q_INVOKABLE void setIme(const QVariant &window, bool enabled)
     {
         QVERIFY(qobject_cast<QWindow *>(window.value<QObject *>()) != nullptr);
         mOpenRequests += enabled ? -1 : 1;
-        ++mCalls;
         Q_EMIT openRequestsChanged();
     }
 
@@ -25,7 +23,6 @@ Q_SIGNALS:
 
 private:
     int mOpenRequests = 0;
-    int mCalls = 0;
 };
 
 class Setup : public QObject

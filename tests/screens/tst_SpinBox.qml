@@ -20,15 +20,6 @@ Item {
         value: 10
     }
 
-    SpinBox {
-        id: stacked
-        x: 140
-        width: 80
-        height: 28
-        horizontal: false
-        value: 10
-    }
-
     RectangleTextInput {
         id: other
         y: 100
@@ -68,7 +59,6 @@ Item {
             Theme.setTheme("");
             mouseClick(other);
             spinBox.value = 10;
-            stacked.value = 10;
             finished.clear();
         }
 
@@ -78,7 +68,6 @@ Item {
                 { "tag": "up", "x": 106, "value": 11 },
                 { "tag": "down", "x": 78, "value": 9 },
                 { "tag": "left of them", "x": 40, "value": 10 },
-                { "tag": "up, another theme", "x": 106, "value": 11, "theme": "dark" },
                 { "tag": "down, another theme", "x": 78, "value": 9, "theme": "highContrastBlack" }
             ];
         }
@@ -91,43 +80,21 @@ Item {
             compare(finished.count, data.value === 10 ? 0 : 1);
         }
 
-        function test_stackedArrowsOfTheToolkit() {
-            mouseClick(stacked, 72, 6);
-            compare(stacked.value, 11);
-            mouseClick(stacked, 72, 22);
-            compare(stacked.value, 10);
-        }
-
         function test_wheelNeedsFocus() {
             mouseWheel(spinBox, 20, 14, 0, 120);
             compare(spinBox.value, 10);
             mouseClick(spinBox, 20, 14);
             mouseWheel(spinBox, 20, 14, 0, 120);
             compare(spinBox.value, 11);
-            mouseWheel(spinBox, 20, 14, 0, -120);
-            compare(spinBox.value, 10);
-            mouseClick(other);
-            mouseWheel(spinBox, 20, 14, 0, -120);
-            compare(spinBox.value, 10);
         }
 
         // A step commits; any other change waits for the end of the edit.
-        function test_commitByStep_data() {
-            return [
-                { "tag": "a step up", "value": 11, "signals": 1 },
-                { "tag": "a step down", "value": 9, "signals": 1 },
-                { "tag": "five", "value": 15, "signals": 0 },
-                { "tag": "the same", "value": 10, "signals": 0 }
-            ];
-        }
-
-        function test_commitByStep(data) {
+        function test_commit() {
+            spinBox.value = 15;
+            compare(finished.count, 0);
+            spinBox.value = 16;
+            compare(finished.count, 1);
             finished.clear();
-            spinBox.value = data.value;
-            compare(finished.count, data.signals);
-        }
-
-        function test_typedNumber() {
             mouseClick(spinBox, 20, 14);
             keyClick(Qt.Key_A, Qt.ControlModifier);
             keyClick("4");
@@ -135,16 +102,6 @@ Item {
             keyClick(Qt.Key_Return);
             compare(spinBox.value, 42);
             verify(finished.count > 0);
-        }
-
-        function test_inputMethod() {
-            compare(Gui.openRequests, 0);
-            mouseClick(spinBox, 20, 14);
-            compare(Gui.openRequests, 1);
-            mouseClick(stacked, 20, 14);
-            compare(Gui.openRequests, 1);
-            mouseClick(other);
-            compare(Gui.openRequests, 0);
         }
 
         // However the loss of the focus and the hiding come together, each
@@ -168,7 +125,6 @@ Item {
         // A release of the toolkit without the private members.
         function test_missingMembers_data() {
             return [
-                { "tag": "none", "control": {} },
                 { "tag": "no padding", "control": { "__style": {}, "__panel": { "upRect": 1, "downRect": 2 } } },
                 { "tag": "no rectangles", "control": { "__style": { "padding": { "right": 1 } }, "__panel": {} } }
             ];

@@ -29,10 +29,8 @@ void TreeListDragTest::drags_data()
                         const char *expected) {
         QTest::newRow(name) << selection << dragged << target << upperHalf << x << QString::fromLatin1(expected);
     };
-    row("one row up", {}, 9, 1, true, 150, "9 1 2[3 4[5 6] 7] 8[]");
     row("one row down", {}, 1, 8, true, 50, "2[3 4[5 6] 7] 1 8[] 9");
     row("to the end", {}, 1, 9, false, 150, "2[3 4[5 6] 7] 8[] 9 1");
-    row("before a row of a folder", {}, 9, 5, true, 150, "1 2[3 4[9 5 6] 7] 8[]");
     row("to a folder's end", {}, 9, 7, false, 150, "1 2[3 4[5 6] 7 9] 8[]");
     row("to a folder's end, on its level", {}, 9, 7, false, 50, "1 2[3 4[5 6] 7] 9 8[]");
     row("into an empty folder", {}, 1, 8, false, 150, "2[3 4[5 6] 7] 8[1] 9");
@@ -42,7 +40,6 @@ void TreeListDragTest::drags_data()
     row("a row that is not of the selection", { 3, 5 }, 9, 1, true, 150, "9 1 2[3 4[5 6] 7] 8[]");
     row("where it stands", {}, 3, 2, false, 150, "");
     row("a folder into itself", {}, 2, 5, true, 150, "");
-    row("a folder among several into itself", { 1, 4 }, 1, 6, true, 150, "");
 }
 
 void TreeListDragTest::drags()
@@ -70,17 +67,13 @@ void TreeListDragTest::drags()
     QVERIFY(!f.marker()->isVisible());
     QTRY_VERIFY(f.row(dragged));
     QCOMPARE(f.row(dragged)->opacity(), 1.0);
-    QCOMPARE(f.row(dragged)->childItems().first()->y(), 0.0);
     QCOMPARE(f.session.shape(), expected.isEmpty() ? kDocument : expected);
     QCOMPARE(moves.count(), expected.isEmpty() ? 0 : 1);
-    QCOMPARE(f.tree->property("dndTargetFolderId").toInt(), -2);
     if (expected.isEmpty())
         return;
 
-    QCOMPARE(f.selected(), selected);
     QTRY_VERIFY(f.itemId() >= 0);
     QCOMPARE(f.selected(), selected);
-    QVERIFY(f.row(dragged));
     f.undo();
     QCOMPARE(f.session.shape(), kDocument);
     QVERIFY(!f.session.history().canUndo());
@@ -97,9 +90,6 @@ void TreeListDragTest::showsWhereADropGoes()
     const qreal edge = f.row(3)->mapToScene(QPointF(0, f.row(3)->height())).y();
     const qreal middle = f.marker()->mapToScene(QPointF(0, 5.5)).y();
     QVERIFY2(qAbs(middle - edge) <= 1, qPrintable(QStringLiteral("%1 %2").arg(middle).arg(edge)));
-    QCOMPARE(f.marker()->x(), 61.0);
-    QCOMPARE(f.tree->property("dndTargetFolderId").toInt(), 2);
-    f.moveTo(f.at(-1, 150));
     f.moveTo(QPoint(150, -40));
     QVERIFY(!f.marker()->isVisible());
     f.drop();
@@ -147,7 +137,6 @@ void TreeListDragTest::dragsNothingThatMayNot()
     TreeListFixture f(kDocument);
     QVERIFY(f.isReady());
     f.drag(-1, f.at(8, 150, 7));
-    QVERIFY(!f.marker()->isVisible());
     f.drop();
     f.tree->setProperty("dragAndDropEnabled", false);
     f.drag(1, f.at(8, 150, -7));
@@ -160,8 +149,7 @@ void TreeListDragTest::keepsThePlaceAmongAThousandItems()
 {
     TreeListFixture f(longDocument(1000));
     QVERIFY(f.isReady());
-    f.tree->setProperty("focusId", 500);
-    QMetaObject::invokeMethod(f.tree, "focusOn");
+    f.focusOn(500);
     QTRY_COMPARE(f.itemId(), 500);
     QTRY_VERIFY(f.visible().endsWith(QStringLiteral(" 500")));
     f.drag(490, f.at(495, 150, 7));
