@@ -78,8 +78,9 @@ provide_environment() {
         export XDG_RUNTIME_DIR=$1/runtime
         mkdir -m 0700 "$XDG_RUNTIME_DIR"
     fi
-    # Chromium's sandbox refuses to work for root.
-    if ((EUID == 0)); then
+    # Chromium's sandbox refuses to work for root, and ends the program where
+    # the system gives it no user namespace of its own.
+    if ((EUID == 0)) || ! unshare --user true 2>/dev/null; then
         export QTWEBENGINE_DISABLE_SANDBOX=1
     fi
 }
