@@ -73,7 +73,7 @@ QString TutorialManager::getTutorialJson()
         return QString();
     }
     QStringList errors;
-    const QString text = TranslatableText::applyToList(
+    QString text = TranslatableText::applyToList(
         ScenarioText::removeAssignment(QString::fromUtf8(bytes), QStringLiteral("list")),
         QStringLiteral("TutorialList"),
         [this](const QString &context, const QString &source) { return applyTranslation(context, source); }, errors);
