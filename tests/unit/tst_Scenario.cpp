@@ -98,7 +98,6 @@ void tst_Scenario::accepts_data()
     row("[{\"name\":\"a/*b\",\"id\":1,\"hint\":\"c*/d\"},{\"id\":2}]", "(0 2)");
     row("[{\"z\":[{}],\"children\":[{\"id\":2}],\"folder\":true,\"id\":1}]", "(1(2))");
     row("[{\"id\":1,\"children\":[{\"id\":2}]},{\"id\":3,\"folder\":true}]", "(1(2) 3())");
-    row("var scenario = [];", "()");
     row("[7,{\"id\":1},\"x\",null,[]]", "(1)", 4);
     // A bad element takes the whole top element with it.
     row("[{\"id\":1,\"folder\":true,\"children\":[{\"id\":2},3]},{\"id\":6}]", "(6)", 1);

@@ -21,7 +21,6 @@ private Q_SLOTS:
     void init() { begin(); }
     void cleanup() { end(); }
 
-    void namesTutorials();
     void sendsTheScenarioThatIsThere();
     void defersJumpLinks();
     void switchesTheLocale();
@@ -42,15 +41,6 @@ void tst_TutorialManager::initTestCase()
                                  QStringLiteral("-o"), packed }),
              0);
     QVERIFY(QResource::registerResource(packed));
-}
-
-void tst_TutorialManager::namesTutorials()
-{
-    const char *const names[][2] = { { "C:/a/b.c.js", "b.c" }, { "NAME.JS", "NAME.JS" }, { "a.js/b", "b" } };
-    for (const auto &name : names) {
-        QCOMPARE(mManager->loadTutorial(QLatin1String(name[0])), QString());
-        QCOMPARE(mManager->tutorialName(), QLatin1String(name[1]));
-    }
 }
 
 void tst_TutorialManager::sendsTheScenarioThatIsThere()
