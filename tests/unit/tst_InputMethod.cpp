@@ -46,7 +46,6 @@ void tst_InputMethod::createWindow()
                       "  width: 100; height: 100; visible: true\n"
                       "  TextInput { objectName: 'first'; focus: true }\n"
                       "  TextInput { objectName: 'second' }\n"
-                      "  Item { objectName: 'plain' }\n"
                       "}",
                       QUrl());
     mWindow.reset(qobject_cast<QQuickWindow *>(component.create()));
@@ -57,10 +56,8 @@ void tst_InputMethod::createWindow()
 
 void tst_InputMethod::focus(const char *name) const
 {
-    auto *item = mWindow->findChild<QQuickItem *>(QLatin1String(name));
-    QVERIFY(item);
-    item->forceActiveFocus();
-    QCOMPARE(QGuiApplication::focusObject(), item);
+    mWindow->findChild<QQuickItem *>(QLatin1String(name))->forceActiveFocus();
+    QCOMPARE(QGuiApplication::focusObject()->objectName(), QLatin1String(name));
 }
 
 void tst_InputMethod::init()
@@ -79,10 +76,6 @@ void tst_InputMethod::countsRequestsAndFollowsTheFocus()
     setIme(true);
     QVERIFY(!acceptsInputMethod());
     setIme(true);
-    QVERIFY(acceptsInputMethod());
-    focus("plain");
-    QVERIFY(!acceptsInputMethod());
-    focus("second");
     QVERIFY(acceptsInputMethod());
 }
 
