@@ -53,7 +53,7 @@ void tst_TranslatableText::readsExpressions()
     const char *const rows[][2] = {
         { "", "||" },
         { "\"a\\\"b\\n\"x", "\"a\\\"b\\n\"|x|" },
-        { "\"a\\\\\" \"", "\"a\\\\\"| \"|" },
+        { "\"a\\\\\" \"", "\"a\\\\\" \"||" },
         { "\"%1\".arg(\"x\")", "\"%1\"|.arg(\"x\")|" },
         { "qsTr(\"quote\"),", "\"a \\\"b\\\" \\\\c\"|,|" },
         { "qsTr(\"line\")", "\"a\nb\"||" },
