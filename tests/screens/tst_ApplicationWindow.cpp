@@ -56,7 +56,6 @@ private Q_SLOTS:
     void init() { QVERIFY(fixture->activate()); }
     void cleanup();
 
-    void entriesAreForwarded();
     void saveCheck_data();
     void saveCheck();
     void saveThatFails();
@@ -65,7 +64,6 @@ private Q_SLOTS:
     void endsByItself();
 
 private:
-    bool entryEnabled(const char *text) const;
     /// What scripts have added to the window's list of answers.
     QString answers() const { return fixture->evaluate(QStringLiteral("answers.join()")).toString(); }
     void loadTutorial();
@@ -87,42 +85,10 @@ void tst_ApplicationWindow::cleanup()
     fixture->evaluate(QStringLiteral("activeMenu = null; answers.length = 0"));
 }
 
-bool tst_ApplicationWindow::entryEnabled(const char *text) const
-{
-    const QString script = QStringLiteral("(function() {"
-                                          "  for (var m = 0; m < menuBar.menus.length; ++m)"
-                                          "    for (var i = 0; i < menuBar.menus[m].items.length; ++i)"
-                                          "      if (menuBar.menus[m].items[i].text === \"%1\")"
-                                          "        return menuBar.menus[m].items[i].enabled;"
-                                          "})()");
-    return fixture->evaluate(script.arg(QLatin1String(text))).toBool();
-}
-
 void tst_ApplicationWindow::loadTutorial()
 {
     MainWindowFixture::writeFile(kTutorial, readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js")));
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
-}
-
-// The entries of the menu bar stand for those of the list that has the focus.
-void tst_ApplicationWindow::entriesAreForwarded()
-{
-    fixture->evaluate(QStringLiteral("activeMenu = Qt.createQmlObject("
-                                     "'import QtQuick 2.9; QtObject {"
-                                     "  property QtObject addFolderMi: QtObject { property bool enabled: true;"
-                                     "    function trigger() { answers.push(\"addFolder\"); } }"
-                                     "  property QtObject copyMi: QtObject { property bool enabled: true;"
-                                     "    function trigger() { answers.push(\"copy\"); } }"
-                                     "  property QtObject cutMi: QtObject { property bool enabled: false } }',"
-                                     "applicationWindow, \"menu\")"));
-    QVERIFY(!entryEnabled("Cut"));
-    QVERIFY(!entryEnabled("Paste"));
-    QTest::keyClick(fixture->window(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(answers(), QStringLiteral("copy"));
-    chooseEntry(Qt::Key_E, 1);
-    QTRY_COMPARE(answers(), QStringLiteral("copy,addFolder"));
-    fixture->evaluate(QStringLiteral("activeMenu.copyMi.enabled = false"));
-    QVERIFY(!entryEnabled("Copy"));
 }
 
 void tst_ApplicationWindow::saveCheck_data()
