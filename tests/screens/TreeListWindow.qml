@@ -13,7 +13,6 @@ ApplicationWindow {
     readonly property alias tree: treeList
     readonly property alias model: itemModel
     readonly property alias other: otherField
-    readonly property bool menuIsActive: activeMenu === menu
     property int renames: 0
     property int menus: 0
 
