@@ -104,10 +104,6 @@ public:
     }
 
     int itemId() const { return tree->property("itemId").toInt(); }
-    bool prohibited(int id) const
-    {
-        return model->getModelIndexById(id).data(TutorialItemListModel::RoleProhibited).toBool();
-    }
 
     /// The ids of the rows in view, from the top.
     QString visible() const

@@ -23,12 +23,6 @@ ApplicationWindow {
         UndoRedo.endSequence();
     }
 
-    function deleteIdList(idList) {
-        UndoRedo.beginSequence("delete");
-        treeList.deleteIdList(idList);
-        UndoRedo.endSequence();
-    }
-
     width: 360
     height: 420
     visible: true

@@ -57,7 +57,6 @@ private Q_SLOTS:
     void fieldEditsItsProperty();
     void typedTextIsNotLost_data();
     void typedTextIsNotLost();
-    void showingRecordsNothing();
     void takenNameIsAskedFor();
     void localeIsSwitched();
     void hintsSurvive();
@@ -248,20 +247,6 @@ void tst_SettingScreen::typedTextIsNotLost()
         press(Qt::Key_Return);
         QCOMPARE(condition(2), QStringLiteral("wait,75"));
     }
-}
-
-void tst_SettingScreen::showingRecordsNothing()
-{
-    // A number out of the limits stays.
-    record(3)->mX = 5000;
-    for (const int id : { 1, 3 })
-        select(id);
-    click(find("x"));
-    press(Qt::Key_Tab);
-    select(2);
-    QCOMPARE(record(3)->mX, 5000);
-    QVERIFY(!UndoRedo::instance()->canUndo());
-    QVERIFY(!managerInstance->isModified());
 }
 
 void tst_SettingScreen::takenNameIsAskedFor()

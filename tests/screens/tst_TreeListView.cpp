@@ -8,8 +8,6 @@ private Q_SLOTS:
     void selects();
     void opensAndCloses();
     void renames();
-    void togglesTheProhibition();
-    void addsAndDeletes();
     void goesToAnItemInClosedFolders();
     void survivesAnotherDocument();
     void keepsItsPlaceAmongAThousandItems();
@@ -111,48 +109,6 @@ void TreeListViewTest::renames()
     f.undo();
     f.undo();
     QCOMPARE(f.session.record(9)->mName, QStringLiteral("name9"));
-}
-
-void TreeListViewTest::togglesTheProhibition()
-{
-    TreeListFixture f(kDocument);
-    QVERIFY(f.isReady());
-    QVERIFY(f.open(2));
-    const auto click = [&f](int id) {
-        const auto *toggle = f.row(id)->findChild<QQuickItem *>(QStringLiteral("prohibition"));
-        const QPointF center = toggle->mapToScene(QPointF(toggle->width() / 2, toggle->height() / 2));
-        QTest::mouseClick(f.window, Qt::LeftButton, Qt::NoModifier, center.toPoint());
-    };
-    const int selected = f.itemId();
-    click(9);
-    QVERIFY(f.prohibited(9));
-    QCOMPARE(f.itemId(), selected);
-    click(2);
-    QVERIFY(f.prohibited(5) && f.prohibited(4) && f.prohibited(2));
-    f.undo();
-    QVERIFY(!f.prohibited(5) && !f.prohibited(2));
-}
-
-void TreeListViewTest::addsAndDeletes()
-{
-    TreeListFixture f(kDocument);
-    QVERIFY(f.isReady());
-    // Into a closed folder, which then shows it.
-    QMetaObject::invokeMethod(f.tree, "addFolder", Q_ARG(QVariant, 2));
-    const int id = 10;
-    QCOMPARE(f.session.shape(), QStringLiteral("1 2[3 4[5 6] 7 %1[]] 8[] 9").arg(id));
-    QTRY_VERIFY(f.row(id) && f.row(id)->hasActiveFocus());
-    QCOMPARE(f.selected(), QString::number(id));
-    QCOMPARE(f.itemId(), id);
-
-    QMetaObject::invokeMethod(f.window, "deleteIdList", Q_ARG(QVariant, (QVariantList{ 2, 9 })));
-    QCOMPARE(f.session.shape(), QStringLiteral("1 8[]"));
-    QTRY_COMPARE(f.visible(), QStringLiteral("-1 1 8"));
-    QCOMPARE(f.itemId(), -1);
-    f.undo();
-    f.undo();
-    QCOMPARE(f.session.shape(), kDocument);
-    QTRY_COMPARE(f.visible(), QStringLiteral("-1 1 2 8 9"));
 }
 
 void TreeListViewTest::goesToAnItemInClosedFolders()

@@ -57,33 +57,22 @@ private:
 
 void TreeDropRulesTest::decides()
 {
-    struct Case
-    {
-        const char *tree;
-        // The row that is dragged, those above and below the mouse (-2 is the end of the list), its depth.
-        int dragged, up, low, depth;
-        const char *expected; // "<before> <target>", empty if refused
-    };
-    const Case cases[] = {
-        { "1 2 3", 2, 1, 2, 0, "" }, // above itself
-        { "1[2 3] 4", 1, 3, 4, 1, "" }, // a folder below its own rows
-        { "1[] 2", 1, 1, 2, 1, "" }, // a folder into itself
-        { "1[2 3] 4", 3, 3, 4, 0, "true 4" }, // out of its folder by the mouse alone
-        { "1[2 3] 4", 3, 3, 4, 1, "" },
-        { "1[2[3[4]]] 5", 5, 4, -2, 9, "false 3" }, // to the end of the innermost of three folders
-        { "1[2[3[4]]] 5", 5, 4, -2, -3, "false -1" },
-    };
-    for (const Case &each : cases) {
+    // Gives "<whether before> <target>", or nothing. No row has the id -2: that is the end of the list.
+    const auto drop = [](const char *tree, int dragged, int up, int low, int mouseDepth) {
         EditingSession session;
-        session.load(QString::fromLatin1(each.tree));
+        session.load(QString::fromLatin1(tree));
         const Model model;
-        // No row has the id -2, so that its index is invalid.
-        const QVariantMap drop = model.calcDrop({ each.dragged }, model.getModelIndexById(each.up),
-                                                model.getModelIndexById(each.low), treeDropX(each.depth));
-        const QStringList words = { drop.value(QStringLiteral("before")).toString(),
-                                    drop.value(QStringLiteral("targetId")).toString() };
-        QCOMPARE(words.join(QLatin1Char(' ')).trimmed(), QString::fromLatin1(each.expected));
-    }
+        const QVariantMap map = model.calcDrop({ dragged }, model.getModelIndexById(up), model.getModelIndexById(low),
+                                               treeDropX(mouseDepth));
+        const QString before = map.value(QStringLiteral("before")).toString();
+        return (before + QLatin1Char(' ') + map.value(QStringLiteral("targetId")).toString()).trimmed();
+    };
+    QCOMPARE(drop("1 2 3", 2, 1, 2, 0), QString());
+    QCOMPARE(drop("1[2 3] 4", 1, 3, 4, 1), QString());
+    QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 0), QStringLiteral("true 4"));
+    QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 1), QString());
+    QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, -2, 9), QStringLiteral("false 3"));
+    QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, -2, -3), QStringLiteral("false -1"));
 }
 
 void TreeDropRulesTest::landsWhereTheMarkerStands()
