@@ -65,7 +65,7 @@ void TreeDropRulesTest::decides()
         const QVariantMap map = model.calcDrop({ dragged }, model.getModelIndexById(up), model.getModelIndexById(low),
                                                treeDropX(mouseDepth));
         const QString before = map.value(QStringLiteral("before")).toString();
-        return (before + QLatin1Char(' ') + map.value(QStringLiteral("targetId")).toString()).trimmed();
+        return QString(before + QLatin1Char(' ') + map.value(QStringLiteral("targetId")).toString()).trimmed();
     };
     QCOMPARE(drop("1 2 3", 2, 1, 2, 0), QString());
     QCOMPARE(drop("1[2 3] 4", 1, 3, 4, 1), QString());
