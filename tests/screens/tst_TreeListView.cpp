@@ -144,6 +144,13 @@ void TreeListViewTest::keepsItsPlaceAmongAThousandItems()
 {
     TreeListFixture f(longDocument(1000));
     QVERIFY(f.isReady());
+
+    f.tree->setProperty("autoActiveFocusOneShot", true);
+    f.focusOn(1000);
+    QTRY_COMPARE(f.itemId(), 1000);
+    QTRY_VERIFY(f.row(1000) && f.row(1000)->hasActiveFocus());
+    QVERIFY(f.visible().endsWith(QStringLiteral(" 1000")));
+
     f.focusOn(500);
     QTRY_COMPARE(f.itemId(), 500);
     QTest::qWait(50);
