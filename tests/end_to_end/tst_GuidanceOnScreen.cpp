@@ -10,10 +10,6 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include <xcb/shape.h>
-#include <xcb/xcb.h>
-
-#include <cstdlib>
 #include <memory>
 
 namespace
@@ -66,15 +62,6 @@ public:
     std::unique_ptr<TutorialLog> mLog;
     std::unique_ptr<TutorialIndicator> mIndicator;
 };
-
-/// A connection apart from Qt's: it sees only what has reached the X server.
-using XConnection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
-
-template <typename T>
-std::unique_ptr<T, decltype(&std::free)> owned(T *reply)
-{
-    return { reply, &std::free };
-}
 
 QPoint windowPlace(const TutorialIndicator &indicator)
 {
@@ -174,26 +161,6 @@ private Q_SLOTS:
             mGuidance->hide();
             mGuidance->updateGuidanceVisibility();
         }
-    }
-
-    void frameOfAnotherShapeLetsInputThrough()
-    {
-        const XConnection xcb(xcb_connect(nullptr, nullptr), &xcb_disconnect);
-        const auto window = xcb_window_t(mGuidance->mIndicator->mTooltip->winId());
-        const auto tree = owned(xcb_query_tree_reply(xcb.get(), xcb_query_tree(xcb.get(), window), nullptr));
-        QVERIFY(tree);
-        if (tree->parent == tree->root)
-            QSKIP("No window manager frames the windows here.");
-        const auto inputRectangles = [&] {
-            const auto cookie = xcb_shape_get_rectangles(xcb.get(), tree->parent, XCB_SHAPE_SK_INPUT);
-            const auto reply = owned(xcb_shape_get_rectangles_reply(xcb.get(), cookie, nullptr));
-            return reply ? int(reply->rectangles_len) : -1;
-        };
-        QTRY_COMPARE(inputRectangles(), 0);
-        // As a window manager does when its decorations change.
-        xcb_shape_mask(xcb.get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, tree->parent, 0, 0, XCB_NONE);
-        QCOMPARE(inputRectangles(), 1);
-        QTRY_COMPARE(inputRectangles(), 0);
     }
 
     void buttonsTakeClicksAndNoKeys()

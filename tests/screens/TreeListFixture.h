@@ -65,7 +65,7 @@ public:
         QMetaObject::invokeMethod(tree, "focusOn");
     }
 
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(window, key, modifiers); }
+    void key(Qt::Key key) { QTest::keyClick(window, key); }
 
     void type(const QString &text)
     {
@@ -95,41 +95,28 @@ public:
     QQuickItem *part(const char *name) const { return tree->findChild<QQuickItem *>(QLatin1String(name)); }
     QQuickItem *marker() const { return part("marker"); }
     QQuickItem *renameField(int id) const { return row(id)->findChild<QQuickItem *>(QStringLiteral("renameField")); }
-    QQuickItem *toggle(int id) const { return row(id)->findChild<QQuickItem *>(QStringLiteral("prohibition")); }
 
     /// The ids that are highlighted, in tree order.
     QString selected() const
     {
-        QStringList texts;
-        const QVariantList idList = selection->getTreeSelectedIdList();
-        for (const QVariant &id : idList)
-            texts.append(id.toString());
-        return texts.join(QLatin1Char(' '));
+        const QList<int> idList = DataSupport::getIntList(selection->getTreeSelectedIdList());
+        return DataSupport::join(idList, QStringLiteral(" "));
     }
 
     int itemId() const { return tree->property("itemId").toInt(); }
-    QString name(int id) const { return model->getModelIndexById(id).data(TutorialItemListModel::RoleName).toString(); }
-    bool prohibited(int id) const
-    {
-        return model->getModelIndexById(id).data(TutorialItemListModel::RoleProhibited).toBool();
-    }
 
     /// The ids of the rows in view, from the top.
     QString visible() const
     {
         QStringList texts;
-        const qreal bottom = tree->height();
-        int last = -2;
-        for (qreal y = 0; y < bottom; y += 4) {
+        for (qreal y = 0; y < tree->height(); y += 4) {
             QVariant index;
             QMetaObject::invokeMethod(tree, "rowAt", Q_RETURN_ARG(QVariant, index), Q_ARG(QVariant, 150),
                                       Q_ARG(QVariant, y));
-            const auto modelIndex = index.value<QModelIndex>();
-            const int id = modelIndex.isValid() ? modelIndex.data(TutorialItemListModel::RoleId).toInt() : -2;
-            if (id != last && id != -2)
-                texts.append(QString::number(id));
-            last = id;
+            texts.append(index.value<QModelIndex>().data(TutorialItemListModel::RoleId).toString());
         }
+        texts.removeAll(QString());
+        texts.removeDuplicates();
         return texts.join(QLatin1Char(' '));
     }
 
@@ -140,13 +127,6 @@ public:
         QMetaObject::invokeMethod(part("view"), "expand", Q_ARG(QVariant, index));
         const int first = model->index(0, 0, index).data(TutorialItemListModel::RoleId).toInt();
         return QTest::qWaitFor([=] { return row(first) != nullptr; });
-    }
-
-    QVariant call(const char *function, const QVariant &argument)
-    {
-        QVariant result;
-        QMetaObject::invokeMethod(tree, function, Q_RETURN_ARG(QVariant, result), Q_ARG(QVariant, argument));
-        return result;
     }
 
     /// What the settings screen does after an undo or a redo.

@@ -13,7 +13,6 @@ ApplicationWindow {
     readonly property alias tree: treeList
     readonly property alias model: itemModel
     readonly property alias other: otherField
-    readonly property bool menuIsActive: activeMenu === menu
     property int renames: 0
     property int menus: 0
 
@@ -21,12 +20,6 @@ ApplicationWindow {
         ++renames;
         UndoRedo.beginSequence("rename");
         itemModel.changeItemName(index, text);
-        UndoRedo.endSequence();
-    }
-
-    function deleteIdList(idList) {
-        UndoRedo.beginSequence("delete");
-        treeList.deleteIdList(idList);
         UndoRedo.endSequence();
     }
 

@@ -9,15 +9,13 @@
 #include <QProcess>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSettings>
 #include <QtTest>
 
 #include <cstdlib>
 
 namespace
 {
-const QString kEndsByKeys = QStringLiteral("--ends-by-keys");
-const QString kEndsByClosing = QStringLiteral("--ends-by-closing");
+const QString kEndsByItself = QStringLiteral("--ends-by-itself");
 const QString kTutorial = QStringLiteral("tutorial-win/qml/Tutorial/Sample.js");
 const QString kTranslation = QStringLiteral("tutorial-win/translations/ja_JP.ts");
 constexpr int kStillThere = 99;
@@ -58,22 +56,14 @@ private Q_SLOTS:
     void init() { QVERIFY(fixture->activate()); }
     void cleanup();
 
-    void entriesFollowState();
-    void entriesAreForwarded();
-    void versionAndLicence();
     void saveCheck_data();
     void saveCheck();
     void saveThatFails();
     void confirmAnswersOnce();
-    void alertIsTakenOver();
-    void openTutorial_data();
     void openTutorial();
-    void geometryIsKept();
-    void endsByItself_data();
     void endsByItself();
 
 private:
-    bool entryEnabled(const char *text) const;
     /// What scripts have added to the window's list of answers.
     QString answers() const { return fixture->evaluate(QStringLiteral("answers.join()")).toString(); }
     void loadTutorial();
@@ -95,75 +85,10 @@ void tst_ApplicationWindow::cleanup()
     fixture->evaluate(QStringLiteral("activeMenu = null; answers.length = 0"));
 }
 
-bool tst_ApplicationWindow::entryEnabled(const char *text) const
-{
-    const QString script = QStringLiteral("(function() {"
-                                          "  for (var m = 0; m < menuBar.menus.length; ++m)"
-                                          "    for (var i = 0; i < menuBar.menus[m].items.length; ++i)"
-                                          "      if (menuBar.menus[m].items[i].text === \"%1\")"
-                                          "        return menuBar.menus[m].items[i].enabled;"
-                                          "})()");
-    return fixture->evaluate(script.arg(QLatin1String(text))).toBool();
-}
-
 void tst_ApplicationWindow::loadTutorial()
 {
     MainWindowFixture::writeFile(kTutorial, readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js")));
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
-}
-
-void tst_ApplicationWindow::entriesFollowState()
-{
-    QCOMPARE(fixture->window()->title(), QStringLiteral("Tutorial editor"));
-    QVERIFY(entryEnabled("&Open tutorial"));
-    QVERIFY(!entryEnabled("Save tutorial"));
-    QVERIFY(!entryEnabled("Start current"));
-    QVERIFY(!entryEnabled("Copy"));
-    loadTutorial();
-    QCOMPARE(fixture->window()->title(), QStringLiteral("Sample"));
-    QVERIFY(entryEnabled("Save tutorial"));
-    QVERIFY(entryEnabled("Start current"));
-    managerInstance->setModified(true);
-    QCOMPARE(fixture->window()->title(), QStringLiteral("*Sample"));
-}
-
-// The entries of the menu bar stand for those of the list that has the focus.
-void tst_ApplicationWindow::entriesAreForwarded()
-{
-    fixture->evaluate(QStringLiteral("activeMenu = Qt.createQmlObject("
-                                     "'import QtQuick 2.9; QtObject {"
-                                     "  property QtObject addFolderMi: QtObject { property bool enabled: true;"
-                                     "    function trigger() { answers.push(\"addFolder\"); } }"
-                                     "  property QtObject copyMi: QtObject { property bool enabled: true;"
-                                     "    function trigger() { answers.push(\"copy\"); } }"
-                                     "  property QtObject cutMi: QtObject { property bool enabled: false } }',"
-                                     "applicationWindow, \"menu\")"));
-    QVERIFY(!entryEnabled("Cut"));
-    QVERIFY(!entryEnabled("Paste"));
-    QTest::keyClick(fixture->window(), Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(answers(), QStringLiteral("copy"));
-    chooseEntry(Qt::Key_E, 1);
-    QTRY_COMPARE(answers(), QStringLiteral("copy,addFolder"));
-    fixture->evaluate(QStringLiteral("activeMenu.copyMi.enabled = false"));
-    QVERIFY(!entryEnabled("Copy"));
-}
-
-void tst_ApplicationWindow::versionAndLicence()
-{
-    chooseEntry(Qt::Key_H, 1);
-    QCOMPARE(MainWindowFixture::answer(QMessageBox::Ok), QStringLiteral("Version:VERSION"));
-
-    QVERIFY(fixture->activate());
-    chooseEntry(Qt::Key_H, 2);
-    const auto licence = [] { return MainWindowFixture::visibleWindow("LicenseWindow"); };
-    QTRY_VERIFY(licence() != nullptr);
-    QVERIFY(QTest::qWaitForWindowExposed(licence()));
-    QQuickItem *texts = MainWindowFixture::find(licence()->contentItem(), QStringLiteral("licences"));
-    QVERIFY(texts != nullptr);
-    const QString text = texts->property("text").toString();
-    QVERIFY(text.trimmed().endsWith(QStringLiteral("POSSIBILITY OF SUCH DAMAGE.\"")));
-    MainWindowFixture::click(MainWindowFixture::find(licence()->contentItem(), QStringLiteral("ok")));
-    QTRY_VERIFY(licence() == nullptr);
 }
 
 void tst_ApplicationWindow::saveCheck_data()
@@ -245,70 +170,37 @@ void tst_ApplicationWindow::confirmAnswersOnce()
     QTRY_VERIFY(!fixture->window()->contentItem()->findChild<QObject *>(QStringLiteral("ConfirmDialog")));
 }
 
-void tst_ApplicationWindow::alertIsTakenOver()
-{
-    fixture->evaluate(QStringLiteral("alert(\"first\", function() { answers.push(\"first\"); })"));
-    QTRY_VERIFY(MainWindowFixture::messageBox() != nullptr);
-    fixture->evaluate(QStringLiteral("alert(\"second\", function(accepted) { answers.push(accepted); })"));
-    QTRY_COMPARE(MainWindowFixture::messageBox()->text(), QStringLiteral("second"));
-    QCOMPARE(MainWindowFixture::answer(QMessageBox::Ok), QStringLiteral("second"));
-    QCOMPARE(answers(), QStringLiteral("true"));
-}
-
-void tst_ApplicationWindow::openTutorial_data()
-{
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<bool>("opened");
-    QTest::newRow("a tutorial") << readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js")) << true;
-    QTest::newRow("no tutorial") << QByteArray("var scenario = [{") << false;
-}
-
 void tst_ApplicationWindow::openTutorial()
 {
-    QFETCH(QByteArray, contents);
-    QFETCH(bool, opened);
-    MainWindowFixture::writeFile(kTutorial, contents);
-    QTest::keyClick(fixture->window(), Qt::Key_O, Qt::ControlModifier);
-    const auto dialog = [] { return qobject_cast<QFileDialog *>(MainWindowFixture::dialog()); };
-    QTRY_VERIFY(dialog() != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(dialog()));
-    QCOMPARE(dialog()->directory().canonicalPath(), QFileInfo(kTutorial).canonicalPath());
-    auto *name = dialog()->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    QVERIFY(name != nullptr);
-    name->clear();
-    QTest::keyClicks(name, QStringLiteral("Sample.js"));
-    QTest::keyClick(name, Qt::Key_Return);
-    QTRY_VERIFY(dialog() == nullptr);
-    if (opened) {
-        QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
-        QVERIFY(MainWindowFixture::messageBox() == nullptr);
-    } else {
+    const QByteArray tutorial = readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"));
+    for (const QByteArray &contents : { QByteArray("var scenario = [{"), tutorial }) {
+        MainWindowFixture::writeFile(kTutorial, contents);
+        QTest::keyClick(fixture->window(), Qt::Key_O, Qt::ControlModifier);
+        const auto dialog = [] { return qobject_cast<QFileDialog *>(MainWindowFixture::dialog()); };
+        QTRY_VERIFY(dialog() != nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(dialog()));
+        auto *name = dialog()->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        QVERIFY(name != nullptr);
+        name->clear();
+        QTest::keyClicks(name, QStringLiteral("Sample.js"));
+        QTest::keyClick(name, Qt::Key_Return);
+        if (contents == tutorial)
+            break;
+        QTRY_VERIFY(dialog() == nullptr);
         const QString text = MainWindowFixture::answer(QMessageBox::Ok);
         QVERIFY2(text.startsWith(QStringLiteral("Failed to open new project\n")), qPrintable(text));
+        QVERIFY(fixture->activate());
     }
+    QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
+    QVERIFY(MainWindowFixture::messageBox() == nullptr);
 }
 
-void tst_ApplicationWindow::geometryIsKept()
-{
-    fixture->window()->resize(1000, 700);
-    const auto stored = [] { return QSettings().value(QStringLiteral("main.applicationWindow/width")).toInt(); };
-    QTRY_COMPARE(stored(), fixture->window()->width());
-}
-
-void tst_ApplicationWindow::endsByItself_data()
-{
-    QTest::addColumn<QString>("way");
-    QTest::newRow("Exit") << kEndsByKeys;
-    QTest::newRow("closing") << kEndsByClosing;
-}
-
-// In a process of its own, which this ends.
+// In a process of its own, which the closing of the window ends.
 void tst_ApplicationWindow::endsByItself()
 {
-    QFETCH(QString, way);
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(QCoreApplication::applicationFilePath(), { way });
+    process.start(QCoreApplication::applicationFilePath(), { kEndsByItself });
     QVERIFY(process.waitForFinished(60000));
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(process.exitCode(), 0);
@@ -322,16 +214,13 @@ void failOnEnd()
     std::_Exit(1);
 }
 
-int endByItself(const QString &way)
+int endByItself()
 {
     fixture = std::make_unique<MainWindowFixture>();
     if (!fixture->load())
         return 1;
     managerInstance->unload();
-    if (way == kEndsByKeys)
-        chooseEntry(Qt::Key_F, 3);
-    else
-        fixture->window()->close();
+    fixture->window()->close();
     QTest::qWait(3000);
     return kStillThere;
 }
@@ -340,8 +229,8 @@ int endByItself(const QString &way)
 int main(int argc, char *argv[])
 {
     const auto application = MainWindowFixture::makeApplication(argv[0]);
-    if (argc > 1 && QByteArray(argv[1]).startsWith("--ends-by"))
-        return endByItself(QString::fromLocal8Bit(argv[1]));
+    if (argc > 1 && QString::fromLocal8Bit(argv[1]) == kEndsByItself)
+        return endByItself();
     closeLogFileHook = failOnEnd;
     tst_ApplicationWindow test;
     const int result = QTest::qExec(&test, argc, argv);

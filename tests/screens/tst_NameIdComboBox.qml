@@ -23,21 +23,6 @@ Item {
         name: "NameIdComboBox"
         when: windowShown
 
-        function test_idAndIndex_data() {
-            return [
-                { "tag": "last", "id": 30, "index": 2 },
-                { "tag": "no such id", "id": 11, "index": -1 }
-            ];
-        }
-
-        function test_idAndIndex(data) {
-            var box = createTemporaryObject(boxComponent, scene, { "itemId": data.id });
-            compare(box.currentIndex, data.index);
-            compare(box.getIdByIndex(data.index), data.index < 0 ? -9999 : data.id);
-            box.itemId = 20;
-            compare(box.currentIndex, 1);
-        }
-
         function test_choiceOfTheUser() {
             var box = createTemporaryObject(boxComponent, scene, { "itemId": 10 });
             box.forceActiveFocus();

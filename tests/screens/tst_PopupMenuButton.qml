@@ -61,18 +61,5 @@ Item {
             if (data.items)
                 compare(button.lastPopup.items.length, data.items);
         }
-
-        function test_firstItem() {
-            var button = createTemporaryObject(buttonComponent, scene, { "itemTreeJson": JSON.stringify({ "children": [
-                { "id": 5, "name": "off", "enabled": false },
-                { "id": 6, "name": "f", "folder": true, "children": [{ "id": 7, "name": "inner" }] },
-                { "id": 8, "name": "last" }
-            ] }) });
-            button.setFirstIfNotSelected();
-            compare(button.itemId, 7);
-            button.itemId = 8;
-            button.setFirstIfNotSelected();
-            compare(button.itemId, 8);
-        }
     }
 }

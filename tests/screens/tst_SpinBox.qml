@@ -4,8 +4,6 @@ import QtTest 1.1
 import Morvi.kess 1.0
 import "qrc:/qml/Controls"
 import "qrc:/qml/QtControls"
-import "qrc:/qml/QtControls/toolkit.js" as Toolkit
-import "qrc:/qml/Singletons"
 
 Item {
     width: 400
@@ -56,7 +54,6 @@ Item {
         when: windowShown
 
         function init() {
-            Theme.setTheme("");
             mouseClick(other);
             spinBox.value = 10;
             finished.clear();
@@ -67,14 +64,11 @@ Item {
             return [
                 { "tag": "up", "x": 106, "value": 11 },
                 { "tag": "down", "x": 78, "value": 9 },
-                { "tag": "left of them", "x": 40, "value": 10 },
-                { "tag": "down, another theme", "x": 78, "value": 9, "theme": "highContrastBlack" }
+                { "tag": "left of them", "x": 40, "value": 10 }
             ];
         }
 
         function test_arrows(data) {
-            if (data.theme)
-                Theme.setTheme(data.theme);
             mouseClick(spinBox, data.x, 22);
             compare(spinBox.value, data.value);
             compare(finished.count, data.value === 10 ? 0 : 1);
@@ -120,22 +114,6 @@ Item {
             tryCompare(Gui, "openRequests", 1);
             window.destroy();
             tryCompare(Gui, "openRequests", 0);
-        }
-
-        // A release of the toolkit without the private members.
-        function test_missingMembers_data() {
-            return [
-                { "tag": "no padding", "control": { "__style": {}, "__panel": { "upRect": 1, "downRect": 2 } } },
-                { "tag": "no rectangles", "control": { "__style": { "padding": { "right": 1 } }, "__panel": {} } }
-            ];
-        }
-
-        function test_missingMembers(data) {
-            var before = JSON.stringify(data.control);
-            compare(Toolkit.layArrowsSideBySide(data.control), false);
-            compare(JSON.stringify(data.control), before);
-            ignoreWarning("SpinBox: no wheel area in this toolkit, the wheel works without the focus");
-            compare(Toolkit.wheelOnlyWithFocus({ "children": [{}] }, "SpinBox", Toolkit.isSpinBoxWheelArea), false);
         }
     }
 }

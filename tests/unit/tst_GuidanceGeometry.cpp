@@ -29,12 +29,9 @@ class tst_GuidanceGeometry : public QObject
 
 private Q_SLOTS:
     void flipsAtTheirLimits();
-    void easesByAQuarter();
     void motionComesToRest_data();
     void motionComesToRest();
     void everyNumberIsTaken();
-    void rectanglesHoldWhatIsPainted();
-    void bounces();
 };
 
 void tst_GuidanceGeometry::flipsAtTheirLimits()
@@ -52,19 +49,6 @@ void tst_GuidanceGeometry::flipsAtTheirLimits()
     QVERIFY(flips(-920 - 383, 9, none) == horizontal);
     QVERIFY(flips(-920 - 410, 9, horizontal) == horizontal);
     QVERIFY(flips(-920 - 411, 9, horizontal) == none);
-}
-
-void tst_GuidanceGeometry::easesByAQuarter()
-{
-    const auto next = [](int current, int rest) { return easingStep({ current, rest }, { rest, rest }).x(); };
-    QCOMPARE(next(0, 403), 100);
-    QCOMPARE(next(0, -403), -100);
-    QCOMPARE(next(-10, 0), -7);
-    QCOMPARE(next(100, 102), 102);
-    QCOMPARE(next(103, 100), 100);
-    QCOMPARE(next(97, 100), 97);
-    QCOMPARE(next(-97, -100), -97);
-    QCOMPARE(easingStep({ 8, 0 }, { 8, 400 }), QPoint(8, 100));
 }
 
 void tst_GuidanceGeometry::motionComesToRest_data()
@@ -123,26 +107,6 @@ void tst_GuidanceGeometry::everyNumberIsTaken()
         }
         QVERIFY(centredPlace({ x, x }, { 320, 240 }).x() <= 1 << 24);
     }
-}
-
-void tst_GuidanceGeometry::rectanglesHoldWhatIsPainted()
-{
-    for (const bool flip : { false, true }) {
-        const QRect arrow(flip ? 256 : 0, 0, kArrowSize, kArrowSize + 16);
-        const QRect text(textPlace(flip), QSize(kTextWidth, 64));
-        QVERIFY(arrowClearRect(flip).contains(arrow) && repaintRect(flip, false).contains(arrow));
-        for (const int width : { 48, 56 })
-            QVERIFY(iconClearRect(flip).contains(QRect(iconPlace(width, flip), QSize(width, 56))));
-        QVERIFY(!text.intersects(arrow) && !text.intersects(iconClearRect(flip)));
-    }
-}
-
-void tst_GuidanceGeometry::bounces()
-{
-    const QMap<qint64, int> offsets = { { 0, 16 },   { 500, 16 },  { 1250, 4 },   { 1500, 0 },
-                                        { 1750, 4 }, { 2500, 16 }, { 3601500, 0 } };
-    for (auto offset = offsets.cbegin(); offset != offsets.cend(); ++offset)
-        QCOMPARE(bounceOffset(offset.key()), offset.value());
 }
 
 QTEST_APPLESS_MAIN(tst_GuidanceGeometry)

@@ -4,7 +4,6 @@
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialTooltip.h"
 
-#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QTextEdit>
@@ -41,16 +40,12 @@ private Q_SLOTS:
     void cleanup() { mIndicator.reset(); }
 
     void buttonsFollowTheFlags();
-    void noPositionKeepsTheTarget();
     void hintIsShownAsItStands();
-    void emptyHintKeepsTheHeight();
     void hugeTextsAreCut_data();
     void hugeTextsAreCut();
     void buttonsFollowTheHeightAtRest();
-    void textChangesSides();
     void closedTooltipIsMadeAnew();
     void closeLetsEverythingGo();
-    void paintsTheStep();
 };
 
 void tst_GuidanceWindows::buttonsFollowTheFlags()
@@ -71,35 +66,12 @@ void tst_GuidanceWindows::buttonsFollowTheFlags()
     }
 }
 
-void tst_GuidanceWindows::noPositionKeepsTheTarget()
-{
-    mIndicator->setTargetWindowOffset(-10, 20, QStringLiteral("A"), true);
-    mIndicator->setTargetWindowOffset(-9999, -9999, QStringLiteral("B"), true);
-    QCOMPARE(QPoint(mIndicator->mTargetX, mIndicator->mTargetY), QPoint(-10, 20));
-    QVERIFY(!mIndicator->mArrowVisible);
-    mIndicator->setTargetWindowOffset(-9999, 7, QStringLiteral("B"), true);
-    QCOMPARE(QPoint(mIndicator->mTargetX, mIndicator->mTargetY), QPoint(-9999, 7));
-    QVERIFY(mIndicator->mArrowVisible);
-}
-
 void tst_GuidanceWindows::hintIsShownAsItStands()
 {
     const QString hint = QStringLiteral("C:\\new <b>\"A\" & &lt;\nsecond");
     mIndicator->setHint(hint);
     QCOMPARE(textEdit().toPlainText(), hint);
     QVERIFY(textEdit().isVisible());
-}
-
-void tst_GuidanceWindows::emptyHintKeepsTheHeight()
-{
-    mIndicator->setHint(QStringLiteral("one\ntwo\nthree\nfour\nfive\nsix\nseven"));
-    tick(*mIndicator);
-    const int height = mIndicator->mHintHeight;
-    QVERIFY(height > 64);
-    mIndicator->setHint(QString());
-    tick(*mIndicator);
-    QVERIFY(textEdit().isHidden());
-    QCOMPARE(mIndicator->mHintHeight, height);
 }
 
 // Texts whose whole layout would take seconds, or no end.
@@ -140,15 +112,6 @@ void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()
     QCOMPARE(mIndicator->mNoButton->pos(), QPoint(current().x() + 184, below));
 }
 
-void tst_GuidanceWindows::textChangesSides()
-{
-    mContext->mHostRect = QRect(-2000, 0, 900, 700);
-    aimAt(-1300, 100);
-    QCOMPARE(textEdit().pos(), QPoint(0, 56));
-    aimAt(-1900, 100);
-    QCOMPARE(textEdit().pos(), QPoint(128, 56));
-}
-
 void tst_GuidanceWindows::closedTooltipIsMadeAnew()
 {
     mIndicator->setHint(QStringLiteral("hint"));
@@ -177,35 +140,6 @@ void tst_GuidanceWindows::closeLetsEverythingGo()
     mContext->mRunning = false;
     tick(*mIndicator, 2);
     QVERIFY(!mIndicator->mTooltip);
-}
-
-void tst_GuidanceWindows::paintsTheStep()
-{
-    // An arrow whose quarter at the bottom left is red, and the rest of it blue.
-    mIndicator->mArrowPixmap = QPixmap(128, 128);
-    mIndicator->mArrowPixmap.fill(Qt::blue);
-    {
-        QPainter painter(&mIndicator->mArrowPixmap);
-        painter.fillRect(0, 64, 64, 64, Qt::red);
-    }
-    mIndicator->mKeyboardPixmap = QPixmap(56, 32);
-    mIndicator->mKeyboardPixmap.fill(Qt::green);
-    mIndicator->mIconType = 5;
-    mIndicator->mArrowVisible = true;
-    for (const bool down : { false, true }) {
-        for (const bool left : { false, true }) {
-            mIndicator->mFlipVertical = down;
-            mIndicator->mFlipHorizontal = left;
-            mIndicator->mFullClear = true;
-            mIndicator->init(false, false); // the arrow rests for a second
-            QImage image(mIndicator->mTooltip->size(), QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::transparent);
-            mIndicator->mTooltip->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-            QCOMPARE(image.pixelColor(left ? 384 - 6 : 5, down ? 0 : 16 + 120), QColor(Qt::red));
-            QCOMPARE(image.pixelColor(left ? 200 : 128, 0), QColor(Qt::green));
-            QCOMPARE(image.pixelColor(500, 300), QColor(Qt::transparent));
-        }
-    }
 }
 
 QTEST_MAIN(tst_GuidanceWindows)

@@ -3,7 +3,6 @@
 #include "ScenarioWalker.h"
 #include "StepCondition.h"
 
-#include <QFile>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocumentFragment>
@@ -15,11 +14,8 @@ class tst_HostScenario : public QObject
 
 private Q_SLOTS:
     void order();
-    void condition();
     void meeting();
     void walk();
-    void newStartTakesTheWalkOver();
-    void ownTutorialCanBeWalked();
 };
 
 namespace
@@ -64,15 +60,6 @@ void tst_HostScenario::order()
     QVERIFY(!HostScenario::evaluate(QStringLiteral("var scenario = [{];")).error.isEmpty());
 }
 
-void tst_HostScenario::condition()
-{
-    for (const char *known : { "click,", "yesNo", "wait,250", "action,quit", "list, Main/list , 0" })
-        QVERIFY2(parseCondition(QString::fromLatin1(known)).understood, known);
-    for (const char *unknown :
-         { "", "Click", "wait,-1", "popup", "windowState,Dialog,maximised", "checked,Main/box,1" })
-        QVERIFY2(!parseCondition(QString::fromLatin1(unknown)).understood, unknown);
-}
-
 void tst_HostScenario::meeting()
 {
     // The log's line, as the author copies it, is the condition that the event meets.
@@ -109,34 +96,6 @@ void tst_HostScenario::walk()
     QTRY_COMPARE(finished.count(), 1);
     walker.start(scenario(), 7); // its wait ends by itself
     QTRY_COMPARE(walker.step().id, 8);
-}
-
-void tst_HostScenario::newStartTakesTheWalkOver()
-{
-    ScenarioWalker walker([](const StepCondition &) { return true; });
-    walker.start(scenario(), 4); // its state holds already, so that it waits for Next
-    QCOMPARE(walker.flags(), int(HostScenario::kNextFlag | HostScenario::kArrowFlag));
-    walker.handleButton(QStringLiteral("next"));
-    // The step is being left when the new start comes.
-    walker.start(scenario(), 8);
-    QSignalSpy entered(&walker, &ScenarioWalker::entered);
-    QVERIFY(!entered.wait(250));
-    QCOMPARE(walker.step().id, 8);
-}
-
-// The tutorial of the stand-in's own window: each condition is known, each jump leads somewhere.
-void tst_HostScenario::ownTutorialCanBeWalked()
-{
-    QFile file(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep0.js"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const HostScenario::Scenario all = HostScenario::evaluate(QStringLiteral("function qsTr(key) { return key; }\n")
-                                                              + QString::fromUtf8(file.readAll()));
-    QCOMPARE(all.error, QString());
-    for (const HostScenario::Step &step : all.steps) {
-        QVERIFY2(parseCondition(step.condition).understood, qPrintable(step.name));
-        for (const int target : { step.jump, step.jumpNo })
-            QVERIFY2(target == HostScenario::kNone || all.indexById.contains(target), qPrintable(step.name));
-    }
 }
 
 QTEST_MAIN(tst_HostScenario)

