@@ -1,70 +1,10 @@
-#include "support/HostPeer.h"
+#include "AuthorDriver.h"
 
-#include <QDir>
 #include <QFile>
-#include <QJSEngine>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-
-#include <functional>
-
-namespace
-{
-const QString kProgram = QStringLiteral(TRELVANE_AUTHOR_PROGRAM);
-const QString kSourceFolder = QStringLiteral(TRELVANE_SOURCE_DIR);
-const QString kTutorial = QStringLiteral("TutorialSideViewStep0");
-const QString kScenario = QStringLiteral("qml/Tutorial/TutorialSideViewStep0.js");
-const QString kJapanese = QStringLiteral("translations/ja_JP.ts");
-const QString kEnglish = QStringLiteral("translations/en_US.ts");
-const QString kFolderName = QStringLiteral("tutorial-win/");
-
-// Places in the window at its first size, in pixels.
-constexpr int kFirstRowY = 58;
-constexpr int kRowHeight = 24;
-constexpr QPoint kWindowKey(400, 68);
-constexpr QPoint kHint(600, 340);
-constexpr QPoint kHint2(600, 570);
-constexpr QPoint kCondition(480, 678);
-constexpr QPoint kJump(430, 714);
-
-// Two clicks further apart than a double click.
-constexpr int kSlow = 700;
-
-QPoint row(int index)
-{
-    return QPoint(110, kFirstRowY + index * kRowHeight);
-}
-
-QByteArray read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The items of the script, in order, folders before their contents.
-QList<QJsonObject> evaluate(const QString &script)
-{
-    QJSEngine engine;
-    engine.evaluate(script);
-    const QString json = engine.evaluate(QStringLiteral("JSON.stringify(scenario)")).toString();
-    QList<QJsonObject> items;
-    std::function<void(const QJsonArray &)> collect = [&](const QJsonArray &array) {
-        for (const QJsonValue &value : array) {
-            items.append(value.toObject());
-            collect(value.toObject().value(QLatin1String("children")).toArray());
-        }
-    };
-    collect(QJsonDocument::fromJson(json.toUtf8()).array());
-    return items;
-}
-} // namespace
 
 /// A writer at work: the real program in the authoring mode, by mouse and keyboard.
-class tst_AuthoringOnScreen : public QObject
+class tst_AuthoringOnScreen : public AuthorDriver
 {
     Q_OBJECT
 
@@ -74,151 +14,21 @@ private Q_SLOTS:
     void untouchedTutorialIsSavedAsItWas();
     void editsAreSavedAndReadAgain();
     void treeIsRearrangedAndPutBack();
-
-private:
-    bool start();
-    bool leave();
-    QString path(const QString &name) const { return mFolder->filePath(kFolderName + name); }
-    static QByteArray original(const QString &name) { return read(kSourceFolder + QLatin1Char('/') + name); }
-
-    /// Runs xdotool and gives what it prints.
-    static QString xdotool(const QStringList &arguments);
-    void move(const QPoint &place);
-    void click(const QPoint &place);
-    void clickSlowlyAgain(const QPoint &place);
-    static void press(const QString &keys) { xdotool({ QStringLiteral("key"), keys }); }
-    static void type(const QString &text);
-    bool isModified() const;
-
-    /// What the host editor is told to play, the way that F5 tells it.
-    QList<QJsonObject> items();
-    QJsonValue value(int id, const char *key);
-    QStringList names();
-    /// Waits for the entry of an item, or for the names of all items, to be so.
-    bool becomes(int id, const char *key, const QJsonValue &wanted);
-    bool becomes(const QStringList &wanted);
-
-    QScopedPointer<QTemporaryDir> mFolder;
-    QScopedPointer<HostPeer> mHost;
-    QTimer mAlive;
-    QString mWindow;
 };
 
 void tst_AuthoringOnScreen::init()
 {
-    mFolder.reset(new QTemporaryDir);
+    makeFolder();
     for (const QString &name : { kScenario, kJapanese, kEnglish }) {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QVERIFY(QFile::copy(kSourceFolder + QLatin1Char('/') + name, path(name)));
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(original(name)) > 0);
     }
     QVERIFY(start());
 }
 
 void tst_AuthoringOnScreen::cleanup()
 {
-    mAlive.disconnect();
-    mHost.reset();
-}
-
-bool tst_AuthoringOnScreen::start()
-{
-    mAlive.disconnect();
-    mHost.reset(new HostPeer);
-    mHost->process().setWorkingDirectory(mFolder->path());
-    if (!mHost->start(kProgram))
-        return false;
-    connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send({ QStringLiteral("alive") }); });
-    mAlive.start(1000);
-    const QStringList search = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                 QStringLiteral("^\\*?%1$").arg(kTutorial) };
-    if (!QTest::qWaitFor([&] { return !(mWindow = xdotool(search)).isEmpty(); }, 20000))
-        return false;
-    xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
-    return QTest::qWaitFor([this] { return !items().isEmpty(); }, 20000);
-}
-
-bool tst_AuthoringOnScreen::leave()
-{
-    press(QStringLiteral("ctrl+q"));
-    return mHost->waitForExit(10000) && mHost->process().exitCode() == 0;
-}
-
-QString tst_AuthoringOnScreen::xdotool(const QStringList &arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-}
-
-void tst_AuthoringOnScreen::move(const QPoint &place)
-{
-    xdotool({ QStringLiteral("mousemove"), QStringLiteral("--window"), mWindow, QString::number(place.x()),
-              QString::number(place.y()) });
-}
-
-void tst_AuthoringOnScreen::click(const QPoint &place)
-{
-    move(place);
-    xdotool({ QStringLiteral("click"), QStringLiteral("1") });
-    // What follows a selection in short timers.
-    QTest::qWait(kSlow);
-}
-
-void tst_AuthoringOnScreen::clickSlowlyAgain(const QPoint &place)
-{
-    click(place);
-    click(place);
-}
-
-void tst_AuthoringOnScreen::type(const QString &text)
-{
-    xdotool({ QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), text });
-}
-
-bool tst_AuthoringOnScreen::isModified() const
-{
-    return xdotool({ QStringLiteral("getwindowname"), mWindow }).startsWith(QLatin1Char('*'));
-}
-
-QList<QJsonObject> tst_AuthoringOnScreen::items()
-{
-    press(QStringLiteral("F5"));
-    // An edit may have restarted the tutorial before: the last one counts.
-    QStringList last;
-    QStringList fields = mHost->waitForMessage(QStringLiteral("start"), 2000);
-    while (!fields.isEmpty()) {
-        last = fields;
-        fields = mHost->waitForMessage(QStringLiteral("start"), 200);
-    }
-    return evaluate(last.value(1));
-}
-
-QJsonValue tst_AuthoringOnScreen::value(int id, const char *key)
-{
-    for (const QJsonObject &item : items()) {
-        if (item.value(QLatin1String("id")).toInt() == id)
-            return item.value(QLatin1String(key));
-    }
-    return QJsonValue();
-}
-
-QStringList tst_AuthoringOnScreen::names()
-{
-    QStringList names;
-    for (const QJsonObject &item : items())
-        names.append(item.value(QLatin1String("name")).toString());
-    return names;
-}
-
-bool tst_AuthoringOnScreen::becomes(int id, const char *key, const QJsonValue &wanted)
-{
-    return QTest::qWaitFor([&] { return value(id, key) == wanted; }, 5000);
-}
-
-bool tst_AuthoringOnScreen::becomes(const QStringList &wanted)
-{
-    return QTest::qWaitFor([&] { return names() == wanted; }, 5000);
+    end();
 }
 
 void tst_AuthoringOnScreen::untouchedTutorialIsSavedAsItWas()
@@ -333,14 +143,7 @@ void tst_AuthoringOnScreen::treeIsRearrangedAndPutBack()
     xdotool({ QStringLiteral("keydown"), QStringLiteral("shift"), QStringLiteral("click"), QStringLiteral("1"),
               QStringLiteral("keyup"), QStringLiteral("shift") });
     QTest::qWait(kSlow);
-    move(row(5) + QPoint(0, 2));
-    xdotool({ QStringLiteral("mousedown"), QStringLiteral("1") });
-    for (int y = row(5).y(); y >= row(2).y() - 9; y -= 4) {
-        move(QPoint(row(5).x(), y));
-        QTest::qWait(30);
-    }
-    QTest::qWait(300);
-    xdotool({ QStringLiteral("mouseup"), QStringLiteral("1") });
+    drag(row(5) + QPoint(0, 2), row(2) - QPoint(0, 9));
     QStringList moved = before;
     moved.move(moved.indexOf(QStringLiteral("tools")), 1);
     moved.move(moved.indexOf(QStringLiteral("canvas")), 2);
