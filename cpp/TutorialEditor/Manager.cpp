@@ -26,7 +26,7 @@ public:
     {
         constexpr int digits = 3;
         if (!mNumbers.contains(base)) {
-            const QString name = DataSupport::getUniqueName(mNames, base, digits);
+            QString name = DataSupport::getUniqueName(mNames, base, digits);
             mNumbers.insert(base, name.midRef(base.size()).toLongLong());
             return name;
         }
