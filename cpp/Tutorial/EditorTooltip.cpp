@@ -4,6 +4,7 @@
 #include "Tutorial/GuidanceContext.h"
 #include "Tutorial/GuidanceGeometry.h"
 #include "Tutorial/HintText.h"
+#include "Tutorial/OverlayWindow.h"
 #include "Tutorial/WindowPlatform.h"
 
 #include <QEvent>
@@ -28,12 +29,7 @@ EditorTooltip::EditorTooltip(QWidget *parent, GuidanceContext *manager)
     mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
 
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowFlags(Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput | Qt::WindowStaysOnTopHint
-                   | Qt::FramelessWindowHint | Qt::Tool);
-    WindowPlatform::letInputThrough(this);
-    WindowPlatform::refuseFocus(this);
+    OverlayWindow::setUp(this);
     setGeometry(0, 0, 320, 240);
     mTimerId = startTimer(10, Qt::CoarseTimer);
 }

@@ -5,7 +5,7 @@
 #include "Tutorial/GuidanceGeometry.h"
 #include "Tutorial/GuidanceStep.h"
 #include "Tutorial/HintText.h"
-#include "Tutorial/WindowPlatform.h"
+#include "Tutorial/OverlayWindow.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -47,12 +47,7 @@ TutorialTooltip::TutorialTooltip(QWidget *parent)
         mIndicator->mHintChanged = true;
     }
 
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowFlags(Qt::NoDropShadowWindowHint | Qt::WindowTransparentForInput | Qt::WindowStaysOnTopHint
-                   | Qt::FramelessWindowHint | Qt::Tool);
-    WindowPlatform::letInputThrough(this);
-    WindowPlatform::refuseFocus(this);
+    OverlayWindow::setUp(this);
     setGeometry(QRect(QPoint(0, 0), kTooltipSize));
     show();
 }
