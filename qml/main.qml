@@ -61,7 +61,8 @@ ApplicationWindow {
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
-            var error = TutorialManager.loadTutorial(SystemService.getLocalFileFromUrl(dialog.fileUrl));
+            var chosen = SystemService.getLocalFileFromUrl(dialog.fileUrl);
+            var error = TutorialManager.loadTutorial(TutorialManager.getChosenFilename(chosen));
             updateSettings();
             if (error !== "")
                 alert(qsTr("Failed to open new project") + "\n" + error);

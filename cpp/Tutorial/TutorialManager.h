@@ -90,6 +90,8 @@ public:
     Q_INVOKABLE QString getTutorialJson();
     /// The folder of the tutorials that the authoring mode edits, as an absolute path.
     Q_INVOKABLE QString getTutorialPath() const;
+    /// The file that a writer means by what was chosen: a new one gets the suffix of the tutorials.
+    Q_INVOKABLE QString getChosenFilename(const QString &filename) const;
     /// Loads the tutorial that the host editor has named, and hands it over.
     void loadAndFeedback(const QString &name);
 

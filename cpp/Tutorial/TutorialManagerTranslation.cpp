@@ -10,7 +10,9 @@
 #include "TutorialEditor/Manager.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 namespace
@@ -152,6 +154,8 @@ bool TutorialManager::loadTranslation()
 bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument &document) const
 {
     const QString path = translationPath(locale);
+    // The first save of a writer may be the one that makes the folder.
+    QDir().mkpath(QFileInfo(path).path());
     // A document that was never read writes out as nothing.
     if (document.isNull() || !DataSupport::writeFile(path, document.toByteArray(4))) {
         Log::warning(kFolder, "TutorialManager::saveTranslation", __LINE__) << "Failed to save" << path;

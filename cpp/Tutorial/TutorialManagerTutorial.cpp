@@ -14,12 +14,13 @@ namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial";
 
+constexpr QLatin1String kSuffix(".js");
+
 QString baseName(const QString &filename)
 {
-    const QLatin1String suffix(".js");
     QString name = filename.mid(filename.lastIndexOf(QLatin1Char('/')) + 1);
-    if (name.endsWith(suffix))
-        name.chop(suffix.size());
+    if (name.endsWith(kSuffix))
+        name.chop(kSuffix.size());
     return name;
 }
 } // namespace
@@ -87,10 +88,17 @@ QString TutorialManager::getTutorialPath() const
     return QFileInfo(QStringLiteral("tutorial-win/qml/Tutorial")).absoluteFilePath();
 }
 
+QString TutorialManager::getChosenFilename(const QString &filename) const
+{
+    if (filename.endsWith(kSuffix) || DataSupport::fileExists(filename))
+        return filename;
+    return filename + kSuffix;
+}
+
 QString TutorialManager::save()
 {
     // What is not the content of its file must not go into the translations either.
-    if (!mEditorManager->isLoaded())
+    if (!mEditorManager->isSaveable())
         return mEditorManager->save();
     feedbackTranslation();
     if (!saveTranslation())

@@ -6,7 +6,9 @@
 #include "tool/Log.h"
 #include "TutorialEditor/ScenarioText.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 namespace
@@ -66,15 +68,19 @@ Manager *Manager::instance()
 QStringList Manager::setContents(const QString &filename)
 {
     mFilename = filename;
-    mLoaded = false;
+    mState = State::Unreadable;
     QFile file(filename);
     if (!file.open(QIODevice::ReadOnly)) {
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << "failed to open" << filename;
+        if (!file.exists())
+            mState = State::New;
         return QStringList();
     }
     QTextStream stream(&file);
     stream.setCodec("UTF-8");
     QString text = stream.readAll();
+    // A read that broke off is no blank file.
+    const bool blank = text.trimmed().isEmpty() && file.error() == QFile::NoError;
     file.close();
 
     text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
@@ -84,11 +90,13 @@ QStringList Manager::setContents(const QString &filename)
         text = context->applyTranslationToText(text, errors);
 
     replaceDocument();
-    mLoaded = readItems(text);
-    if (mLoaded)
+    if (readItems(text)) {
+        mState = State::Loaded;
         fillInNames();
-    else
+    } else {
+        mState = blank ? State::New : State::Unreadable;
         errors.append(QStringLiteral("json is not array"));
+    }
     if (!errors.isEmpty())
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << errors;
     return errors;
@@ -131,8 +139,13 @@ QString Manager::save()
         return tr("Tutorial not loaded yet.");
     // What could not be read is not in the document, so that writing the document would empty the
     // file.
-    if (!mLoaded || !DataSupport::writeFile(mFilename, text.toUtf8()))
+    if (!isSaveable())
         return tr("Failed to save.");
+    // The folders of a new tutorial may be new too.
+    QDir().mkpath(QFileInfo(mFilename).path());
+    if (!DataSupport::writeFile(mFilename, text.toUtf8()))
+        return tr("Failed to save.");
+    mState = State::Loaded;
     if (EditHistory *history = EditHistory::instance())
         history->markClean();
     return QString();
@@ -163,7 +176,7 @@ void Manager::clear()
     mData.mRoot = TreeItem<TutorialItemData>(-1, true);
     // Nothing is loaded any more, so that a save has no file to empty.
     mFilename.clear();
-    mLoaded = false;
+    mState = State::Unreadable;
 }
 
 void Manager::replaceDocument()

@@ -27,7 +27,7 @@ public:
 
     /// Reads the file into the document. The result is empty when no error was seen. A file that
     /// can't be opened leaves the document as it was and gives no error; one that doesn't parse
-    /// leaves it empty.
+    /// leaves it empty. Where the file is missing or blank, the document is a new one of its name.
     QStringList setContents(const QString &filename);
 
     /// The scenario as script text; with forSaving each hint is a translation call with its item's
@@ -44,8 +44,10 @@ public:
     /// Stores a given scenario array in the file, without touching the history.
     void save(const QString &text);
 
-    /// Whether the document is what its file held. Only then can it be saved.
-    bool isLoaded() const { return mLoaded; }
+    /// Whether the document is what its file held.
+    bool isLoaded() const { return mState == State::Loaded; }
+    /// Whether a save loses nothing that stands in the file.
+    bool isSaveable() const { return mState != State::Unreadable; }
 
     /// Forgets the document and its history.
     void clear();
@@ -66,6 +68,12 @@ public:
 private:
     Q_DISABLE_COPY(Manager)
 
+    enum class State {
+        Unreadable, // nothing is loaded, or the file holds what is not in the document
+        New, // the file is missing or blank
+        Loaded
+    };
+
     bool readItems(const QString &arrayText);
     void fillInNames();
     void replaceDocument();
@@ -74,6 +82,6 @@ private:
     // Undo commands can still point to the records of a replaced document until the history is
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
-    bool mLoaded = false;
+    State mState = State::Unreadable;
 };
 } // namespace TutorialEditor

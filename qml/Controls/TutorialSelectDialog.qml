@@ -1,7 +1,8 @@
 import QtQuick 2.9
 import QtQuick.Dialogs 1.2
 
-/// Asks for the file of a tutorial. `callback` is called with 1 or -1.
+/// Asks for the file of a tutorial, which need not exist yet. `callback` is
+/// called with 1 or -1.
 FileDialog {
     id: root
 
@@ -18,9 +19,14 @@ FileDialog {
     objectName: "TutorialSelectDialog"
     title: qsTr("Open tutorial")
     selectFolder: false
-    selectMultiple: false
     nameFilters: ["%1 (*.%2)".arg(qsTr("Tutorial file")).arg("js")]
 
     onAccepted: answer(1)
     onRejected: answer(-1)
+    // In this order the toolkit takes any one name, as when saving, but opens
+    // it: with no question whether a file that exists may be replaced.
+    Component.onCompleted: {
+        selectExisting = false;
+        selectMultiple = true;
+    }
 }

@@ -16,7 +16,8 @@
 namespace
 {
 const QString kEndsByItself = QStringLiteral("--ends-by-itself");
-const QString kTutorial = QStringLiteral("tutorial-win/qml/Tutorial/Sample.js");
+const QString kTutorialFolder = QStringLiteral("tutorial-win/qml/Tutorial/");
+const QString kTutorial = kTutorialFolder + QStringLiteral("Sample.js");
 const QString kTranslation = QStringLiteral("tutorial-win/translations/ja_JP.ts");
 constexpr int kStillThere = 99;
 
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void saveCheck();
     void saveThatFails();
     void confirmAnswersOnce();
+    void openTutorial_data();
     void openTutorial();
     void endsByItself();
 
@@ -170,29 +172,46 @@ void tst_ApplicationWindow::confirmAnswersOnce()
     QTRY_VERIFY(!fixture->window()->contentItem()->findChild<QObject *>(QStringLiteral("ConfirmDialog")));
 }
 
+void tst_ApplicationWindow::openTutorial_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<bool>("opened");
+    const QString name = QStringLiteral("Sample.js");
+    const QByteArray tutorial = readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"));
+    QTest::newRow("one that can't be read") << name << QByteArray("var scenario = [{") << "Sample" << false;
+    QTest::newRow("one that can") << name << tutorial << "Sample" << true;
+    QTest::newRow("new name") << QStringLiteral("v1.0") << tutorial << "v1.0" << true;
+}
+
 void tst_ApplicationWindow::openTutorial()
 {
-    const QByteArray tutorial = readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"));
-    for (const QByteArray &contents : { QByteArray("var scenario = [{"), tutorial }) {
-        MainWindowFixture::writeFile(kTutorial, contents);
-        QTest::keyClick(fixture->window(), Qt::Key_O, Qt::ControlModifier);
-        const auto dialog = [] { return qobject_cast<QFileDialog *>(MainWindowFixture::dialog()); };
-        QTRY_VERIFY(dialog() != nullptr);
-        QVERIFY(QTest::qWaitForWindowActive(dialog()));
-        auto *name = dialog()->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        QVERIFY(name != nullptr);
-        name->clear();
-        QTest::keyClicks(name, QStringLiteral("Sample.js"));
-        QTest::keyClick(name, Qt::Key_Return);
-        if (contents == tutorial)
-            break;
-        QTRY_VERIFY(dialog() == nullptr);
+    QFETCH(QString, typed);
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, title);
+    QFETCH(bool, opened);
+    MainWindowFixture::writeFile(kTutorial, contents);
+    QTest::keyClick(fixture->window(), Qt::Key_O, Qt::ControlModifier);
+    const auto dialog = [] { return qobject_cast<QFileDialog *>(MainWindowFixture::dialog()); };
+    QTRY_VERIFY(dialog() != nullptr);
+    QVERIFY(QTest::qWaitForWindowActive(dialog()));
+    auto *name = dialog()->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    QVERIFY(name != nullptr);
+    name->clear();
+    QTest::keyClicks(name, typed);
+    QTest::keyClick(name, Qt::Key_Return);
+    QTRY_COMPARE(fixture->window()->title(), title);
+    if (opened) {
+        QVERIFY(MainWindowFixture::messageBox() == nullptr);
+        QVERIFY(fixture->activate());
+        QTest::keyClick(fixture->window(), Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(readFile(kTutorialFolder + title + QStringLiteral(".js")).startsWith("var scenario = [\n"));
+        QVERIFY(MainWindowFixture::messageBox() == nullptr);
+    } else {
         const QString text = MainWindowFixture::answer(QMessageBox::Ok);
         QVERIFY2(text.startsWith(QStringLiteral("Failed to open new project\n")), qPrintable(text));
-        QVERIFY(fixture->activate());
     }
-    QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
-    QVERIFY(MainWindowFixture::messageBox() == nullptr);
 }
 
 // In a process of its own, which the closing of the window ends.

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void rejects();
     void fillsInNames();
     void savesOnlyWhatWasLoaded();
+    void beginsWhereThereIsNothing();
     void keepsReplacedRecordsForTheHistory();
     void writesTheSameAfterARead();
 
@@ -115,7 +116,6 @@ void tst_Scenario::accepts()
 void tst_Scenario::rejects_data()
 {
     QTest::addColumn<QString>("warning");
-    QTest::newRow("") << QStringLiteral("jsonStr is empty.");
     for (const char *bytes :
          { "var scenario = [{\"id\":1}", "[{\"id\":1},]", "[{\"id\":1} // a\n]", "\xff\x01\x80", "[{\"id\":1}] /* a",
            "var scenario=[{\"id\":1}];", "var scenario = [{\"name\":\"a];b\"}];", "[{\"id\":1}]\n// a" })
@@ -157,12 +157,10 @@ void tst_Scenario::savesOnlyWhatWasLoaded()
     QCOMPARE(readAll(path), kCanonical);
     QCOMPARE(mHistory->mCleanCount, 1);
 
-    // The document stays, but is not that file's.
-    const QString missing = mFolder->filePath(QStringLiteral("missing.js"));
-    QCOMPARE(mManager->setContents(missing), QStringList());
+    // One that is there and can't be read is not replaced, and the document stays.
+    QCOMPARE(mManager->setContents(mFolder->path()), QStringList());
     QCOMPARE(shape(root()), QStringLiteral("(1(2))"));
     QCOMPARE(mManager->save(), kNotSaved);
-    QVERIFY(!QFile::exists(missing));
 
     QCOMPARE(mManager->setContents(path), QStringList());
     mManager->mFilename = mFolder->path();
@@ -172,6 +170,24 @@ void tst_Scenario::savesOnlyWhatWasLoaded()
     QCOMPARE(mManager->save(), kNotLoaded);
     QCOMPARE(readAll(path), kCanonical);
     QCOMPARE(mHistory->mCleanCount, 1);
+}
+
+void tst_Scenario::beginsWhereThereIsNothing()
+{
+    const QString missing = mFolder->filePath(QStringLiteral("x/y/new.js"));
+    QCOMPARE(mManager->setContents(missing), QStringList());
+    QCOMPARE(mManager->save(), QString());
+    QCOMPARE(readAll(missing), QByteArray("var scenario = [\n\n];"));
+    const QByteArrayList blanks = { "", "\xef\xbb\xbf", "\r\n \t\n" };
+    mWarnings.expect(QStringLiteral("jsonStr is empty."), 2);
+    for (const QByteArray &blank : blanks) {
+        QCOMPARE(mManager->setContents(write(kCanonical, "before.js")), QStringList());
+        const QString path = write(blank);
+        QCOMPARE(mManager->setContents(path), QStringList{ QStringLiteral("json is not array") });
+        QVERIFY(root().mChildren.isEmpty());
+        QCOMPARE(mManager->save(), QString());
+        QCOMPARE(readAll(path), readAll(missing));
+    }
 }
 
 void tst_Scenario::keepsReplacedRecordsForTheHistory()
