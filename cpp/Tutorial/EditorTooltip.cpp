@@ -29,8 +29,7 @@ EditorTooltip::EditorTooltip(QWidget *parent, GuidanceContext *manager)
     mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
 
-    OverlayWindow::setUp(this);
-    setGeometry(0, 0, 320, 240);
+    OverlayWindow::setUp(this, QSize(320, 240));
     mTimerId = startTimer(10, Qt::CoarseTimer);
 }
 

@@ -23,6 +23,7 @@ std::unique_ptr<QPushButton> makeButton(const QString &label)
     button->setAttribute(Qt::WA_TranslucentBackground);
     button->setAttribute(Qt::WA_ShowWithoutActivating);
     WindowPlatform::refuseFocus(button.get());
+    WindowPlatform::keepAbove(button.get());
     button->hide();
     return button;
 }

@@ -47,8 +47,7 @@ TutorialTooltip::TutorialTooltip(QWidget *parent)
         mIndicator->mHintChanged = true;
     }
 
-    OverlayWindow::setUp(this);
-    setGeometry(QRect(QPoint(0, 0), kTooltipSize));
+    OverlayWindow::setUp(this, kTooltipSize);
     show();
 }
 

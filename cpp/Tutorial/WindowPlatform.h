@@ -14,6 +14,10 @@ void letInputThrough(QWidget *window);
 /// nor on a click, nor when another window goes. Call it once, before the window is first shown.
 void refuseFocus(QWidget *window);
 
+/// Brings a top-level window that stays on top above all others each time it is shown, menus included,
+/// and keeps it on top. Call it once, before the window is first shown.
+void keepAbove(QWidget *window);
+
 /// Sends what a timer has changed of a window at once, instead of with the next event.
 void flush();
 } // namespace WindowPlatform

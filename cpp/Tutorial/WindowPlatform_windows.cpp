@@ -7,5 +7,7 @@ void letInputThrough(QWidget *) { }
 
 void refuseFocus(QWidget *) { }
 
+void keepAbove(QWidget *) { }
+
 void flush() { }
 } // namespace WindowPlatform

@@ -1,64 +1,25 @@
 #include "Tutorial/WindowPlatform.h"
 
+#include "Tutorial/StackingKeeper.h"
+#include "Tutorial/X11.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QVector>
 #include <QWidget>
 #include <QWindow>
 
-#include <qpa/qplatformnativeinterface.h>
-
 #include <xcb/shape.h>
-#include <xcb/xcb.h>
 
-#include <cstdlib>
-#include <memory>
+using namespace X11;
 
 namespace
 {
-template <typename T>
-using Reply = std::unique_ptr<T, decltype(&std::free)>;
-
-template <typename T>
-Reply<T> owned(T *reply)
-{
-    return { reply, &std::free };
-}
-
-/// Null on every platform but X11, the offscreen one of the tests among them.
-xcb_connection_t *connection()
-{
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        return nullptr;
-    QPlatformNativeInterface *native = QGuiApplication::platformNativeInterface();
-    return static_cast<xcb_connection_t *>(native->nativeResourceForIntegration(QByteArrayLiteral("connection")));
-}
-
-/// A frame can go at any time, so errors of a window that is no more are nobody's concern.
-void ignoreErrors(xcb_connection_t *xcb, xcb_void_cookie_t cookie)
-{
-    xcb_discard_reply(xcb, cookie.sequence);
-}
-
 void clearInputShape(xcb_connection_t *xcb, xcb_window_t window)
 {
     ignoreErrors(xcb,
                  xcb_shape_rectangles_checked(xcb, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
                                               window, 0, 0, 0, nullptr));
-}
-
-/// The windows that a window manager has put between a window's parent and the root, the parent first.
-QVector<xcb_window_t> framesFrom(xcb_connection_t *xcb, xcb_window_t parent)
-{
-    QVector<xcb_window_t> frames;
-    while (const auto tree = owned(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, parent), nullptr))) {
-        if (parent == tree->root)
-            break;
-        frames.append(parent);
-        parent = tree->parent;
-    }
-    return frames;
 }
 
 /// Keeps the input shapes of a window and of its frames empty for the window's life. Window managers
@@ -119,26 +80,6 @@ private:
     int mShapeNotify = 0;
     QVector<xcb_window_t> mFrames;
 };
-
-xcb_atom_t atom(xcb_connection_t *xcb, const QByteArray &name)
-{
-    const auto cookie = xcb_intern_atom(xcb, false, quint16(name.size()), name.constData());
-    const auto reply = owned(xcb_intern_atom_reply(xcb, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
-}
-
-QVector<xcb_atom_t> atoms(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t property)
-{
-    const auto cookie = xcb_get_property(xcb, false, window, property, XCB_ATOM_ATOM, 0, 64);
-    const auto reply = owned(xcb_get_property_reply(xcb, cookie, nullptr));
-    if (!reply || reply->format != 32)
-        return {};
-    const auto *values = static_cast<const xcb_atom_t *>(xcb_get_property_value(reply.get()));
-    QVector<xcb_atom_t> result;
-    for (int i = 0; i < xcb_get_property_value_length(reply.get()) / 4; ++i)
-        result.append(values[i]);
-    return result;
-}
 } // namespace
 
 namespace WindowPlatform
@@ -165,6 +106,12 @@ void refuseFocus(QWidget *window)
     supported.removeAll(atom(xcb, QByteArrayLiteral("WM_TAKE_FOCUS")));
     xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, id, protocols, XCB_ATOM_ATOM, 32, quint32(supported.size()),
                         supported.constData());
+}
+
+void keepAbove(QWidget *window)
+{
+    if (xcb_connection_t *xcb = connection())
+        new StackingKeeper(window, xcb);
 }
 
 void flush()

@@ -1,5 +1,7 @@
 #include "Neighbour.h"
+#include "ScreenWindows.h"
 
+#include "Tutorial/EditorTooltip.h"
 #include "Tutorial/GuidanceContext.h"
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialLog.h"
@@ -34,6 +36,8 @@ public:
             return;
         mIndicator->mTooltip->show();
         mIndicator->showButtons();
+        if (mEditorTooltip)
+            mEditorTooltip->setVisible(true);
     }
 
     void start()
@@ -56,11 +60,21 @@ public:
         mLog->hide();
         mIndicator->mTooltip->hide();
         mIndicator->hideButtons();
+        if (mEditorTooltip)
+            mEditorTooltip->hide();
+    }
+
+    /// All but the log window: without a size it never comes to the screen.
+    QVector<QWidget *> windows() const
+    {
+        return { mEditorTooltip.get(), mIndicator->mTooltip, mIndicator->mNextButton, mIndicator->mYesButton,
+                 mIndicator->mNoButton };
     }
 
     QStringList mSent;
     std::unique_ptr<TutorialLog> mLog;
     std::unique_ptr<TutorialIndicator> mIndicator;
+    std::unique_ptr<EditorTooltip> mEditorTooltip;
 };
 
 QPoint windowPlace(const TutorialIndicator &indicator)
@@ -160,6 +174,62 @@ private Q_SLOTS:
             // A window that was hidden gets a new frame.
             mGuidance->hide();
             mGuidance->updateGuidanceVisibility();
+        }
+    }
+
+    void isFirstSeenWhereItIsPlaced()
+    {
+        EditorTooltip editorTooltip(nullptr, mGuidance.get());
+        editorTooltip.setVisible(true);
+        const TutorialTooltip tooltip(mGuidance->mIndicator.get());
+        for (const QWidget *window :
+             { static_cast<const QWidget *>(&editorTooltip), static_cast<const QWidget *>(&tooltip) }) {
+            QTRY_VERIFY(ScreenWindows::stackingPlace(window->winId()) >= 0);
+            QCOMPARE(ScreenWindows::place(window->winId()), QPoint(0, 0));
+        }
+    }
+
+    // Hidden and shown in one go, the windows stay above a neighbour that is raised by each click.
+    void staysAbove()
+    {
+        mGuidance->mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, mGuidance.get());
+        mGuidance->mEditorTooltip->show(QStringLiteral("tip"), 600, 300);
+        QVERIFY(moveTo({ 200, 100 }, 7));
+        QVector<int> lost(mGuidance->windows().size());
+        for (int round = 0; round < 50; ++round) {
+            mGuidance->hide();
+            mGuidance->updateGuidanceVisibility();
+            mNeighbour->forget();
+            QVERIFY(click({ 700 + round, 600 }));
+            QTRY_COMPARE(mNeighbour->clicks().size(), 1);
+            const WId neighbour = mNeighbour->window().toULongLong();
+            for (int i = 0; i < lost.size(); ++i) {
+                const WId window = mGuidance->windows().at(i)->winId();
+                const auto isAbove = [&] {
+                    return ScreenWindows::isKeptAbove(window)
+                        && ScreenWindows::stackingPlace(window) > ScreenWindows::stackingPlace(neighbour);
+                };
+                lost[i] += !QTest::qWaitFor(isAbove, 1000);
+            }
+        }
+        QCOMPARE(lost, QVector<int>(lost.size()));
+    }
+
+    // A menu is in no window manager's hands.
+    void isRaisedAboveAMenu()
+    {
+        QVERIFY(moveTo({ 200, 100 }, 7));
+        QWidget menu(nullptr, Qt::ToolTip);
+        menu.setGeometry(150, 50, 400, 300);
+        for (int round = 0; round < 10; ++round) {
+            menu.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&menu));
+            mGuidance->hide();
+            mGuidance->updateGuidanceVisibility();
+            for (const QWidget *window : mGuidance->windows().mid(1)) {
+                QTRY_VERIFY(ScreenWindows::stackingPlace(window->winId()) > ScreenWindows::stackingPlace(menu.winId()));
+            }
+            menu.hide();
         }
     }
 
