@@ -155,6 +155,12 @@ void TreeListItemSelectionModel::setSelectedIdList(const QList<int> &idList)
     selectWanted(*items->invisibleRootItem(), [&ids](int id) { return ids.contains(id); });
 }
 
+void TreeListItemSelectionModel::selectAllItems()
+{
+    if (const auto *items = qobject_cast<const QStandardItemModel *>(model()))
+        selectWanted(*items->invisibleRootItem(), [](int id) { return id >= 0; });
+}
+
 void TreeListItemSelectionModel::setSelectedBetweenCurrentAnd(const QModelIndex &modelIndex)
 {
     constexpr char function[] = "TreeListItemSelectionModel::setSelectedBetweenCurrentAnd";

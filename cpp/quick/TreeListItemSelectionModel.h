@@ -34,8 +34,10 @@ public:
     /// Selects all rows from the current one to that one, both included, in tree order, and no
     /// others.
     Q_INVOKABLE void setSelectedBetweenCurrentAnd(const QModelIndex &modelIndex);
-    /// The same between two children of the root row; the current index is cleared. Of a known and
-    /// an unknown id the known one is selected alone.
+    /// Selects all rows but the root row.
+    Q_INVOKABLE void selectAllItems();
+    /// Like setSelectedBetweenCurrentAnd between two children of the root row; the current index is cleared. Of a known
+    /// and an unknown id the known one is selected alone.
     Q_INVOKABLE void setSelectedBetween(int id1, int id2);
 
 Q_SIGNALS:

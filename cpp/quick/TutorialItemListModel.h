@@ -77,6 +77,9 @@ public:
     /// The ids from the root row to that of id, for opening folders towards it; with a negative id
     /// those of the first children.
     Q_INVOKABLE QVariant getFocusIdList(int id) const;
+    /// The id of the row that takes the place of the first of these when they go: the next one of its
+    /// folder, else the one above, else the folder; -1 if nothing is left.
+    Q_INVOKABLE int getNextId(const QList<int> &idList) const;
     /// Where the rows would go if they were dropped between two neighbours of the visible list, with
     /// the mouse at x; an invalid indexLow is the end of the list. Empty if one of them may not go
     /// there. Else "before" with the "targetId" to stand before, or to go into when it is false, the

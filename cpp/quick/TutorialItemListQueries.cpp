@@ -1,6 +1,7 @@
 // What the screens ask of the rows of TutorialItemListModel, and the tree's text for the jump menus.
 
 #include "quick/TutorialItemListModel.h"
+#include "tool/IdSet.h"
 #include "TutorialEditor/Manager.h"
 
 #include <QStringList>
@@ -131,6 +132,29 @@ QVariant TutorialItemListModel::getFocusIdList(int id) const
         }
     }
     return QVariant::fromValue(idList);
+}
+
+int TutorialItemListModel::getNextId(const QList<int> &idList) const
+{
+    const QSet<int> gone = idSet(idList);
+    const auto goes = [&gone](const QStandardItem *row) { return gone.contains(row->data(RoleId).toInt()); };
+    const QStandardItem *row = idList.isEmpty() ? nullptr : findItemById(idList.first());
+    for (const QStandardItem *above = row; above; above = above->parent()) {
+        if (goes(above))
+            row = above;
+    }
+    const QStandardItem *folder = row ? row->parent() : nullptr;
+    if (!folder)
+        return -1;
+    for (int i = row->row() + 1; i < folder->rowCount(); ++i) {
+        if (!goes(folder->child(i)))
+            return folder->child(i)->data(RoleId).toInt();
+    }
+    for (int i = row->row() - 1; i >= 0; --i) {
+        if (!goes(folder->child(i)))
+            return folder->child(i)->data(RoleId).toInt();
+    }
+    return folder->data(RoleId).toInt();
 }
 
 QString TutorialItemListModel::getTreeJson() const

@@ -101,9 +101,15 @@ Rectangle {
     }
 
     function deleteIdList(idList) {
+        var nextId = treeListModel.getNextId(idList);
         treeListModel.deleteIdList(idList);
         refreshPartial();
         resetSelected();
+        if (nextId < 0)
+            return;
+        // The keys go on from there at once.
+        selectionModel.setCurrentIndex(treeListModel.getModelIndexById(nextId), ItemSelectionModel.NoUpdate);
+        timers.startAutoSelect([nextId]);
     }
 
     function setSelectedIdList(idList) {
@@ -316,6 +322,7 @@ Rectangle {
             focus: true
             tree: root
             dropArea: dropArea
+            keys: keys
             model: root.treeListModel
             selection: selectionModel
             onActiveFocusChanged: {
@@ -345,6 +352,14 @@ Rectangle {
         id: timers
         tree: root
         view: view
+        keys: keys
+    }
+
+    TreeListKeys {
+        id: keys
+        tree: root
+        view: view
+        dropArea: dropArea
     }
 
     TreeListItemSelectionModel {

@@ -65,7 +65,7 @@ public:
         QMetaObject::invokeMethod(tree, "focusOn");
     }
 
-    void key(Qt::Key key) { QTest::keyClick(window, key); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(window, key, modifiers); }
 
     void type(const QString &text)
     {

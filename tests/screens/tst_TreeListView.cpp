@@ -6,6 +6,7 @@ class TreeListViewTest : public TreeListTest
 
 private Q_SLOTS:
     void selects();
+    void goesByKeys();
     void opensAndCloses();
     void renames();
     void goesToAnItemInClosedFolders();
@@ -55,6 +56,51 @@ void TreeListViewTest::selects()
     QCOMPARE(f.selected(), QStringLiteral("9"));
 }
 
+void TreeListViewTest::goesByKeys()
+{
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    // Without a click before them.
+    f.key(Qt::Key_Down);
+    QCOMPARE(f.selected(), QStringLiteral("2"));
+    QCOMPARE(f.itemId(), 2);
+    f.key(Qt::Key_F2);
+    QVERIFY(f.renameField(2)->isVisible());
+    f.key(Qt::Key_Escape);
+
+    f.key(Qt::Key_Down, Qt::ShiftModifier);
+    f.key(Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(f.selected(), QStringLiteral("2 8 9"));
+    QTest::qWait(50);
+    f.key(Qt::Key_Up, Qt::ShiftModifier);
+    QCOMPARE(f.selected(), QStringLiteral("2 8"));
+    f.key(Qt::Key_Down);
+    QTRY_COMPARE(f.selected(), QStringLiteral("9"));
+    f.key(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(f.selection->getSelectedCount(), 9);
+    QCOMPARE(f.selected(), QStringLiteral("1 2 8 9"));
+    f.key(Qt::Key_Home);
+    f.key(Qt::Key_Down);
+    QCOMPARE(f.selected(), QStringLiteral("1"));
+    QTRY_COMPARE(f.itemId(), 1);
+
+    // The keys go on at the place of what was deleted.
+    const QList<std::pair<QList<int>, int>> deletions{ { { 1, 2 }, 8 }, { { 9 }, 8 } };
+    for (const auto &deletion : deletions) {
+        f.click(deletion.first.first());
+        f.session.sequence(QStringLiteral("delete"), [&] {
+            QMetaObject::invokeMethod(f.tree, "deleteIdList", Q_ARG(QVariant, QVariant::fromValue(deletion.first)));
+        });
+        QCOMPARE(f.itemId(), -1);
+        QTRY_COMPARE(f.itemId(), deletion.second);
+        QCOMPARE(f.selected(), QString::number(deletion.second));
+        if (deletion.second == 8 && f.row(9)) {
+            f.key(Qt::Key_Down);
+            QCOMPARE(f.selected(), QStringLiteral("9"));
+        }
+    }
+}
+
 void TreeListViewTest::opensAndCloses()
 {
     TreeListFixture f(kDocument);
@@ -68,6 +114,14 @@ void TreeListViewTest::opensAndCloses()
     QVERIFY(!f.row(3));
     f.key(Qt::Key_Minus);
     f.key(Qt::Key_Plus);
+    QTRY_VERIFY(f.row(3));
+    f.key(Qt::Key_Right);
+    QCOMPARE(f.selected(), QStringLiteral("3"));
+    f.key(Qt::Key_Left);
+    QCOMPARE(f.selected(), QStringLiteral("2"));
+    f.key(Qt::Key_Left);
+    QVERIFY(!f.row(3));
+    f.key(Qt::Key_Right);
     QTRY_VERIFY(f.row(3));
     QTRY_COMPARE(f.visible(), QStringLiteral("-1 1 2 3 4 7 8 9"));
     // Nothing of it opened a name for editing.
@@ -156,6 +210,21 @@ void TreeListViewTest::keepsItsPlaceAmongAThousandItems()
     QTest::qWait(50);
     const QString visible = f.visible();
     QVERIFY(visible.contains(QStringLiteral(" 500")));
+
+    // The keys go by pages, and the row that they come to is in view.
+    f.key(Qt::Key_End);
+    QTRY_VERIFY(f.visible().endsWith(QStringLiteral(" 1000")));
+    f.key(Qt::Key_PageUp, Qt::ShiftModifier);
+    f.key(Qt::Key_PageUp, Qt::ShiftModifier);
+    const int page = f.selection->getSelectedCount() / 2;
+    QVERIFY(page > 10 && page < 20);
+    QTRY_VERIFY(f.visible().contains(QString::number(1000 - 2 * page)));
+    QTest::qWait(50);
+    QVERIFY(f.visible().contains(QString::number(1000 - 2 * page)));
+
+    f.focusOn(500);
+    QTRY_COMPARE(f.itemId(), 500);
+    QTRY_COMPARE(f.visible(), visible);
 
     // A refresh leaves the view where it is, in every frame.
     QStringList frames;

@@ -169,6 +169,17 @@ DropArea {
         forgetHover();
     }
 
+    /// Ends the drag without a move; false if there is none.
+    function cancel() {
+        if (enteredIndex === null)
+            return false;
+        moveBeforeIndex = null;
+        moveIntoIndex = null;
+        if (dragSource)
+            dragSource.endDrag();
+        return true;
+    }
+
     enabled: tree.dragAndDropEnabled
     keys: ["TreeList/Item"]
 

@@ -56,6 +56,12 @@ MouseArea {
             row.folder = folder;
     }
 
+    /// Ends the drag of this row before the button is released.
+    function endDrag() {
+        held = false;
+        content.Drag.cancel();
+    }
+
     function startRename() {
         renameTimer.stop();
         renameField.open(rowModel.name);
@@ -67,7 +73,9 @@ MouseArea {
             tree.clearSelection();
         } else if (tree.multiple && modifiers & Qt.ControlModifier) {
             toggle();
+            view.keys.leadId = rowId;
         } else if (tree.multiple && modifiers & Qt.ShiftModifier) {
+            view.keys.leadId = rowId;
             selection.setSelectedBetweenCurrentAnd(index);
         } else if (isCurrent() && selection.isSelected(index) && !wasRenaming && renamable
                    && tree.clickRenameEnabled) {
@@ -157,13 +165,6 @@ MouseArea {
             view.collapse(index);
         else
             view.expand(index);
-    }
-
-    Keys.onPressed: {
-        if (event.key !== Qt.Key_F2 || !renamable)
-            return;
-        startRename();
-        event.accepted = true;
     }
 
     Item {

@@ -7,6 +7,7 @@ Item {
 
     property var tree
     property var view
+    property var keys
 
     /// Walks that path of ids, opening folders, and selects the row of its last.
     function startAutoFocus(idList) {
@@ -41,7 +42,7 @@ Item {
         if (idList.length > 1)
             delaySelectTimer.select = false;
         if (idList.length > 0)
-            startDelaySelect(idList[0]);
+            startDelaySelect(keys.idToShow(idList));
         tree.focusId = idList.length > 0 ? idList[0] : -1;
         tree.selectedIsFolder = idList.some(function(id) {
             return tree.getFolderByIndex(tree.treeListModel.getModelIndexById(id)) === true;

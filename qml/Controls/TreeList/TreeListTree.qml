@@ -9,6 +9,7 @@ TreeView {
 
     property var tree
     property var dropArea
+    property var keys
     /// The row delegates by row number, for the item delegates that know more of a row.
     property var rowIndexMapper: ({})
     /// The delegate of the id in searchId, while it is set; -2 is no id.
@@ -108,8 +109,16 @@ TreeView {
     }
     onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
 
+    Keys.onPressed: {
+        event.accepted = false;
+        keys.press(event);
+    }
+
     Component.onCompleted: {
         flickableItem.interactive = false;
+        // The toolkit's keys know neither the selection's current row nor the tree.
+        flickableItem.Keys.enabled = false;
+        flickableItem.focus = true;
         // Delegates in the making complain when a change of the rows overtakes them.
         flickableItem.cacheBuffer = 0;
     }

@@ -1,0 +1,121 @@
+import QtQuick 2.9
+import QtQml.Models 2.2
+
+/// What the keys do in the view. They go on from the current row, or from the
+/// one that Shift has extended the selection to.
+QtObject {
+    id: keys
+
+    property var tree
+    property var view
+    property var dropArea
+    /// The row to which the selection was extended last; -2 is no id.
+    property int leadId: -2
+
+    function press(event) {
+        if (event.modifiers & (Qt.AltModifier | Qt.MetaModifier))
+            return;
+        var control = (event.modifiers & Qt.ControlModifier) !== 0;
+        var row = rowOf(leadIndex());
+        var target = row;
+        switch (event.key) {
+        case Qt.Key_Up: target = row - 1; break;
+        case Qt.Key_Down: target = row + 1; break;
+        case Qt.Key_PageUp: target = row - rowsOfPage(); break;
+        case Qt.Key_PageDown: target = row + rowsOfPage(); break;
+        case Qt.Key_Home: target = 0; break;
+        case Qt.Key_End: target = view.flickableItem.count - 1; break;
+        default:
+            event.accepted = control ? pressWithControl(event.key) : pressOther(event.key);
+            return;
+        }
+        event.accepted = !control;
+        if (!control && !renaming())
+            go(target, tree.multiple && (event.modifiers & Qt.ShiftModifier) !== 0);
+    }
+
+    function pressWithControl(key) {
+        if (key !== Qt.Key_A || !tree.multiple)
+            return false;
+        tree.selection.selectAllItems();
+        return true;
+    }
+
+    function pressOther(key) {
+        var index = tree.selection.currentIndex;
+        if (key === Qt.Key_Escape)
+            return dropArea.cancel();
+        if (!index.valid || renaming())
+            return false;
+        if (key === Qt.Key_Right) {
+            if (view.isExpanded(index))
+                go(rowOf(index) + (tree.treeListModel.rowCount(index) > 0 ? 1 : 0), false);
+            else
+                view.expand(index);
+        } else if (key === Qt.Key_Left) {
+            if (view.isExpanded(index))
+                view.collapse(index);
+            else if (index.parent.valid)
+                go(rowOf(index.parent), false);
+        } else if (key === Qt.Key_F2) {
+            var delegate = showRow(rowOf(index));
+            if (!delegate || !delegate.renamable)
+                return false;
+            delegate.startRename();
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    function renaming() {
+        var delegate = tree.getItemById(tree.getIdByIndex(tree.selection.currentIndex));
+        return delegate !== null && delegate.renaming;
+    }
+
+    function leadIndex() {
+        var lead = tree.treeListModel.getModelIndexById(leadId);
+        var extended = lead.valid && tree.selection.getSelectedCount() > 1 && tree.selection.isSelected(lead);
+        return extended ? lead : tree.selection.currentIndex;
+    }
+
+    /// The row of that selection that shall be in view.
+    function idToShow(idList) {
+        var index = leadIndex();
+        return idList.length > 1 && index.valid && tree.selection.isSelected(index) ? tree.getIdByIndex(index)
+                                                                                   : idList[0];
+    }
+
+    function rowOf(index) {
+        return index.valid ? view.rowsAbove(view.shownIndex(index)) : -1;
+    }
+
+    function rowsOfPage() {
+        var height = view.viewport.height - view.flickableItem.headerItem.height;
+        return Math.max(1, Math.floor(height / tree.simpleDisplayHeight) - 1);
+    }
+
+    /// Brings a row into view and gives its delegate.
+    function showRow(row) {
+        var list = view.flickableItem;
+        // The list makes its current row's delegate at once, and keeps it.
+        list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+        var delegate = tree.getItemById(tree.getIdByIndex(view.currentIndex));
+        if (delegate)
+            view.reveal(delegate);
+        return delegate;
+    }
+
+    function go(row, extend) {
+        var delegate = showRow(row);
+        if (!delegate)
+            return;
+        if (!extend || !tree.selection.currentIndex.valid) {
+            tree.selectRow(delegate);
+            return;
+        }
+        delegate.forceActiveFocus();
+        leadId = delegate.rowId;
+        tree.selection.setSelectedBetweenCurrentAnd(delegate.index);
+    }
+}
