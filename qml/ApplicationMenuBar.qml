@@ -8,6 +8,8 @@ MenuBar {
 
     /// The application window, whose functions the entries call.
     property var window: null
+    /// Whether one of the menus is open, which then has the keys.
+    readonly property bool open: fileMenu.__popupVisible || editMenu.__popupVisible || helpMenu.__popupVisible
     readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""
 
     signal licenseRequested()
@@ -24,6 +26,7 @@ MenuBar {
     }
 
     Menu {
+        id: fileMenu
         objectName: "file"
         title: qsTranslate("main", "&File")
 
@@ -66,6 +69,7 @@ MenuBar {
     }
 
     Menu {
+        id: editMenu
         objectName: "edit"
         title: qsTranslate("main", "&Edit")
 
@@ -143,6 +147,7 @@ MenuBar {
     }
 
     Menu {
+        id: helpMenu
         objectName: "help"
         title: qsTranslate("main", "&Help")
 

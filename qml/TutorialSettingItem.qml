@@ -236,10 +236,12 @@ ItemFields {
         TreePane {
             id: treePane
             width: 220
+            focus: true
             Layout.minimumWidth: 200
             screen: root
             treeListView.treeListModel: tutorialItemListModel
             treeListView.contextMenu: itemMenu
+            treeListView.keysEnabled: !applicationWindow.menuBar || !applicationWindow.menuBar.open
             treeListView.updateSelectedItem: root.updateSelectedItem
             treeListView.onTextChanged: root.onTextChanged
         }

@@ -18,6 +18,8 @@ ApplicationWindow {
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
     readonly property var settingScreen: settingLoader.item
+    /// Where the keys go while the menu bar does not have them.
+    property Item typingItem: null
     // Read by the platform when the window is shown: in the guidance mode the
     // host editor keeps the keys.
     readonly property bool _q_showWithoutActivating: !authoring
@@ -88,7 +90,14 @@ ApplicationWindow {
         var item = activeFocusItem;
         Qt.inputMethod.commit();
         background.forceActiveFocus();
-        if (item && item.visible && item.enabled)
+        focusBack(item);
+    }
+
+    // Where the item is gone from view, as the field of a rename is, the keys go to what holds it.
+    function focusBack(item) {
+        while (item && !(item.visible && item.enabled))
+            item = item.parent;
+        if (item)
             item.forceActiveFocus();
     }
 
@@ -163,6 +172,13 @@ ApplicationWindow {
         return (TutorialManager.modified ? "*" : "") + TutorialManager.tutorialName;
     }
 
+    // The toolkit's menu bar takes the focus with Escape and Alt and keeps it.
+    onActiveFocusItemChanged: {
+        if (menuBar && activeFocusItem === menuBar.__contentItem.parent)
+            Qt.callLater(focusBack, typingItem);
+        else if (activeFocusItem)
+            typingItem = activeFocusItem;
+    }
     onClosing: {
         commitEditing();
         if (!TutorialManager.modified) {
@@ -208,6 +224,7 @@ ApplicationWindow {
     Loader {
         id: settingLoader
         anchors.fill: parent
+        focus: true
         active: applicationWindow.authoring
         source: "TutorialSettingItem.qml"
         onLoaded: applicationWindow.startAuthoring()

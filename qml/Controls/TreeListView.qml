@@ -43,6 +43,8 @@ Rectangle {
     /// Called with (id), says whether the row may be dragged.
     property var draggableCallback: null
     property bool clickRenameEnabled: true
+    /// False while the keys are for an open menu.
+    property bool keysEnabled: true
     /// Selecting by code also takes the keyboard focus; the one-shot does so once.
     property bool autoActiveFocus: false
     property bool autoActiveFocusOneShot: false

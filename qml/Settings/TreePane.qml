@@ -23,7 +23,6 @@ FocusScope {
             id: tree
             objectName: "treeListView"
             anchors.fill: parent
-            focus: true
             bottomToolbar: buttons
             treeListViewTitle: qsTranslate("TutorialSettingItem", "Tutorial item list")
             simpleDisplay: true

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void keysStayWhereTheyWere();
     void fieldEditsItsProperty_data();
     void fieldEditsItsProperty();
     void typedTextIsNotLost_data();
@@ -161,6 +162,36 @@ void tst_SettingScreen::typeInto(const char *name, const QString &text)
     type(text);
 }
 
+void tst_SettingScreen::keysStayWhereTheyWere()
+{
+    // Nothing was clicked yet. The menu bar takes the focus with Escape and with Alt.
+    const auto goesOn = [this](int key, int id) {
+        QTRY_VERIFY(fixture->evaluate(QStringLiteral("activeMenu !== null && activeMenu.addItemMi.enabled")).toBool());
+        press(key);
+        QTRY_COMPARE(currentId(), id);
+        settle();
+    };
+    goesOn(Qt::Key_Down, 3);
+    press(Qt::Key_Escape);
+    goesOn(Qt::Key_Up, 2);
+    press(Qt::Key_Alt);
+    press(Qt::Key_Alt);
+    goesOn(Qt::Key_Down, 3);
+    // A save hands over what is being typed into a row.
+    press(Qt::Key_F2);
+    type(QStringLiteral("new"));
+    QMetaObject::invokeMethod(mWindow, "saveTutorial");
+    QCOMPARE(record(3)->mName, QStringLiteral("new"));
+    goesOn(Qt::Key_Up, 2);
+
+    typeInto("condition", QStringLiteral("wa"));
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(find("condition")->isAncestorOf(mWindow->activeFocusItem()));
+    type(QStringLiteral("it"));
+    press(Qt::Key_Return);
+    QCOMPARE(condition(2), QStringLiteral("wait"));
+}
+
 void tst_SettingScreen::fieldEditsItsProperty_data()
 {
     QTest::addColumn<QString>("property");
@@ -262,6 +293,7 @@ void tst_SettingScreen::takenNameIsAskedFor()
         QTRY_COMPARE(record(2)->mName, taken ? QStringLiteral("second1") : QStringLiteral("first"));
         QCOMPARE(UndoRedo::instance()->canUndo(), taken);
         QVERIFY(fixture->activate());
+        QTRY_VERIFY(fixture->evaluate(QStringLiteral("activeMenu !== null")).toBool());
     }
     QCOMPARE(lastStep(), QStringLiteral("changeName"));
 }

@@ -109,6 +109,7 @@ TreeView {
     }
     onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
 
+    Keys.enabled: tree.keysEnabled
     Keys.onPressed: {
         event.accepted = false;
         keys.press(event);
