@@ -160,12 +160,7 @@ ItemFields {
     // What the bottom area does
 
     function save() {
-        // A name that is being typed into a row is handed over with the focus.
-        applicationWindow.commitEditing();
-        var error = TutorialManager.save();
-        if (error !== "")
-            applicationWindow.alert(error);
-        return error === "";
+        applicationWindow.saveTutorial();
     }
 
     function undo() {
@@ -188,11 +183,17 @@ ItemFields {
         }
         var question = qsTr("The tutorial is needed to be reloaded to apply the translation.\n"
                             + "Do you save tutorial?");
-        applicationWindow.confirm(null, question, function(result) {
-            if (result === 1 && save())
+        function finish(saved) {
+            if (saved)
                 changeLocale(locale);
             else
                 bottomArea.localeComboBox.showLocale();
+        }
+        applicationWindow.confirm(null, question, function(result) {
+            if (result === 1)
+                applicationWindow.saveTutorialAnd(finish);
+            else
+                finish(false);
         }, root);
     }
 

@@ -20,6 +20,11 @@ ApplicationWindow {
     readonly property var settingScreen: settingLoader.item
     /// Where the keys go while the menu bar does not have them.
     property Item typingItem: null
+    /// What the host editor wants to be loaded once the writer has answered.
+    property string requestedTutorial: ""
+    /// The tutorial that the writer was told of, that something of its file is
+    /// left out.
+    property string tutorialLeftOutOf: ""
     // Read by the platform when the window is shown: in the guidance mode the
     // host editor keeps the keys.
     readonly property bool _q_showWithoutActivating: !authoring
@@ -47,13 +52,9 @@ ApplicationWindow {
                 callback(result);
                 return;
             }
-            var error = TutorialManager.save();
-            if (error !== "") {
-                alert(qsTr("Failed to save project.") + "\n" + error);
-                callback(-1);
-                return;
-            }
-            callback(1);
+            save(qsTr("Failed to save project.") + "\n", function(saved) {
+                callback(saved ? 1 : -1);
+            });
         };
         saveChangeDialog.show();
     }
@@ -84,6 +85,23 @@ ApplicationWindow {
         updateSettings();
     }
 
+    // While the writer is asked, the tutorial that the host editor wanted last
+    // counts. A question that something else has asked is not taken over.
+    function openRequestedTutorial(name) {
+        if (saveChangeDialog.visible) {
+            if (requestedTutorial !== "")
+                requestedTutorial = name;
+            return;
+        }
+        requestedTutorial = name;
+        checkSaveTutorial(function(result) {
+            var requested = requestedTutorial || name;
+            requestedTutorial = "";
+            if (result >= 0)
+                TutorialManager.loadAndFeedback(requested);
+        });
+    }
+
     // A field that is being edited hands over its text when it loses the focus.
     // Afterwards typing goes on where it was.
     function commitEditing() {
@@ -102,10 +120,45 @@ ApplicationWindow {
     }
 
     function saveTutorial() {
+        saveTutorialAnd(function() {});
+    }
+
+    /// Saves the tutorial. `callback` gets whether it was saved; the reason for
+    /// a failure is shown here.
+    function saveTutorialAnd(callback) {
         commitEditing();
+        save("", callback);
+    }
+
+    // What the load left out of the tutorial, a save drops from the file.
+    function save(failure, callback) {
+        var leftOut = TutorialManager.leftOut();
+        if (leftOut === "") {
+            saveNow(failure, callback);
+            return;
+        }
+        var question = leftOut + "\n\n" + qsTr("It goes from the file with this save. Do you save all the same?");
+        confirm(null, question, function(result) {
+            if (result === 1)
+                saveNow(failure, callback);
+            else
+                callback(false);
+        });
+    }
+
+    function saveNow(failure, callback) {
         var error = TutorialManager.save();
         if (error !== "")
-            alert(error);
+            alert(failure + error);
+        callback(error === "");
+    }
+
+    function tellWhatIsLeftOut() {
+        var leftOut = TutorialManager.leftOut();
+        var tutorial = leftOut === "" ? "" : TutorialManager.tutorialName;
+        if (tutorial !== "" && tutorial !== tutorialLeftOutOf)
+            alert(leftOut, null, contentItem);
+        tutorialLeftOutOf = tutorial;
     }
 
     function exit() {
@@ -197,6 +250,12 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
+        if (!authoring)
+            return;
+        TutorialManager.documentReplaced.connect(tellWhatIsLeftOut);
+        TutorialManager.tutorialRequested.connect(openRequestedTutorial);
+        // The first one was loaded on the way.
+        tellWhatIsLeftOut();
     }
 
     Settings {

@@ -69,6 +69,34 @@ Change %2 to %1 ?</source>
             <source>item</source>
             <translation>項目</translation>
         </message>
+        <message>
+            <source>%1, with all in it: %2 can't be read</source>
+            <translation>%1とその中のすべて：%2を読み取れません</translation>
+        </message>
+        <message>
+            <source>%1 can't be read</source>
+            <translation>%1を読み取れません</translation>
+        </message>
+        <message>
+            <source>entry %1</source>
+            <translation>%1番目の要素</translation>
+        </message>
+        <message>
+            <source>%1: another item has the same id</source>
+            <translation>%1：IDがほかの項目と重複しています</translation>
+        </message>
+        <message>
+            <source>%1: what stands in it, for it is no folder</source>
+            <translation>%1：フォルダーではないため、中の項目は残りません</translation>
+        </message>
+        <message>
+            <source>%1: the value of "%2"</source>
+            <translation>%1：「%2」の値</translation>
+        </message>
+        <message>
+            <source>Characters that are not UTF-8</source>
+            <translation>UTF-8ではない文字</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEventDialog</name>
@@ -159,6 +187,14 @@ Change %2 to %1 ?</source>
         <message>
             <source>unterminated "...": </source>
             <translation>"..." が閉じられていません: </translation>
+        </message>
+        <message>
+            <source>and %1 more</source>
+            <translation>ほか%1件</translation>
+        </message>
+        <message>
+            <source>The file holds what the tutorial leaves out:</source>
+            <translation>ファイルの次の内容はチュートリアルに取り込めませんでした：</translation>
         </message>
     </context>
     <context>
@@ -549,6 +585,10 @@ Do you save tutorial?</source>
         <message>
             <source>Version:</source>
             <translation>バージョン:</translation>
+        </message>
+        <message>
+            <source>It goes from the file with this save. Do you save all the same?</source>
+            <translation>保存するとファイルから失われます。それでも保存しますか？</translation>
         </message>
     </context>
 </TS>

@@ -83,6 +83,8 @@ public:
     /// Sends the loaded scenario to the host editor, which begins at the item of that id; -1 is the
     /// beginning.
     Q_INVOKABLE void startFromId(int id = -1);
+    /// What the file of the loaded tutorial holds and a save would drop; empty if there is nothing.
+    Q_INVOKABLE QString leftOut() const;
     /// Saves the translations and then the scenario.
     Q_INVOKABLE QString save();
     Q_INVOKABLE void unload();
@@ -92,8 +94,9 @@ public:
     Q_INVOKABLE QString getTutorialPath() const;
     /// The file that a writer means by what was chosen: a new one gets the suffix of the tutorials.
     Q_INVOKABLE QString getChosenFilename(const QString &filename) const;
-    /// Loads the tutorial that the host editor has named, and hands it over.
-    void loadAndFeedback(const QString &name);
+    /// Loads the tutorial that the host editor has named, and hands it over. In the authoring mode
+    /// the history ends, and what the writer has on disk is taken where it is there.
+    Q_INVOKABLE void loadAndFeedback(const QString &name);
 
     // The item clipboard.
     Q_INVOKABLE void clearMimeData();
@@ -146,6 +149,9 @@ Q_SIGNALS:
     void locale2Changed();
     void actionIdChanged(int actionId);
     void currentWindowKeyChanged();
+    /// The host editor wants that tutorial, in the authoring mode: loadAndFeedback() is for the
+    /// screen to call, after the save check.
+    void tutorialRequested(const QString &name);
     /// The document was loaded anew or unloaded: what shows it must be rebuilt.
     void documentReplaced();
 

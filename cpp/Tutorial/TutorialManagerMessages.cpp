@@ -194,7 +194,12 @@ void TutorialManager::onState(const QStringList &fields)
 
 void TutorialManager::onTutorial(const QStringList &fields)
 {
-    loadAndFeedback(HostMessages::text(fields, 1));
+    const QString name = HostMessages::text(fields, 1);
+    // The writer may have unsaved changes, and what is being typed is known to the screens alone.
+    if (isMakingSupported())
+        Q_EMIT tutorialRequested(name);
+    else
+        loadAndFeedback(name);
 }
 
 void TutorialManager::onFromServer(const QStringList &fields)

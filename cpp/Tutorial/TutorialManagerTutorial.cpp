@@ -1,5 +1,6 @@
 // The loaded tutorial: from its file to the host editor and back to its file.
 
+#include "model/EditHistory.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
 #include "Tutorial/HostMessages.h"
@@ -49,7 +50,18 @@ QString TutorialManager::reload()
 
 void TutorialManager::loadAndFeedback(const QString &name)
 {
-    const QString error = loadTutorial(getExistsFilename(QStringLiteral("qml/Tutorial/%1.js").arg(name)));
+    const QString path = QStringLiteral("qml/Tutorial/%1.js").arg(name);
+    QString filename = getExistsFilename(path);
+    if (isMakingSupported()) {
+        // A resource can be read but not saved.
+        const QString written = QLatin1String("tutorial-win/") + path;
+        if (DataSupport::fileExists(written) || !DataSupport::fileExists(filename))
+            filename = written;
+        // The steps of the history belong to the tutorial before.
+        if (EditHistory *history = EditHistory::instance())
+            history->clear();
+    }
+    const QString error = loadTutorial(filename);
     if (error.isEmpty())
         startFromId(-1);
     else
@@ -93,6 +105,21 @@ QString TutorialManager::getChosenFilename(const QString &filename) const
     if (filename.endsWith(kSuffix) || DataSupport::fileExists(filename))
         return filename;
     return filename + kSuffix;
+}
+
+QString TutorialManager::leftOut() const
+{
+    constexpr int shown = 10;
+    QStringList lines = mEditorManager->leftOut();
+    if (lines.isEmpty())
+        return QString();
+    if (lines.size() > shown) {
+        const QString more = tr("and %1 more").arg(lines.size() - shown);
+        lines = lines.mid(0, shown);
+        lines.append(more);
+    }
+    lines.prepend(tr("The file holds what the tutorial leaves out:"));
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString TutorialManager::save()

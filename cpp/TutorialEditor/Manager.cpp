@@ -4,6 +4,7 @@
 #include "model/EditHistory.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
+#include "TutorialEditor/LoadLosses.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QDir>
@@ -69,6 +70,7 @@ QStringList Manager::setContents(const QString &filename)
 {
     mFilename = filename;
     mState = State::Unreadable;
+    mLeftOut.clear();
     QFile file(filename);
     if (!file.open(QIODevice::ReadOnly)) {
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << "failed to open" << filename;
@@ -81,6 +83,8 @@ QStringList Manager::setContents(const QString &filename)
     QString text = stream.readAll();
     // A read that broke off is no blank file.
     const bool blank = text.trimmed().isEmpty() && file.error() == QFile::NoError;
+    const bool damaged =
+        text.contains(QChar::ReplacementCharacter) && file.seek(0) && !file.readAll().contains("\xef\xbf\xbd");
     file.close();
 
     text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
@@ -92,6 +96,8 @@ QStringList Manager::setContents(const QString &filename)
     replaceDocument();
     if (readItems(text)) {
         mState = State::Loaded;
+        if (damaged)
+            mLeftOut.prepend(tr("Characters that are not UTF-8"));
         fillInNames();
     } else {
         mState = blank ? State::New : State::Unreadable;
@@ -107,13 +113,17 @@ bool Manager::readItems(const QString &arrayText)
     const JsonWrapper json(arrayText);
     if (!json.isArray())
         return false;
+    LoadLosses losses;
     const int length = json.length();
     for (int i = 0; i < length; ++i) {
+        const JsonWrapper element = json[i];
         const std::unique_ptr<TreeItem<TutorialItemData>> item(
-            TreeItem<TutorialItemData>::createFromJson(json[i], &mData.mDataList));
+            TreeItem<TutorialItemData>::createFromJson(element, &mData.mDataList));
         if (item)
             mData.mRoot.mChildren.append(*item);
+        losses.inspect(element.toValue());
     }
+    mLeftOut = losses.lines();
     return true;
 }
 
@@ -146,6 +156,7 @@ QString Manager::save()
     if (!DataSupport::writeFile(mFilename, text.toUtf8()))
         return tr("Failed to save.");
     mState = State::Loaded;
+    mLeftOut.clear();
     if (EditHistory *history = EditHistory::instance())
         history->markClean();
     return QString();
@@ -177,6 +188,7 @@ void Manager::clear()
     // Nothing is loaded any more, so that a save has no file to empty.
     mFilename.clear();
     mState = State::Unreadable;
+    mLeftOut.clear();
 }
 
 void Manager::replaceDocument()

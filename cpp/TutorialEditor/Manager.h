@@ -49,6 +49,9 @@ public:
     /// Whether a save loses nothing that stands in the file.
     bool isSaveable() const { return mState != State::Unreadable; }
 
+    /// What stands in the file and not in the document, as texts for the user. A save drops it.
+    const QStringList &leftOut() const { return mLeftOut; }
+
     /// Forgets the document and its history.
     void clear();
 
@@ -82,6 +85,7 @@ private:
     // Undo commands can still point to the records of a replaced document until the history is
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
+    QStringList mLeftOut;
     State mState = State::Unreadable;
 };
 } // namespace TutorialEditor

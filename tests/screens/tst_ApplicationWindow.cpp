@@ -2,6 +2,7 @@
 
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
+#include "UndoRedo/UndoRedo.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -11,6 +12,7 @@
 #include <QQuickWindow>
 #include <QtTest>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace
@@ -60,6 +62,8 @@ private Q_SLOTS:
     void saveCheck_data();
     void saveCheck();
     void saveThatFails();
+    void hostOpensATutorial();
+    void saveThatDropsSomething();
     void confirmAnswersOnce();
     void openTutorial_data();
     void openTutorial();
@@ -157,6 +161,64 @@ void tst_ApplicationWindow::saveThatFails()
     QVERIFY(managerInstance->isModified());
     QDir().rmdir(kTranslation);
     MainWindowFixture::writeFile(kTranslation, before);
+}
+
+// What the host editor wants waits for the writer's answer, as at "Open".
+void tst_ApplicationWindow::hostOpensATutorial()
+{
+    loadTutorial();
+    UndoRedo::instance()->beginSequence(QString());
+    UndoRedo::addFolderCommand(-1, -1, QString(), QVariantMap());
+    UndoRedo::instance()->endSequence();
+    QSignalSpy sent(&fixture->host(), &HostLink::received);
+    const auto started = [&] {
+        return std::any_of(sent.cbegin(), sent.cend(), [](const QVariantList &arguments) {
+            return arguments.first().toStringList().first() == QLatin1String("start");
+        });
+    };
+    for (const char *button : { "cancel", "no" }) {
+        QCOMPARE(fixture->window()->title(), QStringLiteral("*Sample"));
+        // The one that was wanted last.
+        for (const char *name : { "TutorialSideViewStep1", "TutorialTopViewStep1" })
+            fixture->host().send({ QStringLiteral("tutorial"), QLatin1String(name) });
+        QTRY_VERIFY(saveCheckDialog() != nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(saveCheckDialog()));
+        QVERIFY(!started());
+        MainWindowFixture::click(MainWindowFixture::find(saveCheckDialog()->contentItem(), QLatin1String(button)));
+        QTRY_VERIFY(saveCheckDialog() == nullptr);
+        QVERIFY(fixture->activate());
+    }
+    QTRY_COMPARE(fixture->window()->title(), QStringLiteral("TutorialTopViewStep1"));
+    QTRY_VERIFY(started());
+    QVERIFY(!UndoRedo::instance()->canUndo());
+
+    // Without changes it is opened at once, and what the writer has on disk goes before a resource.
+    fixture->host().send({ QStringLiteral("tutorial"), QStringLiteral("Sample") });
+    QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
+    QVERIFY(saveCheckDialog() == nullptr);
+    QCOMPARE(managerInstance->save(), QString());
+}
+
+// The writer is told of it at the load, and asked at the save.
+void tst_ApplicationWindow::saveThatDropsSomething()
+{
+    const QByteArray contents = "[{\"id\":1,\"name\":\"a\",\"folder\":true,\"children\":[{\"id\":2},3]}]";
+    MainWindowFixture::writeFile(kTutorial, contents);
+    const QString part = QStringLiteral("\na (#1), with all in it: a (#1) / entry 2 can't be read");
+    QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
+    QVERIFY(MainWindowFixture::answer(QMessageBox::Ok).contains(part));
+    for (const QMessageBox::StandardButton button : { QMessageBox::No, QMessageBox::Yes }) {
+        QVERIFY(fixture->activate());
+        // Told once only.
+        fixture->evaluate(QStringLiteral("reloadTutorial()"));
+        QVERIFY(MainWindowFixture::messageBox() == nullptr);
+        QTest::keyClick(fixture->window(), Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(MainWindowFixture::answer(button).contains(part));
+        QCOMPARE(readFile(kTutorial) == contents, button == QMessageBox::No);
+    }
+    QVERIFY(fixture->activate());
+    QTest::keyClick(fixture->window(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(MainWindowFixture::messageBox() == nullptr);
 }
 
 void tst_ApplicationWindow::confirmAnswersOnce()

@@ -49,6 +49,8 @@ private Q_SLOTS:
     void rejects();
     void fillsInNames();
     void savesOnlyWhatWasLoaded();
+    void tellsWhatItLeavesOut_data();
+    void tellsWhatItLeavesOut();
     void beginsWhereThereIsNothing();
     void keepsReplacedRecordsForTheHistory();
     void writesTheSameAfterARead();
@@ -170,6 +172,40 @@ void tst_Scenario::savesOnlyWhatWasLoaded()
     QCOMPARE(mManager->save(), kNotLoaded);
     QCOMPARE(readAll(path), kCanonical);
     QCOMPARE(mHistory->mCleanCount, 1);
+}
+
+void tst_Scenario::tellsWhatItLeavesOut_data()
+{
+    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<int>("warnings");
+
+    const auto row = [](const char *bytes, const QStringList &expected = QStringList(), int warnings = 0) {
+        QTest::newRow(bytes) << expected << warnings;
+    };
+    row("[{\"id\":1,\"followWindow\":\"a\",\"z\":[],\"hint\":qsTr(\"#1\"),\"x\":1e2},{\"id\":2,\"folder\":true,"
+        "\"x\":\"1\",\"children\":[{\"name\":\"\xef\xbf\xbd\"}]}]");
+    row("[{\"id\":4,\"name\":\"%2\",\"folder\":true,\"children\":[{\"id\":5,\"children\":[{\"x\":true},7]}]}]",
+        { QStringLiteral("%2 (#4), with all in it: %2 (#4) / #5 / entry 2 can't be read") }, 1);
+    row("[{\"id\":1},null,{\"id\":3,\"children\":{}}]",
+        { QStringLiteral("entry 2 can't be read"), QStringLiteral("#3, with all in it: #3 / children can't be read") },
+        2);
+    row("[{\"id\":1,\"children\":[{}]},{\"name\":\"a\"},{\"x\":1.5,\"hint\":7,\"showArrow\":\"true\",\"id\":2}]",
+        { QStringLiteral("#1: what stands in it, for it is no folder"),
+          QStringLiteral("a (#0): another item has the same id"), QStringLiteral("#2: the value of \"x\""),
+          QStringLiteral("#2: the value of \"hint\""), QStringLiteral("#2: the value of \"showArrow\"") });
+    row("[{\"id\":1,\"name\":\"caf\xe9\"}]", { QStringLiteral("Characters that are not UTF-8") });
+}
+
+void tst_Scenario::tellsWhatItLeavesOut()
+{
+    QFETCH(QStringList, expected);
+    QFETCH(int, warnings);
+    mWarnings.expect(QStringLiteral(" for kValue"), warnings);
+    QCOMPARE(mManager->setContents(write(QTest::currentDataTag())), QStringList());
+    QCOMPARE(mManager->leftOut(), expected);
+    // Once it is saved there is nothing more to lose.
+    QCOMPARE(mManager->save(), QString());
+    QCOMPARE(mManager->leftOut(), QStringList());
 }
 
 void tst_Scenario::beginsWhereThereIsNothing()
