@@ -167,15 +167,8 @@ void Manager::save(const QString &text)
     Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << mFilename << text;
     if (mFilename.isEmpty())
         return;
-    QFile file(mFilename);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << "failed to open" << mFilename;
-        return;
-    }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    stream << ScenarioText::addAssignment(text);
-    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << "saved" << mFilename;
+    const bool saved = DataSupport::writeFile(mFilename, ScenarioText::addAssignment(text).toUtf8());
+    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << (saved ? "saved" : "failed to save") << mFilename;
 }
 
 void Manager::clear()

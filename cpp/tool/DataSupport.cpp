@@ -2,30 +2,14 @@
 
 #include "tool/Log.h"
 
-#include <QDataStream>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 namespace
 {
-void addWritePermissions(const QString &path)
-{
-    QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteOwner | QFile::WriteUser | QFile::WriteOther);
-}
-
-bool rename(const QString &from, const QString &to)
-{
-    if (QFile::rename(from, to))
-        return true;
-    Log::warning("cpp/tool", "DataSupport::copyFile", __LINE__) << "Failed to rename" << from << to;
-    return false;
-}
-
 // The number that a name shows behind its base: plain, as digits only, or in round brackets and
 // written in no other way than QString writes it. 0 if it shows none.
 int plainNumber(const QString &name, int baseLength)
@@ -44,131 +28,6 @@ int bracketNumber(const QString &name, int baseLength)
     return QString::number(number) == inner ? number : 0;
 }
 } // namespace
-
-bool DataSupport::readFile(const QString &path, QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly)) {
-        Log::warning("cpp/tool", "DataSupport::readFile", __LINE__) << "Failed to open" << path;
-        return false;
-    }
-    const qint64 size = file.size();
-    const bool fits = size < std::numeric_limits<int>::max();
-    bytes.resize(fits ? static_cast<int>(size) : 0);
-    QDataStream stream(&file);
-    const int read = stream.readRawData(bytes.data(), bytes.size());
-    file.close();
-    if (read != size) {
-        Log::warning("cpp/tool", "DataSupport::readFile", __LINE__) << "read bytes differs" << read << size;
-        return false;
-    }
-    return true;
-}
-
-bool DataSupport::writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (!file.open(QFile::WriteOnly | QFile::Truncate)) {
-        Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__) << "Failed to open" << path;
-        return false;
-    }
-    QDataStream stream(&file);
-    const int written = stream.writeRawData(bytes.constData(), bytes.size());
-    file.close();
-    if (written != bytes.size()) {
-        Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__)
-            << "write bytes differs" << written << bytes.size();
-        return false;
-    }
-    return true;
-}
-
-bool DataSupport::copyFile(const QString &source, const QString &destination)
-{
-    const QString tmp = destination + QLatin1String(".tmp");
-    const QString backup = destination + QLatin1String(".tmp2");
-    if (QFile::exists(tmp))
-        QFile::remove(tmp);
-    if (!QFile::copy(source, tmp)) {
-        Log::warning("cpp/tool", "DataSupport::copyFile", __LINE__) << "Failed to copy" << source << tmp;
-        QFile::remove(tmp);
-        return false;
-    }
-
-    const bool replaces = QFile::exists(destination);
-    if (replaces) {
-        if (QFile::exists(backup))
-            QFile::remove(backup);
-        if (!rename(destination, backup)) {
-            QFile::remove(tmp);
-            return false;
-        }
-    }
-    if (!rename(tmp, destination)) {
-        if (replaces)
-            QFile::rename(backup, destination);
-        return false;
-    }
-    if (replaces)
-        QFile::remove(backup);
-    return true;
-}
-
-bool DataSupport::mkdir(const QString &path)
-{
-    const QFileInfo info(path);
-    if (info.absoluteDir().mkdir(info.fileName()))
-        return true;
-    Log::warning("cpp/tool", "DataSupport::mkdir", __LINE__) << "Failed to mkdir" << path;
-    return false;
-}
-
-bool DataSupport::rmdir(const QString &path)
-{
-    if (!QFileInfo::exists(path))
-        return true;
-
-    QDir dir(path);
-    const QStringList entries = dir.entryList(QDir::Dirs | QDir::Files | QDir::Drives, QDir::Unsorted);
-    for (const QString &entry : entries) {
-        if (entry == QLatin1String(".") || entry == QLatin1String(".."))
-            continue;
-        const QFileInfo info(path + QLatin1Char('/') + entry);
-        // A link to a folder is removed itself: what it leads to isn't part of this folder.
-        if (info.isDir() && !info.isSymLink()) {
-            if (!rmdir(info.filePath())) {
-                Log::warning("cpp/tool", "DataSupport::rmdir", __LINE__) << "Failed to rmdir" << path << entry;
-                return false;
-            }
-            continue;
-        }
-        if (!info.isSymLink())
-            addWritePermissions(info.filePath());
-        if (!dir.remove(entry)) {
-            Log::warning("cpp/tool", "DataSupport::rmdir", __LINE__) << "Failed to remove" << entry;
-            return false;
-        }
-    }
-
-    addWritePermissions(path);
-    const QFileInfo info(QDir::cleanPath(path));
-    if (QDir(info.path()).rmdir(info.fileName()))
-        return true;
-    Log::warning("cpp/tool", "DataSupport::rmdir", __LINE__)
-        << "Failed to rmdir" << path << info.path() << info.fileName();
-    return false;
-}
-
-bool DataSupport::removeFile(const QString &path)
-{
-    addWritePermissions(path);
-    return QFile::remove(path);
-}
-
-bool DataSupport::fileExists(const QString &path)
-{
-    return QFileInfo::exists(path);
-}
 
 QString DataSupport::getPath(const QString &path)
 {
@@ -196,8 +55,9 @@ bool DataSupport::isAbsolutePath(const QString &path)
         return true;
     if (path.size() < 2 || path.at(1) != QLatin1Char(':'))
         return false;
-    const QChar drive = path.at(0).toLower();
-    return drive >= QLatin1Char('a') && drive <= QLatin1Char('z');
+    // Not through toLower, which makes a Latin letter of other signs, too.
+    const ushort drive = path.at(0).unicode();
+    return (drive >= 'A' && drive <= 'Z') || (drive >= 'a' && drive <= 'z');
 }
 
 QString DataSupport::getIconPath(const QString &name)

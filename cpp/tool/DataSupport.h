@@ -16,7 +16,9 @@ public:
 
     /// The whole file; bytes is left alone when the file can't be opened.
     static bool readFile(const QString &path, QByteArray &bytes);
-    /// Writes in place: a crash meanwhile can leave a shortened file.
+    /// Writes a new file beside the old one and puts it in its place, so that a failure or a crash leaves the old one
+    /// whole. Links are followed and permissions kept. Where the folder refuses a new file, and for what is no regular
+    /// file, it writes in place.
     static bool writeFile(const QString &path, const QByteArray &bytes);
     /// Replaces the destination. At every moment one complete file stands under the destination's
     /// name or under that with ".tmp2" appended.

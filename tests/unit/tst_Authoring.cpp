@@ -1,7 +1,9 @@
 #include "support/FileBytes.h"
+#include "support/FileSizeLimit.h"
 #include "support/ManagerFixture.h"
 #include "Tutorial/TranslationSource.h"
 #include "TutorialEditor/Manager.h"
+#include "UndoRedo/UndoRedo.h"
 
 #include <QDir>
 
@@ -47,6 +49,8 @@ private Q_SLOTS:
     void savesIntoTheRightFilesBeforeAReload();
     void refusesToSaveWhatWasNotLoaded();
     void savesTheTranslationsFirst();
+    void keepsTheFilesOfAFullDisk_data();
+    void keepsTheFilesOfAFullDisk();
     void movesPlainHintsIntoTheSources();
 
 private:
@@ -185,6 +189,37 @@ void tst_Authoring::savesTheTranslationsFirst()
     QCOMPARE(mManager->save(), QString());
     QVERIFY(readAll(kScenario).contains("\"windowKey\":\"edited\""));
     QCOMPARE(files().at(2), mFiles.at(2));
+}
+
+void tst_Authoring::keepsTheFilesOfAFullDisk_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::newRow("command") << QStringLiteral("Failed to save.");
+    QTest::newRow("hint") << kNotSaved;
+    QTest::newRow("hint2") << kNotSaved;
+}
+
+void tst_Authoring::keepsTheFilesOfAFullDisk()
+{
+    const QByteArray text(10000, 'x');
+    mWarnings.expect(QStringLiteral("UndoRedo::UndoRedo"));
+    const std::unique_ptr<QObject> history(UndoRedo::create(nullptr, nullptr));
+    UndoRedo::instance()->beginSequence(QString());
+    item(2)->setValue(QString::fromLatin1(QTest::currentDataTag()), QString::fromLatin1(text));
+    UndoRedo::instance()->endSequence();
+    {
+        const FileSizeLimit limit(8192);
+        mWarnings.expect(QStringLiteral("write bytes differs"), 2);
+        if (QTest::currentDataTag() != QByteArray("command"))
+            mWarnings.expect(QStringLiteral("Failed to save"));
+        QTEST(mManager->save(), "message");
+        TutorialEditor::Manager::instance()->save(QString::fromLatin1(text));
+    }
+    QCOMPARE(files(), mFiles);
+    QVERIFY(mManager->isModified());
+    QCOMPARE(mManager->save(), QString());
+    QVERIFY(files().join().contains(text));
+    QVERIFY(!mManager->isModified());
 }
 
 void tst_Authoring::movesPlainHintsIntoTheSources()

@@ -1,3 +1,4 @@
+#include "support/FileSizeLimit.h"
 #include "tool/DataSupport.h"
 
 #include <QtTest>
@@ -7,8 +8,11 @@ class tst_DataSupport : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void writesWholeFilesOrNone_data();
+    void writesWholeFilesOrNone();
     void copyReplacesSafely();
     void removeFolders();
+    void absolutePath();
     void uniqueName();
 
 private:
@@ -21,6 +25,47 @@ private:
 
     QTemporaryDir mDir;
 };
+
+void tst_DataSupport::writesWholeFilesOrNone_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("target");
+    QTest::newRow("file") << "a.ts"
+                          << "a.ts";
+    // No name for a file beside it: it can only be written in place.
+    const QString longest(255, QLatin1Char('n'));
+    QTest::newRow("in place") << longest << longest;
+    QTest::newRow("links") << "link"
+                           << "a.ts";
+}
+
+void tst_DataSupport::writesWholeFilesOrNone()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, target);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(name);
+    QFile file(folder.filePath(target));
+    if (name != target)
+        QVERIFY(QFile::link(file.fileName(), path + QLatin1Char('2')) && QFile::link(path + QLatin1Char('2'), path));
+    QVERIFY(DataSupport::writeFile(path, QByteArray(5000, 'a')));
+    const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
+    QVERIFY(file.setPermissions(permissions));
+    {
+        const FileSizeLimit limit(8192);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("write bytes differs 8192 10000")));
+        QVERIFY(!DataSupport::writeFile(path, QByteArray(10000, 'b')));
+    }
+    QByteArray bytes;
+    QVERIFY(DataSupport::readFile(file.fileName(), bytes));
+    QCOMPARE(bytes, QByteArray(5000, 'a'));
+    QVERIFY(DataSupport::writeFile(path, "short"));
+    QVERIFY(DataSupport::readFile(file.fileName(), bytes));
+    QCOMPARE(bytes, QByteArray("short"));
+    QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
+    QCOMPARE(QFileInfo(path).isSymLink(), name != target);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), name == target ? 1 : 3);
+}
 
 void tst_DataSupport::copyReplacesSafely()
 {
@@ -60,6 +105,14 @@ void tst_DataSupport::removeFolders()
     QVERIFY(DataSupport::rmdir(path("a")));
     QVERIFY(!DataSupport::fileExists(path("a")));
     QCOMPARE(contents("kept/file"), QByteArray("x"));
+}
+
+void tst_DataSupport::absolutePath()
+{
+    for (const char *absolute : { "/", "A:", "z:\\a" })
+        QVERIFY2(DataSupport::isAbsolutePath(QString::fromUtf8(absolute)), absolute);
+    for (const char *relative : { "", ":", "a", "1:", "@:", "[:", "\u212a:", "\u00e9:" })
+        QVERIFY2(!DataSupport::isAbsolutePath(QString::fromUtf8(relative)), relative);
 }
 
 void tst_DataSupport::uniqueName()
