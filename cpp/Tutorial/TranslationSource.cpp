@@ -1,5 +1,10 @@
 #include "Tutorial/TranslationSource.h"
 
+#include <QXmlInputSource>
+#include <QXmlSimpleReader>
+
+#include <algorithm>
+
 namespace
 {
 const QString kContext = QStringLiteral("context");
@@ -59,6 +64,56 @@ void appendByteElement(QDomElement &element, QChar character)
     keepInLine(byte);
 }
 
+void keepBytesInLine(const QDomDocument &document)
+{
+    // The list is made anew at each look after a change, so it is copied before the first one.
+    const QDomNodeList list = document.elementsByTagName(kByte);
+    QVector<QDomElement> bytes;
+    for (int i = 0; i < list.size(); ++i)
+        bytes.append(list.at(i).toElement());
+    for (const QDomElement &byte : qAsConst(bytes))
+        keepInLine(byte);
+}
+
+bool isBlank(const QDomNode &node)
+{
+    const QString text = node.nodeValue();
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80 && c.isSpace(); });
+}
+
+/// Blanks between elements are the layout of the file, which the writer makes anew. All others are text.
+void removeLayout(QDomNode parent)
+{
+    bool holdsElements = false;
+    bool holdsText = false;
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        holdsElements = holdsElements || (node.isElement() && node.nodeName() != kByte);
+        holdsText = holdsText || (node.isText() && !isBlank(node));
+        removeLayout(node);
+    }
+    QDomNode next;
+    for (QDomNode node = parent.firstChild(); holdsElements && !holdsText && !node.isNull(); node = next) {
+        next = node.nextSibling();
+        if (node.isText())
+            parent.removeChild(node);
+    }
+}
+
+/// The usual way to parse a document drops each text of blanks alone. This older one can keep it.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
+{
+    QXmlSimpleReader reader;
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
+    reader.setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"), true);
+    QXmlInputSource source;
+    source.setData(bytes);
+    return document.setContent(&source, &reader);
+}
+QT_WARNING_POP
+
 void appendText(QDomElement &element, const QString &text)
 {
     element.appendChild(element.ownerDocument().createTextNode(text));
@@ -68,21 +123,13 @@ void setText(QDomElement &element, const QString &text)
 {
     while (element.hasChildNodes())
         element.removeChild(element.firstChild());
-    // A stretch of blanks alone, of any script, is lost when the document is read again.
     int start = 0;
     while (start < text.size()) {
         int end = start;
-        bool onlyBlanks = true;
-        while (end < text.size() && !needsByteElement(text, end)) {
-            onlyBlanks = onlyBlanks && text.at(end).isSpace();
+        while (end < text.size() && !needsByteElement(text, end))
             ++end;
-        }
-        if (onlyBlanks) {
-            for (; start < end; ++start)
-                appendByteElement(element, text.at(start));
-        } else {
+        if (end > start)
             appendText(element, text.mid(start, end - start));
-        }
         if (end < text.size())
             appendByteElement(element, text.at(end));
         start = end + 1;
@@ -156,6 +203,17 @@ void setTranslation(QDomElement &message, const QString &text)
 }
 } // namespace
 
+bool TranslationSource::parse(const QByteArray &bytes, QDomDocument &document)
+{
+    QDomDocument parsed;
+    if (!parseWithBlanks(bytes, parsed))
+        return false;
+    removeLayout(parsed);
+    keepBytesInLine(parsed);
+    document = parsed;
+    return true;
+}
+
 QHash<QString, TranslationSource::Messages> TranslationSource::readMessages(const QDomDocument &document)
 {
     QHash<QString, Messages> contexts;
@@ -196,17 +254,6 @@ void TranslationSource::writeMessages(QDomDocument &document, const QString &con
         if ((isInForce(translation) ? textOf(translation) : entry.source) != entry.translation)
             setTranslation(*found, entry.translation);
     }
-}
-
-void TranslationSource::keepBytesInLine(QDomDocument &document)
-{
-    // The list is made anew at each look after a change, so it is copied before the first one.
-    const QDomNodeList list = document.elementsByTagName(kByte);
-    QVector<QDomElement> bytes;
-    for (int i = 0; i < list.size(); ++i)
-        bytes.append(list.at(i).toElement());
-    for (const QDomElement &byte : qAsConst(bytes))
-        keepInLine(byte);
 }
 
 QDomDocument TranslationSource::emptyDocument(const QString &language)

@@ -19,6 +19,10 @@ struct Entry
     QString translation;
 };
 
+/// Reads a document so that it can be written again with all its texts, those of blanks alone included. False, with
+/// the document left alone, for what is no XML.
+bool parse(const QByteArray &bytes, QDomDocument &document);
+
 /// The translations that are in force, by context. One that was dropped is not in force, nor is one
 /// that is both unfinished and empty.
 QHash<QString, Messages> readMessages(const QDomDocument &document);
@@ -27,10 +31,6 @@ QHash<QString, Messages> readMessages(const QDomDocument &document);
 /// one goes to the end of the context. No message is made for a translation that is the source
 /// text, which is what a lookup gives without one.
 void writeMessages(QDomDocument &document, const QString &context, const QVector<Entry> &entries);
-
-/// Prepares a document that was just parsed for being written: without this the writer's indents would
-/// become part of the texts that hold "byte" elements.
-void keepBytesInLine(QDomDocument &document);
 
 /// A document without messages, for a language such as "ja_JP".
 QDomDocument emptyDocument(const QString &language);

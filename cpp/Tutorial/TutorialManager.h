@@ -23,6 +23,7 @@ class QJSEngine;
 class QLocalSocket;
 class QQmlEngine;
 class TutorialIndicator;
+class TutorialItemData;
 class TutorialLog;
 
 namespace TutorialEditor
@@ -116,8 +117,9 @@ public:
     /// Reads the translation sources of both locales; false with a warning when one can't be read.
     bool loadTranslation();
     bool saveTranslation();
-    /// Hands the hints of all items to the translation documents.
-    void feedbackTranslation();
+    /// Reads the translation documents again and hands the hints of all items to them. An item that was not edited
+    /// takes over what others have written for it since the load. False with a warning when a file can't be read.
+    bool feedbackTranslation();
 
     bool isModified() const { return mModified; }
     void setModified(bool modified) override;
@@ -195,7 +197,10 @@ private:
     void readSecondHints();
     QString translationPath(const QString &locale) const;
     bool readTranslation(const QString &locale, QDomDocument &document) const;
-    bool writeTranslation(const QString &locale, const QDomDocument &document) const;
+    bool refreshTranslation(const QString &locale, QDomDocument &document) const;
+    void keepLoadedHints(const QString &locale, const QDomDocument &document);
+    void mergeHints(const QString &locale, QDomDocument &document, QString TutorialItemData::*hint);
+    bool writeTranslation(const QString &locale, const QDomDocument &document);
 
     QQmlEngine *mEngine;
     QJSEngine *mScriptEngine;
@@ -228,6 +233,7 @@ private:
     QString mLocale;
     QString mLocale2;
     QString mHintLocale; // the language of the loaded items' first hints
+    QHash<QString, TranslationSource::Messages> mLoadedHints; // by locale, as the last load or save left them
     QDomDocument mTranslationDocument;
     QDomDocument mTranslationDocument2;
     DocumentTranslator mDocumentTranslator; // answers in the authoring mode only

@@ -11,7 +11,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
@@ -22,20 +21,6 @@ constexpr char kFolder[] = "cpp/Tutorial";
 QString hintKey(int id)
 {
     return QStringLiteral("#%1").arg(id);
-}
-
-using Entries = QVector<TranslationSource::Entry>;
-
-/// One of the two hints of each step, in the order of the tree.
-Entries hintEntries(const TreeDataTemplate<TutorialItemData> &data, QString TutorialItemData::*hint)
-{
-    Entries entries;
-    data.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
-        const TutorialItemData *record = item.mFolder ? nullptr : data.getData(item.mId);
-        if (record)
-            entries.append({ hintKey(item.mId), record->*hint });
-    });
-    return entries;
 }
 } // namespace
 
@@ -127,18 +112,13 @@ bool TutorialManager::readTranslation(const QString &locale, QDomDocument &docum
         Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "translation file not found" << path;
         return false;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "Failed to open" << path;
+    QByteArray bytes;
+    if (!DataSupport::readFile(path, bytes))
         return false;
-    }
-    if (!document.setContent(&file)) {
-        // What was read until the fault is no document to be written back.
-        document = QDomDocument();
+    if (!TranslationSource::parse(bytes, document)) {
         Log::warning(kFolder, "TutorialManager::loadTranslation", __LINE__) << "Failed to setContents";
         return false;
     }
-    TranslationSource::keepBytesInLine(document);
     Log::debug(kFolder, "TutorialManager::loadTranslation", __LINE__) << document.toString(1);
     return true;
 }
@@ -151,7 +131,78 @@ bool TutorialManager::loadTranslation()
     return first && second;
 }
 
-bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument &document) const
+void TutorialManager::keepLoadedHints(const QString &locale, const QDomDocument &document)
+{
+    mLoadedHints.insert(locale, TranslationSource::readMessages(document).value(mTranslationContext));
+}
+
+bool TutorialManager::refreshTranslation(const QString &locale, QDomDocument &document) const
+{
+    const QString path = translationPath(locale);
+    QByteArray bytes;
+    if (DataSupport::fileExists(path) && !DataSupport::readFile(path, bytes))
+        return false;
+    if (bytes.trimmed().isEmpty()) {
+        // Where there is nothing, nothing can be lost by making a file.
+        if (document.isNull())
+            document = TranslationSource::emptyDocument(locale);
+        return true;
+    }
+    if (TranslationSource::parse(bytes, document))
+        return true;
+    Log::warning(kFolder, "TutorialManager::feedbackTranslation", __LINE__) << "Failed to setContents" << path;
+    return false;
+}
+
+void TutorialManager::mergeHints(const QString &locale, QDomDocument &document, QString TutorialItemData::*hint)
+{
+    const TranslationSource::Messages loaded = mLoadedHints.value(locale);
+    const TranslationSource::Messages onDisk = TranslationSource::readMessages(document).value(mTranslationContext);
+    QVector<TranslationSource::Entry> entries;
+    mEditorManager->mData.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+        TutorialItemData *record = item.mFolder ? nullptr : mEditorManager->mData.getData(item.mId);
+        if (!record)
+            return;
+        const QString key = hintKey(item.mId);
+        const QString before = loaded.value(key, key);
+        // A text that is gone from the file is still the item's.
+        const QString theirs = onDisk.value(key, before);
+        QString &own = record->*hint;
+        if (theirs != before && own == before) {
+            // Past the history: this is no edit of the writer's.
+            own = theirs;
+            setPendingJumpLink(key);
+        } else if (theirs != before && own != theirs) {
+            Log::warning(kFolder, "TutorialManager::feedbackTranslation", __LINE__)
+                << "changed here and in the file" << locale << key << theirs;
+        }
+        entries.append({ key, own });
+    });
+    TranslationSource::writeMessages(document, mTranslationContext, entries);
+}
+
+bool TutorialManager::feedbackTranslation()
+{
+    const auto feedback = [this](const QString &locale, QDomDocument &document, QString TutorialItemData::*hint) {
+        if (!refreshTranslation(locale, document)) {
+            Log::warning(kFolder, "TutorialManager::feedbackTranslation", __LINE__)
+                << "Failed to save" << translationPath(locale);
+            return false;
+        }
+        mergeHints(locale, document, hint);
+        return true;
+    };
+    // After a change of the language the items are still in the old one until they are loaded again.
+    const bool exchanged = mHintLocale == mLocale2;
+    const auto first = exchanged ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
+    const auto second = exchanged ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
+    const bool merged =
+        feedback(mLocale, mTranslationDocument, first) && feedback(mLocale2, mTranslationDocument2, second);
+    updateDocumentTranslator();
+    return merged;
+}
+
+bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument &document)
 {
     const QString path = translationPath(locale);
     // The first save of a writer may be the one that makes the folder.
@@ -161,30 +212,13 @@ bool TutorialManager::writeTranslation(const QString &locale, const QDomDocument
         Log::warning(kFolder, "TutorialManager::saveTranslation", __LINE__) << "Failed to save" << path;
         return false;
     }
+    keepLoadedHints(locale, document);
     return true;
 }
 
 bool TutorialManager::saveTranslation()
 {
     return writeTranslation(mLocale, mTranslationDocument) && writeTranslation(mLocale2, mTranslationDocument2);
-}
-
-void TutorialManager::feedbackTranslation()
-{
-    const auto feedback = [this](const QString &locale, QDomDocument &document, QString TutorialItemData::*hint) {
-        // Where there is no file, nothing can be lost by making one.
-        if (document.isNull() && !DataSupport::fileExists(translationPath(locale)))
-            document = TranslationSource::emptyDocument(locale);
-        if (!document.isNull())
-            TranslationSource::writeMessages(document, mTranslationContext, hintEntries(mEditorManager->mData, hint));
-    };
-    // After a change of the language the items are still in the old one until they are loaded again.
-    const bool exchanged = mHintLocale == mLocale2;
-    const auto first = exchanged ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
-    const auto second = exchanged ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
-    feedback(mLocale, mTranslationDocument, first);
-    feedback(mLocale2, mTranslationDocument2, second);
-    updateDocumentTranslator();
 }
 
 void TutorialManager::updateDocumentTranslator()

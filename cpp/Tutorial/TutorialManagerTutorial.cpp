@@ -33,6 +33,9 @@ QString TutorialManager::loadTutorial(const QString &filename)
     if (isMakingSupported()) {
         loadTranslation();
         updateDocumentTranslator();
+        mLoadedHints.clear();
+        keepLoadedHints(mLocale, mTranslationDocument);
+        keepLoadedHints(mLocale2, mTranslationDocument2);
     }
     mHintLocale = mLocale;
     const QStringList errors = mEditorManager->setContents(filename);
@@ -127,8 +130,7 @@ QString TutorialManager::save()
     // What is not the content of its file must not go into the translations either.
     if (!mEditorManager->isSaveable())
         return mEditorManager->save();
-    feedbackTranslation();
-    if (!saveTranslation())
+    if (!feedbackTranslation() || !saveTranslation())
         return tr("Failed to save translation.");
     return mEditorManager->save();
 }

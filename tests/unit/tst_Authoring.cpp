@@ -28,10 +28,10 @@ QByteArray message(const QByteArray &source, const QByteArray &translation)
 QByteArray sourceFile(const QByteArray &messages)
 {
     QDomDocument document;
-    document.setContent("<?xml version='1.0' encoding='utf-8'?>\n<!DOCTYPE TS>\n<TS version=\"2.1\"><context><name>T"
-                        "</name>"
-                        + messages + "</context><context><name>U</name>" + message("#1", "other") + "</context></TS>");
-    TranslationSource::keepBytesInLine(document);
+    TranslationSource::parse(
+        "<?xml version='1.0' encoding='utf-8'?>\n<!DOCTYPE TS>\n<TS version=\"2.1\"><context><name>T</name>" + messages
+            + "</context><context><name>U</name>" + message("#1", "other") + "</context></TS>",
+        document);
     return document.toByteArray(4);
 }
 } // namespace
@@ -49,6 +49,7 @@ private Q_SLOTS:
     void savesIntoTheRightFilesBeforeAReload();
     void refusesToSaveWhatWasNotLoaded();
     void savesTheTranslationsFirst();
+    void mergesWhatOthersWrote();
     void keepsTheFilesOfAFullDisk_data();
     void keepsTheFilesOfAFullDisk();
     void movesPlainHintsIntoTheSources();
@@ -166,7 +167,7 @@ void tst_Authoring::refusesToSaveWhatWasNotLoaded()
 
     writeAll(kScenario, mFiles.at(0));
     writeAll(sourcePath(kEnglish), broken);
-    mWarnings.expect(QStringLiteral("Failed to setContents"));
+    mWarnings.expect(QStringLiteral("Failed to setContents"), 2);
     QCOMPARE(load(), QString());
     item(2)->setHint(QStringLiteral("edited"));
     mWarnings.expect(QStringLiteral("Failed to save"));
@@ -189,6 +190,39 @@ void tst_Authoring::savesTheTranslationsFirst()
     QCOMPARE(mManager->save(), QString());
     QVERIFY(readAll(kScenario).contains("\"windowKey\":\"edited\""));
     QCOMPARE(files().at(2), mFiles.at(2));
+}
+
+void tst_Authoring::mergesWhatOthersWrote()
+{
+    item(2)->setHint(QStringLiteral("mine"));
+    item(5)->setHint2(QStringLiteral("my five"));
+    const QByteArray others = message("#3", "三") + message("#9", "nine");
+    writeAll(sourcePath(kJapanese), sourceFile(message("#2", "二") + others).replace("other<", "another<"));
+    writeAll(sourcePath(kEnglish), sourceFile(message("#2", " ") + message("#5", "their five")));
+    mWarnings.expect(QStringLiteral("\"#5\" \"their five\""));
+    QSignalSpy shown(mManager.get(), &TutorialManager::jumpLinkChanged);
+    QCOMPARE(mManager->save(), QString());
+    // What others wrote is on the screen at once, and no edit for the save after that.
+    QTRY_COMPARE(shown.size(), 1);
+    QCOMPARE(mManager->save(), QString());
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(hints(2) + hints(3) + hints(5), QString::fromUtf8("mine/ 三/#5/my five"));
+        QCOMPARE(load(), QString());
+    }
+    // A text that is gone from the file is still the item's.
+    QCOMPARE(hints(4), QString::fromUtf8("四 \"\\\n<b>/#4"));
+    QVERIFY(files().at(1).contains(">another<") && files().at(1).contains(">nine<"));
+
+    // Nor does a broken or emptied file cost a word.
+    const QByteArray whole = files().at(1);
+    writeAll(sourcePath(kJapanese), "<<<<<<<" + whole);
+    mWarnings.expect(QStringLiteral("Failed to setContents"));
+    mWarnings.expect(QStringLiteral("Failed to save"));
+    QCOMPARE(mManager->save(), kNotSaved);
+    QVERIFY(files().at(1).startsWith("<<<<<<<"));
+    writeAll(sourcePath(kJapanese), "\n");
+    QCOMPARE(mManager->save(), QString());
+    QCOMPARE(files().at(1), whole);
 }
 
 void tst_Authoring::keepsTheFilesOfAFullDisk_data()

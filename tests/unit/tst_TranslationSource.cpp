@@ -34,9 +34,8 @@ QByteArray obsolete(const QByteArray &text)
 QDomDocument parse(const QByteArray &bytes)
 {
     QDomDocument result;
-    if (!result.setContent(bytes))
+    if (!TranslationSource::parse(bytes, result))
         qWarning("not well-formed: %s", bytes.constData());
-    TranslationSource::keepBytesInLine(result);
     return result;
 }
 
@@ -70,6 +69,7 @@ private Q_SLOTS:
 
     void reads_data();
     void reads();
+    void keepsBlanks();
     void leavesAllElseUntouched();
     void writes();
     void keepsTexts();
@@ -111,6 +111,24 @@ void tst_TranslationSource::reads()
     const QByteArray before = source.toByteArray();
     TranslationSource::writeMessages(source, kContext, { { kKey, read == QLatin1String("none") ? kKey : read } });
     QCOMPARE(source.toByteArray(), before);
+}
+
+void tst_TranslationSource::keepsBlanks()
+{
+    const QByteArray blanks[] = {
+        " ", "\t\n ", "\u3000", "&#xd; ", " a\n ", " <byte value=\"x1\"/> ", "<![CDATA[ ]]>"
+    };
+    for (const QByteArray &blank : blanks) {
+        QByteArray messages;
+        for (const char *name : { "source", "comment", "oldsource", "extracomment", "translatorcomment", "userdata",
+                                  "translation", "extra-x" })
+            messages += QByteArray("\n<") + name + '>' + blank + "</" + name + ">\t";
+        messages += "<translation><numerusform>" + blank + "</numerusform>\n<numerusform/></translation>\n";
+        const QByteArray bytes = document(context(blank, "\n  <message>" + messages + "</message>")).toByteArray(4);
+        QCOMPARE(bytes.count('>' + blank + '<'), 10);
+        QVERIFY(bytes.contains("\n            <source>"));
+        QCOMPARE(parse(bytes).toByteArray(4), bytes);
+    }
 }
 
 void tst_TranslationSource::leavesAllElseUntouched()
