@@ -65,7 +65,7 @@ private:
 
     const QString mFormerFolder = QDir::currentPath();
     std::unique_ptr<QTemporaryDir> mFolder;
-    std::unique_ptr<TutorialManager> mManager;
+    std::unique_ptr<ManagerFixture::Manager> mManager;
     QList<QByteArray> mFiles;
     WarningGuard mWarnings;
 };
@@ -85,7 +85,7 @@ void tst_Authoring::init()
              sourceFile(message("#2", "二") + message("#3", "") + message("#4", "四 \"\\\n&lt;b&gt;")));
     writeAll(sourcePath(kEnglish), sourceFile(message("#2", "two") + message("#3", "") + message("#5", "five")));
     mFiles = files();
-    mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
+    mManager = std::make_unique<ManagerFixture::Manager>();
     QCOMPARE(load(), QString());
     QCOMPARE(mManager->save(), QString());
     mFiles[0] = readAll(kScenario); // in its stored form
