@@ -1,7 +1,8 @@
 #include "ProcessLog.h"
 #include "QmlTypes.h"
+#include "Translators.h"
 
-#include "SystemService/SystemService.h"
+#include "quick/ModalGuard.h"
 #include "tool/Log.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
@@ -9,23 +10,12 @@
 #include <QApplication>
 #include <QLocale>
 #include <QQmlApplicationEngine>
-#include <QTranslator>
 #include <QtWebEngine>
 
 namespace
 {
 // Qt::AA_X11InitThreads by its number: Qt 5.15 warns of the name, and older releases need the value.
 constexpr auto kX11InitThreads = static_cast<Qt::ApplicationAttribute>(10);
-
-void installStandardTranslator(QApplication &application)
-{
-    const QString folder = QStringLiteral(":/translations");
-    const QString locale = SystemService::getDefaultLocale();
-    auto *translator = new QTranslator(&application);
-    const bool loaded = translator->load(locale, folder, QString(), QString());
-    Log::debug("main", "main", __LINE__) << QString(folder + QLatin1Char('/') + locale) << loaded;
-    QCoreApplication::installTranslator(translator);
-}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -37,6 +27,7 @@ int main(int argc, char *argv[])
     // The web engine draws with the same context as the screens.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     QApplication application(argc, argv);
+    const ModalGuard modalGuard;
     QtWebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
@@ -44,7 +35,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationDomain(QStringLiteral("harnwick.example"));
     setupMessageHandler();
     closeLogFileHook = closeLogFile;
-    installStandardTranslator(application);
+    installTranslators(application);
     applicationObject = &application;
     registerQmlTypes();
     // Numbers are formatted alike whatever the language of the texts is.

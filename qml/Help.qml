@@ -8,9 +8,18 @@ ScrollView {
 
     readonly property string licences: [
         "本ソフトウェアは、GNU Lesser General Public License に基づいて Qt を使用しています。",
-        SystemService.loadFile(":/qml/Licences/LGPL.txt"),
-        SystemService.loadFile(":/qml/Licences/BSD.txt")
+        unwrapped(SystemService.loadFile(":/qml/Licences/LGPL.txt")),
+        unwrapped(SystemService.loadFile(":/qml/Licences/BSD.txt"))
     ].join("\n\n")
+
+    // The lines of a paragraph become one, which breaks at the width of this view. A centred line
+    // and one that ends with an address stand alone, and an entry of a list begins a line.
+    function unwrapped(text) {
+        return text.replace(/(.*\S)\n[^\S\n]*(?=(\S.*))/g, function(match, line, next) {
+            var alone = /^ {9}|>$/.test(line) || /^(\*|\w\)|\d+\.) /.test(next);
+            return alone ? match : line + " ";
+        });
+    }
 
     TextEdit {
         objectName: "licences"

@@ -1,7 +1,7 @@
 import QtQuick 2.9
 import QtQuick.Window 2.2
 import Qt.labs.settings 1.0
-import "QtControls"
+import "Controls"
 
 /// Shows the licence texts.
 Window {
@@ -12,6 +12,13 @@ Window {
     width: 640
     height: 480
     modality: Qt.WindowModal
+    // What isn't a dialog may fall behind the window that it blocks.
+    flags: Qt.Dialog
+
+    onVisibleChanged: {
+        if (visible)
+            okButton.forceActiveFocus();
+    }
 
     Settings {
         category: "main.help"
@@ -19,6 +26,11 @@ Window {
         property alias y: root.y
         property alias width: root.width
         property alias height: root.height
+    }
+
+    Shortcut {
+        sequence: "Escape"
+        onActivated: root.hide()
     }
 
     // The texts are long, and few ever open this window.
@@ -36,7 +48,7 @@ Window {
         }
     }
 
-    Button {
+    DialogButton {
         id: okButton
         objectName: "ok"
         anchors {

@@ -15,6 +15,7 @@ packages_to_run=(
     qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-controls qml-module-qtquick-dialogs
     qml-module-qtquick-layouts qml-module-qtquick-privatewidgets qml-module-qtgraphicaleffects
     qml-module-qt-labs-settings qml-module-qtqml-models2 qml-module-qtwebengine
+    qttranslations5-l10n
 )
 
 # What scripts/with-x and those who look at its screen call.

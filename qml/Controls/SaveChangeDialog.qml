@@ -27,6 +27,11 @@ Window {
     width: 320
     height: 240
 
+    onVisibleChanged: {
+        if (visible)
+            yesButton.forceActiveFocus();
+    }
+
     Settings {
         category: "SaveChangeDialog.root"
         property alias x: root.x
@@ -77,20 +82,20 @@ Window {
         }
         spacing: 4
 
-        Button {
+        DialogButton {
+            id: yesButton
             objectName: "yes"
-            focus: true
             text: qsTr("Yes")
             onClicked: root.answer(1)
         }
 
-        Button {
+        DialogButton {
             objectName: "no"
             text: qsTr("No")
             onClicked: root.answer(0)
         }
 
-        Button {
+        DialogButton {
             objectName: "cancel"
             text: qsTr("Cancel")
             onClicked: root.answer(-1)

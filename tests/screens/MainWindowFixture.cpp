@@ -1,6 +1,7 @@
 #include "MainWindowFixture.h"
 
 #include "QmlTypes.h"
+#include "quick/ModalGuard.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TranslationSource.h"
 
@@ -24,6 +25,7 @@ std::unique_ptr<QApplication> MainWindowFixture::makeApplication(char *program)
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
     QLocale::setDefault(QLocale::c());
+    new ModalGuard(application.get());
     applicationObject = application.get();
     registerQmlTypes();
     return application;

@@ -1,5 +1,10 @@
+#include "../../main/Translators.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QDomDocument>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTranslator>
 #include <QtTest>
@@ -25,6 +30,7 @@ class tst_Catalogs : public QObject
 private Q_SLOTS:
     void messagesKeepTheirShape();
     void everyHintHasItsWords();
+    void toolkitIsTranslated();
 };
 
 void tst_Catalogs::messagesKeepTheirShape()
@@ -65,6 +71,14 @@ void tst_Catalogs::everyHintHasItsWords()
             QVERIFY2(!words.isEmpty(), qPrintable(script.fileName() + source));
         }
     }
+}
+
+void tst_Catalogs::toolkitIsTranslated()
+{
+    installTranslators(*qApp);
+    QDialogButtonBox box(QDialogButtonBox::Cancel);
+    QCOMPARE(box.button(QDialogButtonBox::Cancel)->text(), QStringLiteral("キャンセル"));
+    QCOMPARE(QCoreApplication::translate("main", "&File"), QStringLiteral("ファイル(&F)"));
 }
 
 QTEST_MAIN(tst_Catalogs)
