@@ -13,6 +13,7 @@ MenuBar {
     readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""
 
     signal licenseRequested()
+    signal eventDialogRequested()
 
     function unloadTutorial(then) {
         window.checkSaveTutorial(function(result) {
@@ -159,6 +160,11 @@ MenuBar {
         MenuItem {
             text: qsTranslate("main", "&License")
             onTriggered: root.licenseRequested()
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Tutorial &event")
+            onTriggered: root.eventDialogRequested()
         }
     }
 }

@@ -60,7 +60,8 @@ ApplicationWindow {
     }
 
     function openTutorial() {
-        var dialog = tutorialSelectComponent.createObject(applicationWindow);
+        // Of an item the toolkit's dialog takes the window over which it stays.
+        var dialog = tutorialSelectComponent.createObject(contentItem);
         dialog.callback = function(result) {
             if (result !== 1)
                 return;
@@ -194,6 +195,12 @@ ApplicationWindow {
         messages.confirm(title, text, callback, container);
     }
 
+    function showEventDialog() {
+        eventLoader.item.show();
+        eventLoader.item.raise();
+        eventLoader.item.requestActivate();
+    }
+
     function startAuthoring() {
         // At the first start the menus must not lie above the screen, nor what
         // is below them outside of it.
@@ -321,6 +328,7 @@ ApplicationWindow {
         ApplicationMenuBar {
             window: applicationWindow
             onLicenseRequested: licenseWindow.show()
+            onEventDialogRequested: applicationWindow.showEventDialog()
         }
     }
 

@@ -495,6 +495,10 @@ Do you save tutorial?</source>
             <translation>ライセンス(&amp;L)</translation>
         </message>
         <message>
+            <source>Tutorial &amp;event</source>
+            <translation>チュートリアルイベント(&amp;E)</translation>
+        </message>
+        <message>
             <source>&amp;Open tutorial</source>
             <translation>チュートリアルを開く(&amp;O)</translation>
         </message>

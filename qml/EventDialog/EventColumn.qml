@@ -26,36 +26,29 @@ Column {
         width: parent.width
         height: parent.height - coordinatesField.height - clearButton.height - 2 * root.spacing
 
+        // The list is what the view scrolls, so that only the rows in view exist.
         ScrollView {
-            id: scrollView
             x: 1
             y: 1
             width: parent.width - 2
             height: parent.height - 2
 
-            Rectangle {
-                width: list.width
-                height: list.height
-                color: Theme.outsideArea
+            ListView {
+                id: list
+                objectName: "eventList"
+                currentIndex: -1
+                highlightFollowsCurrentItem: false
+                model: root.eventModel
+                onCountChanged: endTimer.start()
 
-                ListView {
-                    id: list
-                    objectName: "eventList"
-                    width: scrollView.viewport.width - 16
-                    height: contentHeight
-                    currentIndex: -1
-                    model: root.eventModel
-                    onCountChanged: endTimer.start()
-
-                    delegate: RichRow {
-                        view: list
-                        row: index
-                        width: list.width
-                        height: 32
-                        content.anchors.verticalCenter: verticalCenter
-                        content.text: name
-                        onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
-                    }
+                delegate: RichRow {
+                    view: list
+                    row: index
+                    width: list.width - 16
+                    height: 32
+                    content.anchors.verticalCenter: verticalCenter
+                    content.text: name
+                    onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
                 }
             }
         }
@@ -68,13 +61,9 @@ Column {
         onClicked: root.eventModel.clear()
     }
 
-    // The list is as long as its rows, so it is the view around it that scrolls.
     Timer {
         id: endTimer
         interval: 1
-        onTriggered: {
-            list.positionViewAtEnd();
-            scrollView.flickableItem.contentY = Math.max(0, list.height - scrollView.viewport.height);
-        }
+        onTriggered: list.positionViewAtEnd()
     }
 }

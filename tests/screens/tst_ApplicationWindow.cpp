@@ -61,12 +61,15 @@ private Q_SLOTS:
 
     void saveCheck_data();
     void saveCheck();
+    void questionHoldsTheKeyboard();
     void saveThatFails();
     void hostOpensATutorial();
     void saveThatDropsSomething();
     void confirmAnswersOnce();
     void openTutorial_data();
     void openTutorial();
+    void licences();
+    void eventDialogIsOpenedAgain();
     void endsByItself();
 
 private:
@@ -137,6 +140,50 @@ void tst_ApplicationWindow::saveCheck()
     QCOMPARE(fixture->window()->title(), closed ? QStringLiteral("Tutorial editor") : QStringLiteral("*Sample"));
     QCOMPARE(readFile(kTutorial) != before, saved);
     QVERIFY(MainWindowFixture::messageBox() == nullptr);
+}
+
+// Also when the window below has been given the focus, none of its menus answers.
+void tst_ApplicationWindow::questionHoldsTheKeyboard()
+{
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+    };
+    for (bool cancelled : { true, false }) {
+        loadTutorial();
+        managerInstance->setModified(true);
+        const QByteArray before = "changed by another";
+        MainWindowFixture::writeFile(kTutorial, before);
+        chooseEntry(Qt::Key_F, 2);
+        QTRY_VERIFY(saveCheckDialog() != nullptr);
+        QVERIFY(QTest::qWaitForWindowActive(saveCheckDialog()));
+        const auto focused = [] { return saveCheckDialog()->activeFocusItem()->objectName(); };
+        QCOMPARE(focused(), QStringLiteral("yes"));
+
+        const int windows = QGuiApplication::allWindows().size();
+        bool pressed = false;
+        QObject context;
+        connect(qGuiApp, &QGuiApplication::focusWindowChanged, &context, [&](QWindow *window) {
+            if (window != fixture->window() || pressed)
+                return;
+            pressed = true;
+            press(Qt::Key_S, Qt::ControlModifier);
+            press(Qt::Key_O, Qt::ControlModifier);
+            press(Qt::Key_F, Qt::AltModifier);
+        });
+        fixture->window()->requestActivate();
+        QTRY_VERIFY(pressed);
+        QTRY_COMPARE(QGuiApplication::focusWindow(), saveCheckDialog());
+        QCOMPARE(QGuiApplication::allWindows().size(), windows);
+        QCOMPARE(readFile(kTutorial), before);
+
+        press(Qt::Key_Tab);
+        QCOMPARE(focused(), QStringLiteral("no"));
+        press(cancelled ? Qt::Key_Escape : Qt::Key_Return);
+        QTRY_VERIFY(saveCheckDialog() == nullptr);
+        QCOMPARE(managerInstance->isModified(), cancelled);
+        QCOMPARE(readFile(kTutorial), before);
+        QVERIFY(fixture->activate());
+    }
 }
 
 // A failed save is told, and what asked for the check stops.
@@ -274,6 +321,38 @@ void tst_ApplicationWindow::openTutorial()
         const QString text = MainWindowFixture::answer(QMessageBox::Ok);
         QVERIFY2(text.startsWith(QStringLiteral("Failed to open new project\n")), qPrintable(text));
     }
+}
+
+void tst_ApplicationWindow::licences()
+{
+    chooseEntry(Qt::Key_H, 2);
+    const auto window = [] { return MainWindowFixture::visibleWindow("LicenseWindow"); };
+    QTRY_VERIFY(window() != nullptr);
+    QVERIFY(QTest::qWaitForWindowActive(window()));
+    // A window of any other kind can fall behind the one that it blocks.
+    QCOMPARE(window()->type(), Qt::Dialog);
+    QCOMPARE(window()->transientParent(), fixture->window());
+    const QString text =
+        MainWindowFixture::find(window()->contentItem(), QStringLiteral("licences"))->property("text").toString();
+    for (const char *line : { " LICENSE\n                       Version 3, 29 June 2007\n\n Copyright (C) 2007",
+                              "2007 Free Software Foundation, Inc. <https://fsf.org/>\n Everyone is permitted to copy "
+                              "and distribute verbatim copies of this license document,",
+                              "\n\n   b) under the GNU GPL, with none of the additional permissions of this License ",
+                              "are met:\n  * Redistributions of source code must retain the above copyright notice, " })
+        QVERIFY2(text.contains(QLatin1String(line)), line);
+    QTest::keyClick(window(), Qt::Key_Return);
+    QTRY_VERIFY(window() == nullptr);
+}
+
+void tst_ApplicationWindow::eventDialogIsOpenedAgain()
+{
+    const auto window = [] { return MainWindowFixture::visibleWindow("TutorialEventDialog"); };
+    QTRY_VERIFY(window() != nullptr);
+    window()->close();
+    QTRY_VERIFY(window() == nullptr);
+    chooseEntry(Qt::Key_H, 3);
+    QTRY_VERIFY(window() != nullptr);
+    QVERIFY(QTest::qWaitForWindowActive(window()));
 }
 
 // In a process of its own, which the closing of the window ends.
