@@ -142,6 +142,8 @@ ItemFields {
 
     // The tree calls this when a name was typed into a row.
     function onTextChanged(index, text) {
+        if (refuses(text))
+            return;
         var newText = tutorialItemListModel.getValidName(text);
         if (newText === text) {
             changeName("changeSceneName", index, text);

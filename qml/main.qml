@@ -41,7 +41,10 @@ ApplicationWindow {
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
     function checkSaveTutorial(callback) {
-        commitEditing();
+        if (!commitEditing()) {
+            callback(-1);
+            return;
+        }
         if (!TutorialManager.modified) {
             callback(0);
             return;
@@ -104,12 +107,14 @@ ApplicationWindow {
     }
 
     // A field that is being edited hands over its text when it loses the focus.
-    // Afterwards typing goes on where it was.
+    // Afterwards typing goes on where it was. False when a text was refused.
     function commitEditing() {
         var item = activeFocusItem;
+        var refusals = settingScreen ? settingScreen.refusals : 0;
         Qt.inputMethod.commit();
         background.forceActiveFocus();
         focusBack(item);
+        return !settingScreen || settingScreen.refusals === refusals;
     }
 
     // Where the item is gone from view, as the field of a rename is, the keys go to what holds it.
@@ -127,8 +132,10 @@ ApplicationWindow {
     /// Saves the tutorial. `callback` gets whether it was saved; the reason for
     /// a failure is shown here.
     function saveTutorialAnd(callback) {
-        commitEditing();
-        save("", callback);
+        if (commitEditing())
+            save("", callback);
+        else
+            callback(false);
     }
 
     // What the load left out of the tutorial, a save drops from the file.
@@ -240,7 +247,10 @@ ApplicationWindow {
             typingItem = activeFocusItem;
     }
     onClosing: {
-        commitEditing();
+        if (!commitEditing()) {
+            close.accepted = false;
+            return;
+        }
         if (!TutorialManager.modified) {
             TutorialManager.requestClose();
             return;

@@ -138,6 +138,10 @@ Change %2 to %1 ?</source>
             <source>item</source>
             <translation>項目</translation>
         </message>
+        <message>
+            <source>"%1" is not taken: with "%2" in it, the saved tutorial could not be opened again.</source>
+            <translation>「%1」は使えません。「%2」を含むと、保存したチュートリアルを開けなくなります。</translation>
+        </message>
     </context>
     <context>
         <name>TutorialList</name>

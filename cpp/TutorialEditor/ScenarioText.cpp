@@ -67,6 +67,21 @@ QString ScenarioText::removeAssignment(const QString &text, const QString &varia
     return array;
 }
 
+QString ScenarioText::findUnreadable(const QString &text)
+{
+    // The end of the array and a comment, which the reader sees in strings too.
+    for (const QLatin1String &part : { QLatin1String("];"), QLatin1String("/*") }) {
+        if (text.contains(part))
+            return part;
+    }
+    // With the quote that ends the string a translation call begins; one in the text is escaped.
+    for (const QLatin1String &part : { QLatin1String("qsTr("), QLatin1String("QT_TRANSLATE_NOOP(") }) {
+        if (text.endsWith(part))
+            return part;
+    }
+    return QString();
+}
+
 QString ScenarioText::addAssignment(const QString &arrayText)
 {
     int size = arrayText.size();

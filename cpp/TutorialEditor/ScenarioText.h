@@ -19,6 +19,10 @@ QString removeLineComments(const QString &text);
 /// the first "];" becomes "]".
 QString removeAssignment(const QString &text, const QString &variable = QStringLiteral("scenario"));
 
+/// The part of a name, key, condition or command that keeps a file that holds this text from being
+/// read again; empty if nothing does.
+QString findUnreadable(const QString &text);
+
 /// The assignment of the array, which loses the line ends at its end.
 QString addAssignment(const QString &arrayText);
 } // namespace ScenarioText

@@ -2,6 +2,7 @@
 
 #include "tool/Log.h"
 #include "TutorialEditor/Manager.h"
+#include "TutorialEditor/ScenarioText.h"
 #include "UndoRedo/AddFolderCommand.h"
 #include "UndoRedo/CreateItemCommand.h"
 #include "UndoRedo/UndoRedo.h"
@@ -104,6 +105,14 @@ void TutorialItemListModel::setProhibitedBelow(QStandardItem &row, bool prohibit
     }
     for (int i = 0; i < row.rowCount(); ++i)
         setProhibitedBelow(*row.child(i), prohibited);
+}
+
+QString TutorialItemListModel::getRefusal(const QString &text) const
+{
+    const QString part = ScenarioText::findUnreadable(text);
+    if (part.isEmpty())
+        return QString();
+    return tr("\"%1\" is not taken: with \"%2\" in it, the saved tutorial could not be opened again.").arg(text, part);
 }
 
 int TutorialItemListModel::addItem(int targetId)

@@ -94,6 +94,9 @@ public:
     /// Changes the record and its row. "prohibited" of a folder goes to all items in it.
     Q_INVOKABLE void setValue(int id, const QString &propertyName, const QVariant &value);
 
+    /// Why a name, key, condition or command can't be that text, for the user; empty if it can.
+    Q_INVOKABLE QString getRefusal(const QString &text) const;
+
     /// Both add behind an item or at the end of a folder, and return the new id.
     Q_INVOKABLE int addItem(int targetId);
     Q_INVOKABLE int addFolder(int targetId);

@@ -25,6 +25,8 @@ Item {
     property string icon: ""
     property string command: ""
     property bool showArrow: false
+    /// How many texts were refused so far.
+    property int refusals: 0
 
     function isFolder(id) {
         return model.data(model.getModelIndexById(id), model.RoleFolder) === true;
@@ -42,6 +44,27 @@ Item {
         UndoRedo.beginSequence(sequence);
         model.setValue(itemId, key, value);
         UndoRedo.endSequence();
+    }
+
+    /// Tells why the text can't be saved, if so.
+    function refuses(text) {
+        var refusal = model.getRefusal(text);
+        if (refusal === "")
+            return false;
+        ++refusals;
+        model.errorOccurred(refusal);
+        return true;
+    }
+
+    // A refused text gives way to the one before.
+    function recordText(sequence, key, text) {
+        if (!refuses(text)) {
+            record(sequence, key, text);
+            return;
+        }
+        updating = true;
+        root[key] = model.getValue(itemId, key);
+        updating = false;
     }
 
     // The capture of the cursor sets both coordinates in a sequence of its own.
@@ -129,7 +152,7 @@ Item {
     }
     onWindowKeyChanged: {
         if (!updating) {
-            record("setWindowKey", "windowKey", windowKey);
+            recordText("setWindowKey", "windowKey", windowKey);
             updateIndicator();
         }
         form.windowKeyField.show(windowKey);
@@ -146,7 +169,7 @@ Item {
     }
     onConditionChanged: {
         if (!updating)
-            record("setCondition", "condition", condition);
+            recordText("setCondition", "condition", condition);
         form.conditionField.show(condition);
     }
     onJumpChanged: {
@@ -166,7 +189,7 @@ Item {
     }
     onCommandChanged: {
         if (!updating)
-            record("setCommand", "command", command);
+            recordText("setCommand", "command", command);
         form.commandField.show(command);
     }
     onShowArrowChanged: {

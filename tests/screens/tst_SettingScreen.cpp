@@ -58,6 +58,7 @@ private Q_SLOTS:
     void fieldEditsItsProperty();
     void typedTextIsNotLost_data();
     void typedTextIsNotLost();
+    void textThatCantBeSavedIsRefused();
     void takenNameIsAskedFor();
     void localeIsSwitched();
     void hintsSurvive();
@@ -278,6 +279,36 @@ void tst_SettingScreen::typedTextIsNotLost()
         press(Qt::Key_Return);
         QCOMPARE(condition(2), QStringLiteral("wait,75"));
     }
+}
+
+void tst_SettingScreen::textThatCantBeSavedIsRefused()
+{
+    const QString text = QStringLiteral("a];b");
+    const auto isRefused = [&] {
+        const bool told = MainWindowFixture::answer(QMessageBox::Ok).contains(text);
+        return fixture->activate() && told && !UndoRedo::instance()->canUndo();
+    };
+    for (const char *field : { "windowKey", "condition", "command" }) {
+        const QString before = record(2)->getValue(QLatin1String(field)).toString();
+        typeInto(field, text);
+        press(Qt::Key_Return);
+        QVERIFY(isRefused());
+        QCOMPARE(shown(field), before);
+        QCOMPARE(record(2)->getValue(QLatin1String(field)).toString(), before);
+    }
+    tree()->setProperty("autoActiveFocusOneShot", true);
+    select(2);
+    press(Qt::Key_F2);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(text);
+    press(Qt::Key_Return);
+    QVERIFY(isRefused());
+    QCOMPARE(record(2)->mName, QStringLiteral("first"));
+    // The writer hears of it before the window goes.
+    typeInto("condition", text);
+    QVERIFY(!mWindow->close());
+    QVERIFY(isRefused());
+    QVERIFY(mWindow->isVisible());
 }
 
 void tst_SettingScreen::takenNameIsAskedFor()

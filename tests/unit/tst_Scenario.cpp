@@ -2,7 +2,10 @@
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
 #include "TutorialEditor/Manager.h"
+#include "TutorialEditor/ScenarioText.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -54,6 +57,7 @@ private Q_SLOTS:
     void beginsWhereThereIsNothing();
     void keepsReplacedRecordsForTheHistory();
     void writesTheSameAfterARead();
+    void knowsWhatItCantReadAgain();
 
 private:
     QString write(const QByteArray &bytes, const char *name = "a.js")
@@ -243,16 +247,20 @@ void tst_Scenario::keepsReplacedRecordsForTheHistory()
 void tst_Scenario::writesTheSameAfterARead()
 {
     QRandomGenerator random(40);
-    // What the reader's text steps take for a comment, for the end of the array or for a translation
-    // call is left out of the fields that stand in the file as they are.
-    const QStringList parts = QString::fromUtf8("\"|\\|%1|\n|\r|\t|😀|שלום|\u2028|\x01|\x7f|*/|//|]|; |var scenario = |"
-                                                "qsTr( |#2|次|'|a |</x>&amp;|\\\"")
-                                  .split(QLatin1Char('|'));
+    // What can't be read again is left out of the fields that stand in the file as they are.
+    const QStringList parts =
+        QString::fromUtf8("\"|\\|%1|\n|\r|\t|😀|שלום|\u2028|\x01|\x7f|*/|//|/|*|]|; |;|var scenario = ["
+                          "|qsTr(|QT_TRANSLATE_NOOP(|)|, |#2|次|'|a |</x>&amp;|\\\"")
+            .split(QLatin1Char('|'));
+    int unreadable = 0;
     const auto text = [&] {
         QString result;
         for (int count = random.bounded(6); count > 0; --count)
             result += parts.at(random.bounded(parts.size()));
-        return result.replace(QLatin1String("];"), QString()).replace(QLatin1String("/*"), QString());
+        if (ScenarioText::findUnreadable(result).isEmpty())
+            return result;
+        ++unreadable;
+        return QString();
     };
     int id = 0;
     std::function<void(TreeItem<TutorialItemData> &, int)> grow = [&](TreeItem<TutorialItemData> &parent, int depth) {
@@ -279,12 +287,31 @@ void tst_Scenario::writesTheSameAfterARead()
         }
     };
     grow(root(), 0);
+    QVERIFY(unreadable > 0 && unreadable < id);
     const QString stored = mManager->getScenario(true);
     const QString sent = mManager->getScenario(false);
 
     QCOMPARE(mManager->setContents(write(stored.toUtf8())), QStringList());
     QCOMPARE(mManager->getScenario(true), stored);
     QCOMPARE(mManager->getScenario(false), sent);
+}
+
+void tst_Scenario::knowsWhatItCantReadAgain()
+{
+    // With other strings after it that have the other end of a comment and of a call.
+    const auto readAgain = [this](const QString &text) {
+        QString stored = ScenarioText::addAssignment(QLatin1Char('[') + JsonWrapper::getJsonString(text)
+                                                     + QLatin1String(",\"*/\",\"\\\")\"]"));
+        stored = ScenarioText::removeAssignment(ScenarioText::removeBlockComments(stored));
+        QStringList errors;
+        return QJsonDocument::fromJson(mContext->applyTranslationToText(stored, errors).toUtf8()).array().at(0);
+    };
+    for (const char *text :
+         { "a];b", "a/*b", "a qsTr(", "QT_TRANSLATE_NOOP(", "a] ;", "/ *", "*/", "//", "qsTr(\"a" }) {
+        const QString name = QLatin1String(text);
+        const QString part = ScenarioText::findUnreadable(name);
+        QVERIFY2(name.contains(part) && (readAgain(name) == name) == part.isEmpty(), text);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Scenario)
