@@ -120,7 +120,7 @@ Rectangle {
             return;
         openFoldersOf(idList[0]);
         selectIds(idList);
-        timers.startAutoSelect(idList);
+        timers.startAutoSelect(idList, true);
     }
 
     function scrollBottom() {
@@ -336,18 +336,15 @@ Rectangle {
         }
     }
 
-    // The list would drop the dragged row's delegate when it is scrolled out of view.
-    MouseArea {
+    Item {
         anchors.fill: parent
-        enabled: dropArea.enteredIndex !== null
-        acceptedButtons: Qt.NoButton
-        onWheel: wheel.accepted = true
-    }
+        clip: true
 
-    TreeListMarker {
-        id: marker
-        objectName: "marker"
-        barWidth: view.viewport.width
+        TreeListMarker {
+            id: marker
+            objectName: "marker"
+            barWidth: view.viewport.width
+        }
     }
 
     TreeListTimers {

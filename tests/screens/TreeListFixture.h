@@ -90,6 +90,13 @@ public:
         mMouse = target;
     }
 
+    void wheel(const QPoint &point, int angle)
+    {
+        QWheelEvent event(point, window->mapToGlobal(point), QPoint(), QPoint(0, angle), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window, &event);
+    }
+
     void drop() { QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, mMouse); }
 
     QQuickItem *part(const char *name) const { return tree->findChild<QQuickItem *>(QLatin1String(name)); }

@@ -10,6 +10,7 @@ private Q_SLOTS:
     void drags_data();
     void drags();
     void opensAFolderUnderTheDrag();
+    void escapeEndsTheDrag();
     void dragsNothingThatMayNot();
     void keepsThePlaceAmongAThousandItems();
 };
@@ -80,10 +81,30 @@ void TreeListDragTest::opensAFolderUnderTheDrag()
     f.drag(9, f.at(2, 150, 2));
     QVERIFY(!f.row(3));
     QTRY_VERIFY(f.row(3));
-    f.moveTo(f.at(3, 150, -7));
+    // The drop goes above the row that has come to stand there, without another move of the mouse.
+    QVERIFY(f.marker()->isVisible());
     f.drop();
     QCOMPARE(f.session.shape(), QStringLiteral("1 2[9 3 4[5 6] 7] 8[]"));
     QTRY_COMPARE(f.itemId(), 9);
+}
+
+void TreeListDragTest::escapeEndsTheDrag()
+{
+    TreeListFixture f(kDocument);
+    QVERIFY(f.isReady());
+    f.drag(1, f.at(8, 150, 7));
+    QVERIFY(f.marker()->isVisible());
+    f.key(Qt::Key_Escape);
+    QVERIFY(!f.marker()->isVisible());
+    QCOMPARE(f.row(1)->opacity(), 1.0);
+    f.moveTo(f.at(9, 150, -7));
+    QVERIFY(!f.marker()->isVisible());
+    f.drop();
+    QCOMPARE(f.session.shape(), kDocument);
+    QVERIFY(!f.session.history().canUndo());
+    f.drag(1, f.at(9, 50, -7));
+    f.drop();
+    QCOMPARE(f.session.shape(), QStringLiteral("2[3 4[5 6] 7] 8[] 1 9"));
 }
 
 void TreeListDragTest::dragsNothingThatMayNot()
@@ -118,6 +139,37 @@ void TreeListDragTest::keepsThePlaceAmongAThousandItems()
     QTRY_COMPARE(f.itemId(), 490);
     QTest::qWait(50);
     QCOMPARE(f.visible(), moved);
+
+    // At the lower and upper edge the rows go by, and with the wheel, also far from the dragged row.
+    const auto shows = [&f](int id) { return f.visible().split(QLatin1Char(' ')).contains(QString::number(id)); };
+    const auto isInside = [&f] {
+        const qreal bar = f.marker()->mapToItem(f.tree, QPointF(0, 4)).y();
+        return f.marker()->isVisible() && bar >= 24 && bar + 3 <= f.tree->height();
+    };
+    f.drag(490, QPoint(150, 388));
+    QTRY_VERIFY(shows(520));
+    QVERIFY(isInside());
+    f.moveTo(QPoint(150, 200));
+    const QString held = f.visible();
+    QTest::qWait(100);
+    QCOMPARE(f.visible(), held);
+    f.wheel(QPoint(150, 200), -10 * 120);
+    QVERIFY(f.visible() != held);
+    QTRY_VERIFY(isInside());
+    f.wheel(QPoint(150, 200), 10 * 120);
+    QTRY_COMPARE(f.visible(), held);
+    f.moveTo(f.at(510, 150, 7));
+    QVERIFY(isInside());
+    f.drop();
+    QCOMPARE(f.session.data().mRoot.mChildren.at(509).mId, 490);
+    QVERIFY(f.visible().contains(QStringLiteral(" 510 490 511")));
+    QTRY_COMPARE(f.itemId(), 490);
+    f.drag(490, QPoint(150, 27));
+    QTRY_VERIFY(shows(480));
+    QVERIFY(isInside());
+    f.key(Qt::Key_Escape);
+    f.drop();
+    QCOMPARE(f.session.data().mRoot.mChildren.at(509).mId, 490);
 }
 
 int main(int argc, char **argv)

@@ -28,6 +28,16 @@ DropArea {
     /// The dragged delegate.
     property var dragSource: null
 
+    /// Where the rows begin below the header.
+    readonly property real rowsTop: view.flickableItem.headerItem ? view.flickableItem.headerItem.height : 0
+    /// How far the rows go by with each step while the drag is near an edge; 0 elsewhere.
+    readonly property real edgeStep: {
+        if (enteredIndex === null)
+            return 0;
+        var edge = 20;
+        return Math.min(0, dragY - rowsTop - edge) + Math.max(0, dragY - height + edge);
+    }
+
     function clearDragMoveEffect() {
         marker.visible = false;
         if (dragSource)
@@ -42,6 +52,14 @@ DropArea {
         currentMouseY = point.y;
         if (enteredIndex !== null)
             processDrag(currentMouseX, dragY);
+    }
+
+    /// The rows have moved under the drag, which stays where the mouse is.
+    function rowsMoved() {
+        if (enteredIndex === null)
+            return;
+        dragSource.holdAt(dragY);
+        processDrag(currentMouseX, dragY);
     }
 
     function note(text) {
@@ -90,7 +108,8 @@ DropArea {
         var pos = getIndexBottomPos(x, y);
         if (!calcMarkerPosAndIndexMove(pos, idList, indexUp, indexLow))
             return false;
-        marker.show(pos.x, pos.y - 4);
+        // A row that is only partly in view may end outside.
+        marker.show(pos.x, Math.max(rowsTop - 4, Math.min(pos.y - 4, height - 7)));
         return true;
     }
 
@@ -138,21 +157,21 @@ DropArea {
         lastHoverId = -1;
     }
 
-    function carryOut() {
+    function carryOut(beforeIndex, intoIndex) {
         var model = tree.treeListModel;
         var idList = tree.selection.getTreeSelectedIdList();
         timers.keepContentY();
         tree.rebuild(function() {
-            if (moveBeforeIndex !== null) {
+            if (beforeIndex !== null) {
                 UndoRedo.beginSequence("moveTreeItem(1)");
-                model.moveIdListBeforeIndex(moveBeforeIndex, idList);
+                model.moveIdListBeforeIndex(beforeIndex, idList);
                 UndoRedo.endSequence();
-            } else if (moveIntoIndex !== null) {
+            } else {
                 UndoRedo.beginSequence("moveTreeItem(2)");
-                model.moveIdListIntoIndex(moveIntoIndex, idList);
+                model.moveIdListIntoIndex(intoIndex, idList);
                 UndoRedo.endSequence();
-                timers.startAutoOpen(tree.getIdByIndex(moveIntoIndex));
-                view.expand(moveIntoIndex);
+                timers.startAutoOpen(tree.getIdByIndex(intoIndex));
+                view.expand(intoIndex);
             }
             model.refreshPartial();
         });
@@ -175,8 +194,7 @@ DropArea {
             return false;
         moveBeforeIndex = null;
         moveIntoIndex = null;
-        if (dragSource)
-            dragSource.endDrag();
+        dragSource.endDrag();
         return true;
     }
 
@@ -200,6 +218,7 @@ DropArea {
             return;
         enteredIndex = index;
         enteredId = drag.source.rowId;
+        dragSource = drag.source;
     }
 
     onPositionChanged: {
@@ -208,7 +227,6 @@ DropArea {
         if (enteredIndex === null)
             return;
         processDrag(currentMouseX, dragY);
-        dragSource = drag.source;
         dragSource.opacity = 0.5;
     }
 
@@ -217,9 +235,12 @@ DropArea {
     // The end of a drag comes here too.
     onExited: {
         clearDragMoveEffect();
-        if (enteredIndex !== null && (moveBeforeIndex !== null || moveIntoIndex !== null))
-            carryOut();
+        var beforeIndex = moveBeforeIndex;
+        var intoIndex = moveIntoIndex;
+        // What moves the rows from now on is no longer part of the drag.
         reset();
+        if (beforeIndex !== null || intoIndex !== null)
+            carryOut(beforeIndex, intoIndex);
     }
 
     Timer {
@@ -233,6 +254,15 @@ DropArea {
                 dropArea.view.collapse(index);
             else
                 dropArea.view.expand(index);
+            dropArea.view.flickableItem.forceLayout();
+            dropArea.rowsMoved();
         }
+    }
+
+    Timer {
+        interval: 30
+        repeat: true
+        running: dropArea.edgeStep !== 0
+        onTriggered: dropArea.view.scrollTo(dropArea.view.scrolled() + dropArea.edgeStep)
     }
 }

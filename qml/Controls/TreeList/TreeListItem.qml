@@ -62,6 +62,11 @@ MouseArea {
         content.Drag.cancel();
     }
 
+    /// Keeps the dragged row at that y of the view.
+    function holdAt(y) {
+        content.y += y - content.mapToItem(view, 0, content.height / 2).y;
+    }
+
     function startRename() {
         renameTimer.stop();
         renameField.open(rowModel.name);

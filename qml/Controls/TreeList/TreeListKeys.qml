@@ -106,6 +106,12 @@ QtObject {
         return delegate;
     }
 
+    function showId(id) {
+        var index = tree.treeListModel.getModelIndexById(id);
+        if (index.valid)
+            showRow(rowOf(index));
+    }
+
     function go(row, extend) {
         var delegate = showRow(row);
         if (!delegate)

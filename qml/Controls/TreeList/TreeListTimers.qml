@@ -15,9 +15,11 @@ Item {
         autoFocusTimer.restart();
     }
 
-    /// Selects the rows once more when the view has made their delegates.
-    function startAutoSelect(idList) {
+    /// Selects the rows once more when the view has made their delegates. With showAll, the last of
+    /// them comes into view too.
+    function startAutoSelect(idList, showAll) {
         autoSelectTimer.idList = idList.slice();
+        autoSelectTimer.showAll = showAll === true;
         autoSelectTimer.restart();
     }
 
@@ -119,12 +121,17 @@ Item {
         id: autoSelectTimer
 
         property var idList: []
+        property bool showAll: false
 
         interval: 100
         onTriggered: {
             if (idList.length === 0)
                 return;
             tree.selectIds(idList);
+            if (showAll) {
+                keys.showId(idList[idList.length - 1]);
+                keys.showId(idList[0]);
+            }
             var id = idList.shift();
             if (!tree.treeListModel.exists(id))
                 console.log("TreeListView.autoSelectTimer: id not found: " + id);

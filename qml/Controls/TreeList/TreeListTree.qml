@@ -122,6 +122,7 @@ TreeView {
         flickableItem.focus = true;
         // Delegates in the making complain when a change of the rows overtakes them.
         flickableItem.cacheBuffer = 0;
+        flickableItem.contentYChanged.connect(dropArea.rowsMoved);
     }
 
     TableViewColumn {
