@@ -229,6 +229,7 @@ Rectangle {
 
     /// Makes a row the selection, as a click on it does.
     function selectRow(delegate) {
+        timers.forgetTargets();
         makeCurrent(delegate.index);
         delegate.forceActiveFocus();
         fillSelected(delegate, delegate.rowId);

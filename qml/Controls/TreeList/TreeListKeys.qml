@@ -37,6 +37,7 @@ QtObject {
     function pressWithControl(key) {
         if (key !== Qt.Key_A || !tree.multiple)
             return false;
+        leadId = -2;
         tree.selection.selectAllItems();
         return true;
     }
@@ -69,7 +70,8 @@ QtObject {
     }
 
     function renaming() {
-        var delegate = tree.getItemById(tree.getIdByIndex(tree.selection.currentIndex));
+        var index = tree.selection.currentIndex;
+        var delegate = index.valid ? tree.getItemById(tree.getIdByIndex(index)) : null;
         return delegate !== null && delegate.renaming;
     }
 

@@ -23,8 +23,17 @@ Item {
         autoSelectTimer.restart();
     }
 
+    /// A row that the user goes to stands above one that was still to be gone to.
+    function forgetTargets() {
+        autoFocusTimer.stop();
+        autoSelectTimer.stop();
+    }
+
     /// Brings the row into view.
     function startDelaySelect(id) {
+        // The way to another row is no longer wanted.
+        if (bottomScrollTimer._id !== id)
+            bottomScrollTimer.stop();
         delaySelectTimer._id = id;
         delaySelectTimer.start();
     }

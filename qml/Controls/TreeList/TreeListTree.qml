@@ -125,6 +125,24 @@ TreeView {
         flickableItem.contentYChanged.connect(dropArea.rowsMoved);
     }
 
+    // Above the toolkit's own mouse area and below the rows.
+    MouseArea {
+        parent: treeView.flickableItem
+        anchors.fill: parent
+        z: -0.5
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPressed: {
+            mouse.accepted = !treeView.tree.rowAt(mouse.x, mouse.y).valid;
+            if (mouse.accepted)
+                treeView.forceActiveFocus();
+        }
+        onClicked: {
+            treeView.tree.clearSelection();
+            if (mouse.button === Qt.RightButton)
+                treeView.tree.popupContextMenu();
+        }
+    }
+
     TableViewColumn {
         role: "name"
         title: treeView.tree.treeListViewTitle
