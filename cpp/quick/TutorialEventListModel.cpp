@@ -4,6 +4,14 @@
 
 #include <QTextDocumentFragment>
 
+namespace
+{
+constexpr int kMostLines = 10000;
+// Of the oldest lines, many go at once, so that the rest seldom moves; an even number, so that no row
+// changes its stripe.
+constexpr int kOldLines = 1000;
+} // namespace
+
 TutorialEventListModel::TutorialEventListModel(QObject *parent) : QStandardItemModel(parent)
 {
     mRoleNames.insert(roleName(), QByteArrayLiteral("name"));
@@ -23,6 +31,8 @@ void TutorialEventListModel::clear()
 
 void TutorialEventListModel::addEventText(const QString &text)
 {
+    if (rowCount() >= kMostLines)
+        removeRows(0, kOldLines);
     appendRow(new QStandardItem(text));
 }
 

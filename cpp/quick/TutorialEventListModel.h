@@ -19,7 +19,7 @@ public:
     /// Both remove all lines: there is no other copy of them.
     Q_INVOKABLE void refresh();
     Q_INVOKABLE void clear();
-    /// Appends a line; tags in the text stay.
+    /// Appends a line; tags in the text stay. Of very many lines, the oldest go.
     Q_INVOKABLE void addEventText(const QString &text);
     /// Passes the coordinates under the cursor on to the dialog.
     Q_INVOKABLE void setCoordsText(const QString &text);

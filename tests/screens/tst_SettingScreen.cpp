@@ -380,10 +380,10 @@ void tst_SettingScreen::eventIsTakenOver()
 {
     auto *dialog = screen()->property("tutorialEventDialog").value<QQuickWindow *>();
     QVERIFY(dialog);
-    const auto row = [&](const char *list) -> QQuickItem * {
+    const auto row = [&](const char *list, int number = 0) -> QQuickItem * {
         const QVariant content = dialog->findChild<QQuickItem *>(QLatin1String(list))->property("contentItem");
         for (QQuickItem *each : content.value<QQuickItem *>()->childItems()) {
-            if (each->property("row") == 0)
+            if (each->property("row") == number)
                 return each;
         }
         return nullptr;
@@ -401,6 +401,12 @@ void tst_SettingScreen::eventIsTakenOver()
     QCOMPARE(condition(1) + record(1)->mWindowKey, QString());
     QCOMPARE(condition(2), QStringLiteral("click,Row & more"));
     QCOMPARE(record(2)->mWindowKey, QStringLiteral("MainWindow/<i>tool</i>"));
+
+    // The newest line comes into view; what isn't in view has no row.
+    for (int i = 0; i < 500; ++i)
+        fixture->host().send({ kind, QStringLiteral("append"), QString::number(i) });
+    QTRY_VERIFY(row("eventList", 500));
+    QTRY_VERIFY(!row("eventList", 400));
 }
 
 int main(int argc, char *argv[])

@@ -11,6 +11,7 @@ class tst_EventLists : public QObject
 private Q_SLOTS:
     void messageIsRead_data();
     void messageIsRead();
+    void oldLinesGo();
 };
 
 namespace
@@ -53,6 +54,19 @@ void tst_EventLists::messageIsRead()
     events.readMessage(message.replace(QLatin1Char('|'), QChar(1)));
     QTEST(QStringList({ textOf(events), textOf(controls), coordinates }).join(QLatin1Char(';')), "result");
     QCOMPARE(events.getTagStrippedText(QStringLiteral("<b>a &amp; b</b> &lt;c&gt;")), QStringLiteral("a & b <c>"));
+}
+
+void tst_EventLists::oldLinesGo()
+{
+    TutorialEventListModel events;
+    int most = 0;
+    for (int i = 1; i <= 25000; ++i) {
+        events.addEventText(QString::number(i));
+        most = qMax(most, events.rowCount());
+    }
+    QCOMPARE(most, 10000);
+    QCOMPARE(events.index(events.rowCount() - 1, 0).data().toInt(), 25000);
+    QCOMPARE(events.index(0, 0).data().toInt(), 25001 - events.rowCount());
 }
 
 QTEST_GUILESS_MAIN(tst_EventLists)
