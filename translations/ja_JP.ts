@@ -312,6 +312,10 @@ Do you save tutorial?</source>
             <source>Y:</source>
             <translation>Y:</translation>
         </message>
+        <message>
+            <source>empty</source>
+            <translation>未入力</translation>
+        </message>
     </context>
     <context>
         <name>TutorialSideViewStep0</name>

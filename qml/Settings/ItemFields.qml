@@ -32,6 +32,11 @@ Item {
         return model.data(model.getModelIndexById(id), model.RoleFolder) === true;
     }
 
+    /// Whether learners see the key of the hint and no text.
+    function isMissing(text) {
+        return !folder && (text === "" || text === "#" + itemId);
+    }
+
     /// Hands over what is being typed, so that it is neither lost nor given to
     /// the item that is selected next.
     function commitEditing() {

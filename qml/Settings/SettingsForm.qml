@@ -188,10 +188,11 @@ GroupBox {
                 id: hintRow
                 spacing: 4
 
-                FieldLabel {
+                HintLabel {
                     id: hintLabel
-                    anchors.verticalCenter: undefined
+                    objectName: "hintLabel"
                     text: qsTranslate("TutorialSettingItem", "Hint:")
+                    missing: root.screen.isMissing(root.screen.hint)
                 }
 
                 HintField {
@@ -207,9 +208,10 @@ GroupBox {
                 id: hint2Row
                 spacing: 4
 
-                FieldLabel {
+                HintLabel {
                     id: hint2Label
-                    anchors.verticalCenter: undefined
+                    objectName: "hint2Label"
+                    missing: root.screen.isMissing(root.screen.hint2)
                     text: root.screen.localeList[root.screen.localeList.indexOf(TutorialManager.locale2)] || ""
                 }
 

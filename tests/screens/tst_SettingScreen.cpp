@@ -61,6 +61,7 @@ private Q_SLOTS:
     void textThatCantBeSavedIsRefused();
     void takenNameIsAskedFor();
     void localeIsSwitched();
+    void missingHintsAreMarked();
     void hintsSurvive();
     void eventIsTakenOver();
 
@@ -347,6 +348,28 @@ void tst_SettingScreen::localeIsSwitched()
         QCOMPARE(savedHint(first, 2), switched ? QStringLiteral("new") : QStringLiteral("ja_JP 2"));
     }
     QCOMPARE(currentId(), 2);
+}
+
+// Learners see the key where a hint is empty.
+void tst_SettingScreen::missingHintsAreMarked()
+{
+    const auto marks = [this] {
+        return QStringLiteral("%1 %2")
+            .arg(find("hintLabel.missing")->isVisible())
+            .arg(find("hint2Label.missing")->isVisible());
+    };
+    QCOMPARE(marks(), QStringLiteral("0 0"));
+    click(find("hint.edit"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    QCOMPARE(marks(), QStringLiteral("1 0"));
+    click(find("undoButton"));
+    QTRY_COMPARE(marks(), QStringLiteral("0 0"));
+    select(3);
+    QCOMPARE(shown("hint2.edit"), QStringLiteral("#3"));
+    QCOMPARE(marks(), QStringLiteral("1 1"));
+    select(1);
+    QCOMPARE(marks(), QStringLiteral("0 0"));
 }
 
 void tst_SettingScreen::hintsSurvive()
