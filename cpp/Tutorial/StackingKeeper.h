@@ -11,7 +11,7 @@ class QWidget;
 ///
 /// A window manager takes the states of a window away when it is hidden, and may do so only after it
 /// was shown again. So the state is asked for once more whenever the window is on the screen without
-/// it. A menu is no window manager's business: the window is raised above those that are open.
+/// it.
 class StackingKeeper : public QObject, public QAbstractNativeEventFilter
 {
 public:
@@ -24,7 +24,6 @@ private:
 
     void keepAbove();
     void askForState();
-    void raise();
 
     xcb_connection_t *mXcb;
     xcb_window_t mWindow;

@@ -57,8 +57,6 @@ void StackingKeeper::keepAbove()
 {
     if (!atoms(mXcb, mWindow, mStates).contains(mAbove) && mRequests++ < kMostRequests)
         askForState();
-    raise();
-    xcb_flush(mXcb);
 }
 
 void StackingKeeper::askForState()
@@ -77,13 +75,5 @@ void StackingKeeper::askForState()
                  xcb_send_event_checked(mXcb, false, mRoot,
                                         XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                                         reinterpret_cast<const char *>(&message)));
-}
-
-void StackingKeeper::raise()
-{
-    const QVector<xcb_window_t> frames = framesFrom(mXcb, mWindow);
-    if (frames.isEmpty())
-        return;
-    const quint32 above = XCB_STACK_MODE_ABOVE;
-    ignoreErrors(mXcb, xcb_configure_window_checked(mXcb, frames.last(), XCB_CONFIG_WINDOW_STACK_MODE, &above));
+    xcb_flush(mXcb);
 }

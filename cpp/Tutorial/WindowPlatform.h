@@ -14,8 +14,8 @@ void letInputThrough(QWidget *window);
 /// nor on a click, nor when another window goes. Call it once, before the window is first shown.
 void refuseFocus(QWidget *window);
 
-/// Brings a top-level window that stays on top above all others each time it is shown, menus included,
-/// and keeps it on top. Call it once, before the window is first shown.
+/// Keeps a top-level window that stays on top there, however often it is hidden and shown. Call it
+/// once, before the window is first shown. An open menu still covers it.
 void keepAbove(QWidget *window);
 
 /// Sends what a timer has changed of a window at once, instead of with the next event.

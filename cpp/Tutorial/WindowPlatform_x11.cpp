@@ -22,6 +22,19 @@ void clearInputShape(xcb_connection_t *xcb, xcb_window_t window)
                                               window, 0, 0, 0, nullptr));
 }
 
+/// The windows that a window manager has put between a window's parent and the root, the parent first.
+QVector<xcb_window_t> framesFrom(xcb_connection_t *xcb, xcb_window_t parent)
+{
+    QVector<xcb_window_t> frames;
+    while (const auto tree = owned(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, parent), nullptr))) {
+        if (parent == tree->root)
+            break;
+        frames.append(parent);
+        parent = tree->parent;
+    }
+    return frames;
+}
+
 /// Keeps the input shapes of a window and of its frames empty for the window's life. Window managers
 /// put a window in a new frame each time it is shown, and some give the frame a shape of its own again.
 class InputPassage : public QObject, public QAbstractNativeEventFilter

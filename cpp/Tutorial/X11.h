@@ -30,7 +30,4 @@ xcb_atom_t atom(xcb_connection_t *xcb, const QByteArray &name);
 
 /// The values of a property that holds a list of atoms.
 QVector<xcb_atom_t> atoms(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t property);
-
-/// The windows that a window manager has put between a window's parent and the root, the parent first.
-QVector<xcb_window_t> framesFrom(xcb_connection_t *xcb, xcb_window_t parent);
 } // namespace X11

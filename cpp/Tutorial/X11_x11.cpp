@@ -38,16 +38,4 @@ QVector<xcb_atom_t> atoms(xcb_connection_t *xcb, xcb_window_t window, xcb_atom_t
         result.append(values[i]);
     return result;
 }
-
-QVector<xcb_window_t> framesFrom(xcb_connection_t *xcb, xcb_window_t parent)
-{
-    QVector<xcb_window_t> frames;
-    while (const auto tree = owned(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, parent), nullptr))) {
-        if (parent == tree->root)
-            break;
-        frames.append(parent);
-        parent = tree->parent;
-    }
-    return frames;
-}
 } // namespace X11

@@ -1,7 +1,10 @@
+#include "ArrowAim.h"
 #include "EventLog.h"
 #include "HostScenario.h"
 #include "ScenarioWalker.h"
 #include "StepCondition.h"
+
+#include "Tutorial/GuidanceGeometry.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -16,6 +19,7 @@ private Q_SLOTS:
     void order();
     void meeting();
     void walk();
+    void arrowTipStandsWhereTheStepPoints();
 };
 
 namespace
@@ -96,6 +100,20 @@ void tst_HostScenario::walk()
     QTRY_COMPARE(finished.count(), 1);
     walker.start(scenario(), 7); // its wait ends by itself
     QTRY_COMPARE(walker.step().id, 8);
+}
+
+// Also where the program turns the arrow upside down.
+void tst_HostScenario::arrowTipStandsWhereTheStepPoints()
+{
+    const int tipInWindow = 133;
+    ArrowAim aim;
+    GuidanceGeometry::Flips flips{ false, false };
+    for (const int y : { 300, 0, 64, -1, 0, 64, 65, 64, 26, -100, 64, 92, 0, -20, 300 }) {
+        const QPoint sent = aim.aimAt({ 100, y });
+        flips = GuidanceGeometry::decideFlips(sent, QRect(0, 0, 1000, 700), flips);
+        const int tip = flips.vertical ? GuidanceGeometry::kArrowSize - tipInWindow : tipInWindow;
+        QCOMPARE(GuidanceGeometry::restingPlace(sent, flips) + QPoint(0, tip), QPoint(100, y + tipInWindow));
+    }
 }
 
 QTEST_MAIN(tst_HostScenario)

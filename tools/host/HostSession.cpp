@@ -39,7 +39,7 @@ HostSession::HostSession(const HostOptions &options)
     connect(&mEventLog, &EventLog::message, &mLink, &HostLink::send);
     connect(&mRegistry, &ControlRegistry::happened, &mEventLog, &EventLog::append);
     connect(&mReporter, &WindowReporter::moved, this, &HostSession::followTarget);
-    // The program then raises its windows over what has opened.
+    // The program then raises its windows over a dialog. A menu stays above them, so steps point beside it.
     connect(&mReporter, &WindowReporter::covered, this, [this] { sendState(QStringLiteral("show")); });
     connect(mWindow.scriptDialog(), &ScriptDialog::conversionRequested, &mLink,
             [this](int key, const QString &expression) {
@@ -169,11 +169,11 @@ bool HostSession::targetKnown() const
     return mWalker.step().hasPlace() && mReporter.isKnown(mWalker.step().windowKey);
 }
 
-QPoint HostSession::target() const
+QPoint HostSession::target()
 {
     if (!targetKnown())
         return QPoint(HostScenario::kNoPosition, HostScenario::kNoPosition);
-    return mReporter.position(mWalker.step().windowKey) + QPoint(mWalker.step().x, mWalker.step().y);
+    return mAim.aimAt(mReporter.position(mWalker.step().windowKey) + QPoint(mWalker.step().x, mWalker.step().y));
 }
 
 void HostSession::showStep()

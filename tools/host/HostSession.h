@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ArrowAim.h"
 #include "AutoPlayer.h"
 #include "ControlRegistry.h"
 #include "EventLog.h"
@@ -39,7 +40,7 @@ private:
     void leave(int exitCode);
 
     bool targetKnown() const;
-    QPoint target() const;
+    QPoint target();
 
     HostOptions mOptions;
     ControlRegistry mRegistry;
@@ -49,6 +50,7 @@ private:
     HostLink mLink;
     ScenarioWalker mWalker;
     AutoPlayer mPlayer;
+    ArrowAim mAim;
     QProcess mProgram;
     bool mPointing = false;
     bool mPictureTaken = false;

@@ -29,7 +29,8 @@ namespace
 constexpr QSize kWindowSize(880, 560);
 constexpr QSize kToolSize(104, 32);
 constexpr int kListRowHeight = 26;
-constexpr int kMenuWidth = 150;
+// Tutorials point beside an open menu, as it covers the guidance.
+constexpr int kMenuWidth = 184;
 // The guidance arrow points down from above. This much room over the window lets it reach the menus.
 constexpr int kRoomAbove = 160;
 // Who types has finished a name when the keyboard rests this long.
@@ -178,7 +179,7 @@ void MainWindow::makeMenus()
 
 void MainWindow::prepareMenu(QMenu *menu, const QString &key)
 {
-    menu->setMinimumWidth(kMenuWidth);
+    menu->setFixedWidth(kMenuWidth);
     QAction *title = menu->menuAction();
     if (menuBar()->actions().contains(title))
         mRegistry->addArea(key, menuBar(), [this, title] { return menuBar()->actionGeometry(title); });
