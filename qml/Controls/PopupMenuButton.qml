@@ -28,6 +28,10 @@ Button {
         return itemId !== undefined && idNameHash[itemId] !== undefined;
     }
 
+    function indexOfItem(items) {
+        return ItemMenu.indexOfItem(items, itemId);
+    }
+
     function setFirstItemId() {
         initialAutoSelect = true;
         itemTreeJsonChanged();
@@ -66,7 +70,7 @@ Button {
         }
         idNameHash = names;
         addMenu(tree);
-        enabled = Object.keys(idNameHash).length > 0;
+        plainAction.enabled = Object.keys(idNameHash).length > 0;
         text = getName(itemId);
     }
 
@@ -85,6 +89,10 @@ Button {
         }
     }
 
+    // The toolkit's own would take an ampersand in the text for the mark of a key.
+    action: Toolkit.Action {
+        id: plainAction
+    }
     menu: lastPopup
     style: PopupMenuButtonLook {}
 

@@ -2,8 +2,16 @@
 
 // The menu of a whole item tree, as QML text.
 
+// The button is the context of the text. The toolkit scrolls a menu to its current entry as it opens.
+var opensAtItem = "onAboutToShow: __currentIndex = indexOfItem(items)\n";
+
 function quoted(text) {
     return JSON.stringify(String(text)).replace(/\u2028/g, "\\u2028").replace(/\u2029/g, "\\u2029");
+}
+
+// The toolkit takes a single ampersand for the mark of a mnemonic.
+function shown(name) {
+    return quoted(String(name).replace(/&/g, "&&"));
 }
 
 function entries(children) {
@@ -14,17 +22,26 @@ function entry(child) {
     if (child.separator)
         return "MenuSeparator {}";
     if (child.folder)
-        return "Menu { title: " + quoted(child.name) + "\n" + entries(child.children) + "\n}";
+        return "Menu { title: " + shown(child.name) + "\n" + opensAtItem + entries(child.children) + "\n}";
     var id = Number(child.id);
-    return "MenuItem { text: " + quoted(child.name) + "\n"
+    return "MenuItem { property int itemId: " + id + "; text: " + shown(child.name) + "\n"
         + (child.enabled === false ? "enabled: false\n" : "")
         + "onTriggered: { console.log(\"PopupMenuButton: item " + id + "\"); root.itemId = " + id + "; }\n}";
+}
+
+/// Where that item, or a folder that holds it, stands in a menu's items; -1 if nowhere.
+function indexOfItem(items, itemId) {
+    for (var i = 0; i < items.length; ++i) {
+        if (items[i].itemId === itemId || items[i].items && indexOfItem(items[i].items, itemId) >= 0)
+            return i;
+    }
+    return -1;
 }
 
 /// A Menu with an int property `itemId`, which a chosen entry sets to its id.
 function menuText(tree) {
     return "import QtQuick 2.9\nimport QtQuick.Controls 1.4\n"
-        + "Menu {\nid: root\nproperty int itemId: -1\n" + entries(tree.children) + "\n}";
+        + "Menu {\nid: root\nproperty int itemId: -1\n" + opensAtItem + entries(tree.children) + "\n}";
 }
 
 /// Calls visit(item) for each item of the tree, depth first.

@@ -16,6 +16,11 @@ Item {
         }
     }
 
+    SignalSpy {
+        id: clicks
+        signalName: "clicked"
+    }
+
     TestCase {
         id: test
         name: "PopupMenuButton"
@@ -24,17 +29,26 @@ Item {
         readonly property string tree: JSON.stringify({ "children": [
             { "id": -1, "name": "(Next)" },
             { "separator": true },
-            { "id": 1, "name": "Folder", "folder": true, "children": [
+            { "id": 1, "name": "Here & there", "folder": true, "children": [
                 { "id": 2, "name": "Same", "enabled": false },
                 { "id": 3, "name": "Same" }
             ] },
-            { "id": 4, "name": "A \"quoted\" \\ name\u2028 'with' ${all}" }
+            { "id": 4, "name": "A \"quoted\" \\ name\u2028 'with' ${all}" },
+            { "id": 5, "name": "Tom & Jerry" }
         ] })
 
         function test_menuFollowsTree() {
             var button = createTemporaryObject(buttonComponent, scene, { "itemTreeJson": tree, "itemId": 3 });
             compare(button.text, "Same");
-            compare(button.lastPopup.items[2].title, "Folder");
+            // An ampersand is no mnemonic.
+            compare(button.lastPopup.items[2].title, "Here && there");
+            compare(button.lastPopup.items[4].text, "Tom && Jerry");
+            compare(button.getName(5), "Tom & Jerry");
+            button.itemId = 5;
+            clicks.target = button;
+            clicks.clear();
+            keyClick(Qt.Key_Space, Qt.AltModifier);
+            compare(clicks.count, 0);
             compare(button.lastPopup.items[2].items[0].enabled, false);
             compare(button.lastPopup.items[3].text, "A \"quoted\" \\ name\u2028 'with' ${all}");
             button.lastPopup.items[0].trigger();
@@ -44,9 +58,22 @@ Item {
             compare(button.itemId, 3);
         }
 
+        function test_opensAtItsItem() {
+            var button = createTemporaryObject(buttonComponent, scene, { "itemTreeJson": tree, "itemId": 5 });
+            var menu = button.lastPopup;
+            [[5, 4], [3, 2], [-1, 0]].forEach(function(row) {
+                button.itemId = row[0];
+                mouseClick(button);
+                tryCompare(menu, "__popupVisible", true);
+                compare(menu.__currentIndex, row[1]);
+                menu.__dismissMenu();
+                tryCompare(menu, "__popupVisible", false);
+            });
+        }
+
         function test_badTexts_data() {
             return [
-                { "tag": "empty keeps menu and enabled", "text": "", "enabled": true, "items": 4 },
+                { "tag": "empty keeps menu and enabled", "text": "", "enabled": true, "items": 5 },
                 { "tag": "no items", "text": "{\"children\":[{\"folder\":true,\"name\":\"f\",\"id\":1}]}",
                   "enabled": false, "items": 1 },
                 { "tag": "no JSON", "text": "{", "enabled": false }
