@@ -28,8 +28,11 @@ Button {
         return itemId !== undefined && idNameHash[itemId] !== undefined;
     }
 
-    function indexOfItem(items) {
-        return ItemMenu.indexOfItem(items, itemId);
+    // The toolkit scrolls a menu to its current entry as it opens.
+    function openAtItem(menu) {
+        var index = menu ? ItemMenu.indexOfItem(menu.items, itemId) : -1;
+        if (index >= 0)
+            menu.__currentIndex = index;
     }
 
     function setFirstItemId() {

@@ -2,8 +2,8 @@
 
 // The menu of a whole item tree, as QML text.
 
-// The button is the context of the text. The toolkit scrolls a menu to its current entry as it opens.
-var opensAtItem = "onAboutToShow: __currentIndex = indexOfItem(items)\n";
+// The button is the context of the text. The toolkit goes to a submenu's first entry after it has opened.
+var opensAtItem = "onAboutToShow: { openAtItem(this); Qt.callLater(openAtItem, this); }\n";
 
 function quoted(text) {
     return JSON.stringify(String(text)).replace(/\u2028/g, "\\u2028").replace(/\u2029/g, "\\u2029");

@@ -66,6 +66,11 @@ Item {
                 mouseClick(button);
                 tryCompare(menu, "__popupVisible", true);
                 compare(menu.__currentIndex, row[1]);
+                if (row[0] === 3) {
+                    keyClick(Qt.Key_Right);
+                    tryCompare(menu.items[2], "__popupVisible", true);
+                    tryCompare(menu.items[2], "__currentIndex", 1);
+                }
                 menu.__dismissMenu();
                 tryCompare(menu, "__popupVisible", false);
             });
