@@ -9,7 +9,7 @@
 #include <QStringList>
 
 #include <memory>
-#include <unordered_map>
+#include <vector>
 
 namespace
 {
@@ -116,21 +116,34 @@ public:
         QList<TutorialItemData *> records;
         const std::unique_ptr<Item> item(Item::createFromJson(json, &records));
         mRecords.clear();
-        for (TutorialItemData *record : qAsConst(records)) {
-            std::unique_ptr<TutorialItemData> owned(record);
-            mRecords.emplace(record->mId, std::move(owned));
-        }
-        return item ? insert(*item, document().mRoot.mId) : -1;
+        mNext = 0;
+        for (TutorialItemData *record : qAsConst(records))
+            mRecords.emplace_back(record);
+        if (!item)
+            return -1;
+        readSecondHints(*item, json);
+        mNext = 0;
+        return insert(*item, document().mRoot.mId);
     }
 
 private:
+    /// The reader looks the second hint up by its key, which is that of another item here.
+    void readSecondHints(const Item &item, const JsonWrapper &json)
+    {
+        TutorialItemData &record = *mRecords[mNext++];
+        const QString hintKey = QStringLiteral("hint2");
+        if (!item.mFolder && json.contains(hintKey))
+            record.mHint2 = json[hintKey].toString();
+        if (item.mChildren.isEmpty())
+            return;
+        const JsonWrapper children = json[QStringLiteral("children")];
+        for (int i = 0; i < item.mChildren.size(); ++i)
+            readSecondHints(item.mChildren.at(i), children[i]);
+    }
+
     int insert(const Item &item, int parentId)
     {
-        const auto found = mRecords.find(item.mId);
-        if (found == mRecords.end())
-            return -1;
-        std::unique_ptr<TutorialItemData> record = std::move(found->second);
-        mRecords.erase(found);
+        std::unique_ptr<TutorialItemData> record = std::move(mRecords[mNext++]);
         const int newId = mIds.next();
         record->setId(newId);
         // Past the setter: the record is not in the document yet.
@@ -139,11 +152,20 @@ private:
             UndoRedo::insertItemCommand(parentId, -1, newId, item.mFolder, record.release(), QString(), QVariantMap());
         else
             append(std::move(record), item.mFolder, parentId);
-        if (item.mFolder) {
-            for (const Item &child : item.mChildren)
+        for (const Item &child : item.mChildren) {
+            if (item.mFolder)
                 insert(child, newId);
+            else
+                skip(child);
         }
         return newId;
+    }
+
+    void skip(const Item &item)
+    {
+        ++mNext;
+        for (const Item &child : item.mChildren)
+            skip(child);
     }
 
     static void append(std::unique_ptr<TutorialItemData> record, bool folder, int parentId)
@@ -156,8 +178,10 @@ private:
     FreeIds mIds;
     FreeNames mNames;
     bool mHistory;
-    // The records that were read and are not inserted yet, by their ids in the payload.
-    std::unordered_map<int, std::unique_ptr<TutorialItemData>> mRecords;
+    // The records of one element, parents before children, and the place of the next one to be inserted. Ids would not
+    // do: two may be the same.
+    std::vector<std::unique_ptr<TutorialItemData>> mRecords;
+    std::size_t mNext = 0;
 };
 } // namespace
 

@@ -6,8 +6,8 @@
 /// The work of the item clipboard on the document: items as JSON text, and back.
 namespace ItemClipboard
 {
-/// The items of the list with all their contents, as text that carries everything but the second
-/// hint across. False, with a warning in the log and payload left alone, for an id without an item.
+/// The items of the list with all their contents, as text that carries all their fields across.
+/// False, with a warning in the log and payload left alone, for an id without an item.
 bool makePayload(const QList<int> &idList, QString &payload);
 
 /// Appends the items of the text to the top level, with new ids and names that are free. The result

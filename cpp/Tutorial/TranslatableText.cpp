@@ -55,7 +55,14 @@ private:
     Expression readQsTr(int start);
     Expression readNoop(int start);
     void readArguments(Expression &expression, int depth);
-    int findBlankSeparator(int from);
+    /// The separator's next place, which is looked for only when the one found before is passed.
+    struct Separator
+    {
+        const QLatin1String &marker;
+        int position = -1;
+        bool known = false;
+    };
+    int find(Separator &separator, int from) const;
 
     QString literal(const QString &context, const QStringRef &source) const
     {
@@ -67,10 +74,9 @@ private:
     const QString &mContext;
     const TranslatableText::Translate &mTranslate;
     QStringList &mErrors;
-    // The first separator with a blank from some earlier position on, so that a text with many
-    // calls and no separator is not searched to its end for each.
-    int mBlankSeparator = -1;
-    bool mBlankSeparatorKnown = false;
+    // So a text of many calls with a separator at its end, or none, is not searched to its end for each.
+    Separator mBlankSeparator{ kBlankSeparator };
+    Separator mPlainSeparator{ kPlainSeparator };
 };
 
 Scanner::Expression Scanner::fail(int start, const QString &errorText)
@@ -129,28 +135,32 @@ Scanner::Expression Scanner::readNoop(int start)
         return fail(start, text.arg(kNoop, kClosing));
     }
     const int contextStart = start + kNoop.size();
-    int separator = findBlankSeparator(contextStart);
+    int separator = find(mBlankSeparator, contextStart);
     int source = separator + kBlankSeparator.size();
     if (separator < 0) {
-        separator = mText.indexOf(kPlainSeparator, contextStart);
+        separator = find(mPlainSeparator, contextStart);
         source = separator + kPlainSeparator.size();
     }
     if (separator < 0) {
         const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not found %1 or %2: "));
         return fail(start, text.arg(kBlankSeparator, kPlainSeparator));
     }
+    const int end = closing + kClosing.size();
+    // A separator past the call leaves no source, and as the context a stretch of the text that nobody can know.
+    if (separator >= end)
+        return { QStringLiteral("\"\""), end };
     const QString context = mText.mid(contextStart, separator - contextStart);
-    return { literal(context, mText.midRef(source, qMax(0, closing - source))), closing + kClosing.size() };
+    return { literal(context, mText.midRef(source, qMax(0, closing - source))), end };
 }
 
-int Scanner::findBlankSeparator(int from)
+int Scanner::find(Separator &separator, int from) const
 {
-    const bool stillAhead = mBlankSeparator < 0 || mBlankSeparator >= from;
-    if (!mBlankSeparatorKnown || !stillAhead) {
-        mBlankSeparator = mText.indexOf(kBlankSeparator, from);
-        mBlankSeparatorKnown = true;
+    const bool passed = separator.position >= 0 && separator.position < from;
+    if (!separator.known || passed) {
+        separator.position = mText.indexOf(separator.marker, from);
+        separator.known = true;
     }
-    return mBlankSeparator;
+    return separator.position;
 }
 
 void Scanner::readArguments(Expression &expression, int depth)

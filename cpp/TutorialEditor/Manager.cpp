@@ -177,6 +177,7 @@ void Manager::clear()
     if (EditHistory *history = EditHistory::instance())
         history->clear();
     dropRecords();
+    mData.clearTree();
     mData.mRoot = TreeItem<TutorialItemData>(-1, true);
     // Nothing is loaded any more, so that a save has no file to empty.
     mFilename.clear();
@@ -188,7 +189,7 @@ void Manager::replaceDocument()
 {
     mReplacedRecords += mData.mDataList;
     mData.mDataList.clear();
-    mData.mRoot.mChildren.clear();
+    mData.clearTree();
     const EditHistory *history = EditHistory::instance();
     if (!history || history->isEmpty())
         dropRecords();

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 
 /// Where the nodes of a tree were last seen, by id, so that a lookup need not walk the whole tree.
 ///
@@ -32,16 +33,20 @@ private:
     void noteAll(const Item &item);
 
     QHash<int, Place> mPlaces;
+    // Ids that were seen twice. Which of the two nodes comes first can change without any hint being wrong.
+    QSet<int> mSeveral;
 };
 
 template <typename Item>
 bool TreeHints::findPath(const Item &root, int id, QList<int> &path)
 {
-    if (follow(root, id, path))
+    if (!mSeveral.contains(id) && follow(root, id, path))
         return true;
     path.clear();
     if (!walk(root, id, path))
         return false;
+    if (mSeveral.contains(id))
+        return true;
     // The tree has changed since the hints were taken.
     mPlaces.clear();
     noteAll(root);
@@ -90,7 +95,9 @@ void TreeHints::noteAll(const Item &item)
 {
     for (int i = 0; i < item.mChildren.size(); ++i) {
         const Item &child = item.mChildren.at(i);
-        if (!mPlaces.contains(child.mId))
+        if (mPlaces.contains(child.mId))
+            mSeveral.insert(child.mId);
+        else
             note(child.mId, item.mId, i);
         noteAll(child);
     }

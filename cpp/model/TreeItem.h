@@ -86,6 +86,8 @@ public:
     void insertItem(TreeItem<T> &parent, int index, const TreeItem<T> &item);
     /// Takes the node of that id, with all below it, out of the tree.
     bool removeItem(int id);
+    /// Empties the tree for another document.
+    void clearTree();
     /// Takes the record of that id out of the list; null if there is none. The caller owns it.
     std::unique_ptr<T> takeData(int id);
 
@@ -326,6 +328,13 @@ bool TreeDataTemplate<T>::removeItem(int id)
         return false;
     parent->mChildren.removeAt(index);
     return true;
+}
+
+template <typename T>
+void TreeDataTemplate<T>::clearTree()
+{
+    mRoot.mChildren.clear();
+    mPlaces = TreeHints();
 }
 
 template <typename T>

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void tellsWhatItLeavesOut_data();
     void tellsWhatItLeavesOut();
     void beginsWhereThereIsNothing();
+    void findsTheFirstOfAnId();
     void keepsReplacedRecordsForTheHistory();
     void writesTheSameAfterARead();
     void knowsWhatItCantReadAgain();
@@ -228,6 +229,24 @@ void tst_Scenario::beginsWhereThereIsNothing()
         QCOMPARE(mManager->save(), QString());
         QCOMPARE(readAll(path), readAll(missing));
     }
+}
+
+void tst_Scenario::findsTheFirstOfAnId()
+{
+    const auto parentId = [this] {
+        int index = -1;
+        return mManager->mData.getParentItem(2, index)->mId;
+    };
+    const QByteArray folder = "{\"folder\":true,\"children\":[{\"id\":2}],\"id\":";
+    QCOMPARE(mManager->setContents(write("[{\"id\":4}," + folder + "5}]")), QStringList());
+    QCOMPARE(parentId(), 5);
+    QCOMPARE(mManager->setContents(write('[' + folder + "4}," + folder + "5}]")), QStringList());
+    QCOMPARE(parentId(), 4);
+    // Also when the first one was away for a while.
+    const TreeItem<TutorialItemData> first = root().mChildren[0].mChildren.takeFirst();
+    QCOMPARE(parentId(), 5);
+    root().mChildren[0].mChildren.append(first);
+    QCOMPARE(parentId(), 4);
 }
 
 void tst_Scenario::keepsReplacedRecordsForTheHistory()

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void readsExpressions();
     void replaces();
     void survivesHostileDepth();
+    void readsManyCallsAtOnce();
 
 private:
     WarningGuard mWarnings;
@@ -86,6 +87,9 @@ void tst_TranslatableText::replaces()
         { "\n[]\r\n\n", "\n[]\r", "\n[]\r\n\n" },
         { "qsTr(\"#1\")qsTr(\"#1\")", "\"次へ\"\"次へ\"", "\"次へ\"qsTr(\"#1\")" },
         { "[QT_TRANSLATE_NOOP(\"k\",\"a\")]", "[\"k/a\"]", "[QT_TRANSLATE_NOOP(\"k\",\"a\")]" },
+        // The separator with the blank is the one that counts, wherever it stands.
+        { "QT_TRANSLATE_NOOP(\"k\",\"a\")QT_TRANSLATE_NOOP(\"b\", \"#1\")", "\"\"\"次へ\"",
+          "QT_TRANSLATE_NOOP(\"k\",\"a\")QT_TRANSLATE_NOOP(\"b\", \"#1\")" },
         { "[qsTr( \"x\"), qsTr('x')]", "[qsTr( \"x\"), qsTr('x')]", "[qsTr( \"x\"), qsTr('x')]" },
         { "qsTr(\"marker\")", "\"qsTr(\\\"#1\\\")\"", "\"qsTr(\\\"#1\\\")\"" },
     };
@@ -113,6 +117,25 @@ void tst_TranslatableText::survivesHostileDepth()
     errors.clear();
     apply(open.repeated(5000), errors);
     QVERIFY(!errors.isEmpty());
+}
+
+void tst_TranslatableText::readsManyCallsAtOnce()
+{
+    // With one separator at the end, what is looked up grows with the text, not with its square.
+    for (const char *separator : { "\", \"", "\",\"" }) {
+        qint64 size = 0;
+        const QString source = text("QT_TRANSLATE_NOOP(\"k\") ").repeated(20000) + text(separator);
+        QStringList errors;
+        const QString result = TranslatableText::applyToScenario(
+            source, QString(),
+            [&size](const QString &context, const QString &key) {
+                size += context.size() + key.size();
+                return key;
+            },
+            errors);
+        QCOMPARE(result, QString(text("\"\" ").repeated(20000) + text(separator)));
+        QVERIFY2(size < 2 * source.size(), qPrintable(QString::number(size)));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_TranslatableText)

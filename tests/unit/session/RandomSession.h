@@ -376,10 +376,8 @@ private:
         const auto source = std::find_if(mCopiedRecords.cbegin(), mCopiedRecords.cend(),
                                          [&node](const ReferenceRecord &r) { return r.id == node.id; });
         ReferenceRecord record(mDocument.freeId());
-        if (!node.folder) {
+        if (!node.folder)
             record.values = source->values;
-            record.values.insert(QStringLiteral("hint2"), QStringLiteral("#%1").arg(node.id));
-        }
         record.values.insert(QStringLiteral("prohibited"), source->values.value(QStringLiteral("prohibited")));
         record.name = mDocument.hasName(source->name) ? mDocument.bracketedName(source->name) : source->name;
         mDocument.add(parentId, record, node.folder);
