@@ -73,6 +73,9 @@ Rectangle {
 
     /// Opens the folders towards focusId and selects its row.
     function focusOn() {
+        // What is selected is what a drop would move.
+        if (dropArea.dragging)
+            return;
         timers.startAutoFocus(treeListModel.getFocusIdList(focusId));
     }
 
@@ -179,6 +182,7 @@ Rectangle {
     /// Runs a change of the model's rows with the tree closed, which keeps the
     /// view from showing rows twice, and leaves the view where it was.
     function rebuild(change) {
+        dropArea.cancel();
         var scrolled = view.scrolled();
         view.collapse(treeListModel.getRootIndex());
         change();

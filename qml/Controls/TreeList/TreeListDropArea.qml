@@ -12,6 +12,7 @@ DropArea {
     property var timers
     property var marker
 
+    readonly property bool dragging: enteredIndex !== null
     /// The row where the drag began.
     property var enteredIndex: null
     property int enteredId: -1
@@ -32,7 +33,7 @@ DropArea {
     readonly property real rowsTop: view.flickableItem.headerItem ? view.flickableItem.headerItem.height : 0
     /// How far the rows go by with each step while the drag is near an edge; 0 elsewhere.
     readonly property real edgeStep: {
-        if (enteredIndex === null)
+        if (!dragging)
             return 0;
         var edge = 20;
         return Math.min(0, dragY - rowsTop - edge) + Math.max(0, dragY - height + edge);
@@ -50,13 +51,13 @@ DropArea {
     function moveMouse(point) {
         currentMouseX = point.x;
         currentMouseY = point.y;
-        if (enteredIndex !== null)
+        if (dragging)
             processDrag(currentMouseX, dragY);
     }
 
     /// The rows have moved under the drag, which stays where the mouse is.
     function rowsMoved() {
-        if (enteredIndex === null)
+        if (!dragging)
             return;
         dragSource.holdAt(dragY);
         processDrag(currentMouseX, dragY);
@@ -188,14 +189,13 @@ DropArea {
         forgetHover();
     }
 
-    /// Ends the drag without a move; false if there is none.
+    /// Ends a drag without a move.
     function cancel() {
-        if (enteredIndex === null)
-            return false;
+        if (!dragging)
+            return;
         moveBeforeIndex = null;
         moveIntoIndex = null;
         dragSource.endDrag();
-        return true;
     }
 
     enabled: tree.dragAndDropEnabled
@@ -224,7 +224,7 @@ DropArea {
     onPositionChanged: {
         dragX = drag.x;
         dragY = drag.y;
-        if (enteredIndex === null)
+        if (!dragging)
             return;
         processDrag(currentMouseX, dragY);
         dragSource.opacity = 0.5;

@@ -15,6 +15,12 @@ QtObject {
     function press(event) {
         if (event.modifiers & (Qt.AltModifier | Qt.MetaModifier))
             return;
+        if (dropArea.dragging) {
+            event.accepted = true;
+            if (event.key === Qt.Key_Escape)
+                dropArea.cancel();
+            return;
+        }
         var control = (event.modifiers & Qt.ControlModifier) !== 0;
         var row = rowOf(leadIndex());
         var target = row;
@@ -44,8 +50,6 @@ QtObject {
 
     function pressOther(key) {
         var index = tree.selection.currentIndex;
-        if (key === Qt.Key_Escape)
-            return dropArea.cancel();
         if (!index.valid || renaming())
             return false;
         if (key === Qt.Key_Right) {

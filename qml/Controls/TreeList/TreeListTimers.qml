@@ -184,6 +184,8 @@ Item {
             }
             if (_id < 0)
                 return;
+            // A folder that has just opened has no delegates before the next frame.
+            view.flickableItem.forceLayout();
             var id = _id;
             checkTopBottom(id);
             _id = -1;
