@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import QtQuick.Dialogs 1.2
 import "Controls"
 
 /// The message boxes that the screens open. Each kind has one permanent box,
@@ -23,6 +24,15 @@ Item {
             "title": title === null ? qsTranslate("main", "Tutorial Editor") : title,
             "text": text,
             "callback": callback || null
+        });
+    }
+
+    /// As confirm(), with Cancel for a third answer, which is the one below 0.
+    function choose(text, callback, container) {
+        show("confirm", confirmComponent, container, {
+            "text": text,
+            "standardButtons": StandardButton.Yes | StandardButton.No | StandardButton.Cancel,
+            "callback": callback
         });
     }
 

@@ -18,13 +18,9 @@ ApplicationWindow {
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
     readonly property var settingScreen: settingLoader.item
+    readonly property alias messages: messageBoxes
     /// Where the keys go while the menu bar does not have them.
     property Item typingItem: null
-    /// What the host editor wants to be loaded once the writer has answered.
-    property string requestedTutorial: ""
-    /// The tutorial that the writer was told of, that something of its file is
-    /// left out.
-    property string tutorialLeftOutOf: ""
     // Read by the platform when the window is shown: in the guidance mode the
     // host editor keeps the keys.
     readonly property bool _q_showWithoutActivating: !authoring
@@ -41,42 +37,11 @@ ApplicationWindow {
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
     function checkSaveTutorial(callback) {
-        if (!commitEditing()) {
-            callback(-1);
-            return;
-        }
-        if (!TutorialManager.modified) {
-            callback(0);
-            return;
-        }
-        saveChangeDialog.message = "\"" + TutorialManager.tutorialName + "\"\n" + qsTr("Save change?");
-        saveChangeDialog.callback = function(result) {
-            if (result !== 1) {
-                callback(result);
-                return;
-            }
-            save(qsTr("Failed to save project.") + "\n", function(saved) {
-                callback(saved ? 1 : -1);
-            });
-        };
-        saveChangeDialog.show();
+        tutorialFile.checkSave(callback);
     }
 
     function openTutorial() {
-        // Of an item the toolkit's dialog takes the window over which it stays.
-        var dialog = tutorialSelectComponent.createObject(contentItem);
-        dialog.callback = function(result) {
-            if (result !== 1)
-                return;
-            var chosen = SystemService.getLocalFileFromUrl(dialog.fileUrl);
-            var error = TutorialManager.loadTutorial(TutorialManager.getChosenFilename(chosen));
-            updateSettings();
-            if (error !== "")
-                alert(qsTr("Failed to open new project") + "\n" + error);
-        };
-        dialog.open();
-        // The toolkit's dialog takes a folder once it is there.
-        dialog.folder = SystemService.getUrlFromLocalFile(TutorialManager.getTutorialPath());
+        tutorialFile.open();
     }
 
     function reloadTutorial() {
@@ -87,23 +52,6 @@ ApplicationWindow {
         UndoRedo.clear();
         TutorialManager.reload();
         updateSettings();
-    }
-
-    // While the writer is asked, the tutorial that the host editor wanted last
-    // counts. A question that something else has asked is not taken over.
-    function openRequestedTutorial(name) {
-        if (saveChangeDialog.visible) {
-            if (requestedTutorial !== "")
-                requestedTutorial = name;
-            return;
-        }
-        requestedTutorial = name;
-        checkSaveTutorial(function(result) {
-            var requested = requestedTutorial || name;
-            requestedTutorial = "";
-            if (result >= 0)
-                TutorialManager.loadAndFeedback(requested);
-        });
     }
 
     // A field that is being edited hands over its text when it loses the focus.
@@ -133,40 +81,9 @@ ApplicationWindow {
     /// a failure is shown here.
     function saveTutorialAnd(callback) {
         if (commitEditing())
-            save("", callback);
+            tutorialFile.save("", callback);
         else
             callback(false);
-    }
-
-    // What the load left out of the tutorial, a save drops from the file.
-    function save(failure, callback) {
-        var leftOut = TutorialManager.leftOut();
-        if (leftOut === "") {
-            saveNow(failure, callback);
-            return;
-        }
-        var question = leftOut + "\n\n" + qsTr("It goes from the file with this save. Do you save all the same?");
-        confirm(null, question, function(result) {
-            if (result === 1)
-                saveNow(failure, callback);
-            else
-                callback(false);
-        });
-    }
-
-    function saveNow(failure, callback) {
-        var error = TutorialManager.save();
-        if (error !== "")
-            alert(failure + error);
-        callback(error === "");
-    }
-
-    function tellWhatIsLeftOut() {
-        var leftOut = TutorialManager.leftOut();
-        var tutorial = leftOut === "" ? "" : TutorialManager.tutorialName;
-        if (tutorial !== "" && tutorial !== tutorialLeftOutOf)
-            alert(leftOut, null, contentItem);
-        tutorialLeftOutOf = tutorial;
     }
 
     function exit() {
@@ -191,15 +108,15 @@ ApplicationWindow {
     }
 
     function showMessage(caption, callback, container) {
-        messages.showMessage(caption, callback, container);
+        messageBoxes.showMessage(caption, callback, container);
     }
 
     function alert(message, callback, container) {
-        messages.alert(message, callback, container);
+        messageBoxes.alert(message, callback, container);
     }
 
     function confirm(title, text, callback, container) {
-        messages.confirm(title, text, callback, container);
+        messageBoxes.confirm(title, text, callback, container);
     }
 
     function showEventDialog() {
@@ -267,12 +184,6 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
-        if (!authoring)
-            return;
-        TutorialManager.documentReplaced.connect(tellWhatIsLeftOut);
-        TutorialManager.tutorialRequested.connect(openRequestedTutorial);
-        // The first one was loaded on the way.
-        tellWhatIsLeftOut();
     }
 
     Settings {
@@ -320,12 +231,13 @@ ApplicationWindow {
         height: parent.height
     }
 
-    SaveChangeDialog {
-        id: saveChangeDialog
+    Messages {
+        id: messageBoxes
     }
 
-    Messages {
-        id: messages
+    TutorialFile {
+        id: tutorialFile
+        window: applicationWindow
     }
 
     LicenseWindow {
@@ -339,15 +251,6 @@ ApplicationWindow {
             window: applicationWindow
             onLicenseRequested: licenseWindow.show()
             onEventDialogRequested: applicationWindow.showEventDialog()
-        }
-    }
-
-    Component {
-        id: tutorialSelectComponent
-
-        TutorialSelectDialog {
-            id: tutorialSelectDialog
-            onVisibleChanged: if (!visible) tutorialSelectDialog.destroy()
         }
     }
 

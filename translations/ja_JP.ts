@@ -602,5 +602,11 @@ Do you save tutorial?</source>
             <source>It goes from the file with this save. Do you save all the same?</source>
             <translation>保存するとファイルから失われます。それでも保存しますか？</translation>
         </message>
+        <message>
+            <source>The file was changed by someone else since it was opened.
+Yes writes over it. No opens it again, without your changes.</source>
+            <translation>開いた後に、ファイルがほかで変更されました。
+「はい」で上書きします。「いいえ」で変更を破棄して開き直します。</translation>
+        </message>
     </context>
 </TS>

@@ -84,6 +84,8 @@ public:
     /// Sends the loaded scenario to the host editor, which begins at the item of that id; -1 is the
     /// beginning.
     Q_INVOKABLE void startFromId(int id = -1);
+    /// Whether someone else has changed the file of the loaded tutorial since it was read or saved.
+    Q_INVOKABLE bool isChangedOnDisk() const;
     /// What the file of the loaded tutorial holds and a save would drop; empty if there is nothing.
     Q_INVOKABLE QString leftOut() const;
     /// Saves the translations and then the scenario.

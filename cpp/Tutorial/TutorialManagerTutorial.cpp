@@ -110,6 +110,11 @@ QString TutorialManager::getChosenFilename(const QString &filename) const
     return filename + kSuffix;
 }
 
+bool TutorialManager::isChangedOnDisk() const
+{
+    return mEditorManager->isChangedOnDisk();
+}
+
 QString TutorialManager::leftOut() const
 {
     constexpr int shown = 10;

@@ -7,6 +7,7 @@
 #include "TutorialEditor/LoadLosses.h"
 #include "TutorialEditor/ScenarioText.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,6 +18,11 @@ namespace
 constexpr char kFolder[] = "cpp/TutorialEditor";
 
 TutorialEditor::Manager *currentManager = nullptr;
+
+QByteArray hashOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
+}
 
 /// Gives out names without an owner's name being looked at twice: the list is searched once for
 /// each base, and the number goes up from there.
@@ -71,6 +77,7 @@ QStringList Manager::setContents(const QString &filename)
     mFilename = filename;
     mState = State::Unreadable;
     mLeftOut.clear();
+    mFileHash.clear();
     QFile file(filename);
     if (!file.open(QIODevice::ReadOnly)) {
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << "failed to open" << filename;
@@ -78,13 +85,14 @@ QStringList Manager::setContents(const QString &filename)
             mState = State::New;
         return QStringList();
     }
-    QTextStream stream(&file);
+    const QByteArray bytes = file.readAll();
+    mFileHash = hashOf(bytes);
+    QTextStream stream(bytes);
     stream.setCodec("UTF-8");
     QString text = stream.readAll();
     // A read that broke off is no blank file.
     const bool blank = text.trimmed().isEmpty() && file.error() == QFile::NoError;
-    const bool damaged =
-        text.contains(QChar::ReplacementCharacter) && file.seek(0) && !file.readAll().contains("\xef\xbf\xbd");
+    const bool damaged = text.contains(QChar::ReplacementCharacter) && !bytes.contains("\xef\xbf\xbd");
     file.close();
 
     text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
@@ -153,13 +161,21 @@ QString Manager::save()
         return tr("Failed to save.");
     // The folders of a new tutorial may be new too.
     QDir().mkpath(QFileInfo(mFilename).path());
-    if (!DataSupport::writeFile(mFilename, text.toUtf8()))
+    const QByteArray bytes = text.toUtf8();
+    if (!DataSupport::writeFile(mFilename, bytes))
         return tr("Failed to save.");
     mState = State::Loaded;
     mLeftOut.clear();
+    mFileHash = hashOf(bytes);
     if (EditHistory *history = EditHistory::instance())
         history->markClean();
     return QString();
+}
+
+bool Manager::isChangedOnDisk() const
+{
+    QFile file(mFilename);
+    return isSaveable() && file.open(QIODevice::ReadOnly) && hashOf(file.readAll()) != mFileHash;
 }
 
 void Manager::save(const QString &text)

@@ -49,6 +49,9 @@ public:
     /// Whether a save loses nothing that stands in the file.
     bool isSaveable() const { return mState != State::Unreadable; }
 
+    /// Whether the file holds something else than when it was read or saved here; false where it is
+    /// missing.
+    bool isChangedOnDisk() const;
     /// What stands in the file and not in the document, as texts for the user. A save drops it.
     const QStringList &leftOut() const { return mLeftOut; }
 
@@ -86,6 +89,7 @@ private:
     // cleared.
     QList<TutorialItemData *> mReplacedRecords;
     QStringList mLeftOut;
+    QByteArray mFileHash; // of the file as it was read or saved
     State mState = State::Unreadable;
 };
 } // namespace TutorialEditor

@@ -2,6 +2,7 @@
 
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <QApplication>
@@ -64,6 +65,7 @@ private Q_SLOTS:
     void questionHoldsTheKeyboard();
     void saveThatFails();
     void hostOpensATutorial();
+    void saveOverSomeoneElsesChange();
     void saveThatDropsSomething();
     void confirmAnswersOnce();
     void openTutorial_data();
@@ -96,7 +98,9 @@ void tst_ApplicationWindow::cleanup()
 
 void tst_ApplicationWindow::loadTutorial()
 {
-    MainWindowFixture::writeFile(kTutorial, readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js")));
+    // Not as the program writes it, so that a save is seen.
+    const QByteArray contents = readFile(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js")) + "\n";
+    MainWindowFixture::writeFile(kTutorial, contents);
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
 }
 
@@ -120,8 +124,7 @@ void tst_ApplicationWindow::saveCheck()
     QFETCH(bool, saved);
     loadTutorial();
     managerInstance->setModified(true);
-    const QByteArray before = "changed by another";
-    MainWindowFixture::writeFile(kTutorial, before);
+    const QByteArray before = readFile(kTutorial);
 
     if (byMenu)
         chooseEntry(Qt::Key_F, 2);
@@ -244,6 +247,25 @@ void tst_ApplicationWindow::hostOpensATutorial()
     QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
     QVERIFY(saveCheckDialog() == nullptr);
     QCOMPARE(managerInstance->save(), QString());
+}
+
+void tst_ApplicationWindow::saveOverSomeoneElsesChange()
+{
+    const QByteArray theirs = "[{\"id\":5}]";
+    for (const QMessageBox::StandardButton button : { QMessageBox::Cancel, QMessageBox::No, QMessageBox::Yes }) {
+        loadTutorial();
+        managerInstance->setModified(true);
+        MainWindowFixture::writeFile(kTutorial, theirs);
+        QVERIFY(fixture->activate());
+        QTest::keyClick(fixture->window(), Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(MainWindowFixture::answer(button).startsWith(QStringLiteral("The file was changed by someone else")));
+        QCOMPARE(readFile(kTutorial) == theirs, button != QMessageBox::Yes);
+        QCOMPARE(fixture->window()->title().startsWith(QLatin1Char('*')), button == QMessageBox::Cancel);
+        const bool reloaded = TutorialEditor::Manager::instance()->mData.getData(5) != nullptr;
+        QCOMPARE(reloaded, button == QMessageBox::No);
+    }
+    // What was saved here is no one else's change.
+    QVERIFY(!managerInstance->isChangedOnDisk());
 }
 
 // The writer is told of it at the load, and asked at the save.
