@@ -1,6 +1,7 @@
 #include "ProcessLog.h"
 #include "QmlTypes.h"
 #include "Translators.h"
+#include "WebEngineFlags.h"
 
 #include "quick/ModalGuard.h"
 #include "tool/Log.h"
@@ -21,8 +22,11 @@ constexpr auto kX11InitThreads = static_cast<Qt::ApplicationAttribute>(10);
 int main(int argc, char *argv[])
 {
     // Attributes of a translation source are saved in the order of a hash: one order for all saves.
+    // The authoring mode has no page, and what it opens beside itself inherits its environment.
     if (TutorialManager::isMakingSupported())
         qSetGlobalQHashSeed(0);
+    else
+        closeWebEngineNetwork();
     QCoreApplication::setAttribute(kX11InitThreads, true);
     // The web engine draws with the same context as the screens.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
