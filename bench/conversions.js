@@ -76,7 +76,7 @@ async function measure(socket, program) {
         }
     });
     const send = (...fields) => socket.write(`0\x02${fields.join("\x01")}\0`);
-    setInterval(() => send("alive"), 1000).unref();
+    const alive = setInterval(() => send("alive"), 1000);
 
     const convert = (count) => new Promise((resolve) => {
         let left = count;
@@ -102,6 +102,7 @@ async function measure(socket, program) {
         await wait(2);
         await idle("running guidance", program.pid);
     }
+    clearInterval(alive);
     socket.end();
 }
 
