@@ -1,2 +1,0 @@
-healthy = 200 > cholesterol > 60
-ordered = a <= b < c <= d isnt e

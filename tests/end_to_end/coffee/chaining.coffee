@@ -1,5 +1,0 @@
-$ "#list"
-  .find "li"
-  .filter (i) -> i % 2
-  .addClass "odd"
-  .end()

@@ -1,8 +1,0 @@
-sum = a +
-  b -
-  c
-text = "a" +
-  "b"
-long = first and
-  second or
-  third

@@ -1,4 +1,0 @@
-delete a.b
-delete a[b]
-typeof a.b
--> undefined

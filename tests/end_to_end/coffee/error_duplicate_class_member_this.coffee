@@ -1,4 +1,0 @@
-class A
-  @b: => @c
-  constructor: => 1
-  constructor: -> 2

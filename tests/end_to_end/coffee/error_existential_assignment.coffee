@@ -1,2 +1,0 @@
-f = ->
-  undeclared ?= 1

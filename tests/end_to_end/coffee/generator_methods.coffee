@@ -1,5 +1,0 @@
-class Walker
-  each: ->
-    for item in @items
-      yield item
-    return

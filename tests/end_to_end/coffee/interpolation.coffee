@@ -1,6 +1,0 @@
-name = "World"
-a = "Hello #{name}"
-b = "1 + 1 = #{1 + 1}, #{ "nested #{name + "!"}" }"
-c = "#{}"
-d = "#{a}#{b}"
-e = "escaped \#{no}"

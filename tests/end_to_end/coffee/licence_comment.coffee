@@ -1,4 +1,0 @@
-###
-@preserve Unicode: ©, あ
-###
-module.exports = {}

@@ -1,5 +1,0 @@
-import "side"
-import fs from "fs"
-import * as path from "path"
-import { readFile, writeFile as write } from "fs"
-import main, { other } from "./lib"

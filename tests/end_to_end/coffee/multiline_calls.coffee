@@ -1,6 +1,0 @@
-call(
-  first
-  second, third
-  ->
-    inner()
-)

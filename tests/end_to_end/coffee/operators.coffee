@@ -1,9 +1,0 @@
-a = b is c isnt d
-e = not f and g or h
-i = j in [1, 2, 3]
-k = "x" of l
-m = n not in o
-p = q instanceof R
-s = typeof t is "undefined"
-u = v ** w // y %% z
-bits = ~a & b | c ^ d << 2 >> 1 >>> 3

@@ -1,5 +1,0 @@
-@x = 1
-@y.z @w
-@[key] = @::proto
-f = -> @
-g = => @value
