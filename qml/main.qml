@@ -120,9 +120,11 @@ ApplicationWindow {
     }
 
     function showEventDialog() {
-        eventLoader.item.show();
-        eventLoader.item.raise();
-        eventLoader.item.requestActivate();
+        var dialog = eventLoader.item;
+        if (!dialog.visible || dialog.visibility === Window.Minimized)
+            dialog.show();
+        dialog.raise();
+        dialog.requestActivate();
     }
 
     function startAuthoring() {
