@@ -5,11 +5,15 @@
 #include <QStandardPaths>
 #include <QString>
 
+#include <atomic>
 #include <cstdio>
+#include <thread>
 
 namespace
 {
-std::FILE *logFile = nullptr;
+std::atomic<std::FILE *> logFile{ nullptr };
+// Threads that may be about to write to it.
+std::atomic<int> writers{ 0 };
 QtMessageHandler previousMessageHandler = nullptr;
 
 const char *levelName(QtMsgType type)
@@ -36,15 +40,23 @@ QByteArray logLine(const char *level, const QMessageLogContext &context, const Q
         + ", " + context.function + ")\n";
 }
 
-/// Called on any thread that logs: one fwrite keeps a line whole.
+/// One fwrite keeps a line whole.
+void write(const QByteArray &line)
+{
+    ++writers;
+    if (std::FILE *file = logFile) {
+        std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), file);
+        std::fflush(file);
+    }
+    --writers;
+}
+
+/// Called on any thread that logs.
 void logMessageHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     const char *level = levelName(type);
-    if (logFile && level) {
-        const QByteArray line = logLine(level, context, message);
-        std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), logFile);
-        std::fflush(logFile);
-    }
+    if (logFile && level)
+        write(logLine(level, context, message));
     if (previousMessageHandler)
         previousMessageHandler(type, context, message);
 }
@@ -61,8 +73,11 @@ void setupMessageHandler()
 
 void closeLogFile()
 {
-    if (!logFile)
+    std::FILE *file = logFile.exchange(nullptr);
+    if (!file)
         return;
-    std::fclose(logFile);
-    logFile = nullptr;
+    // Nobody begins to write to it from here on.
+    while (writers > 0)
+        std::this_thread::yield();
+    std::fclose(file);
 }

@@ -14,6 +14,8 @@
 #include <QTextStream>
 #include <QUrl>
 
+#include <limits>
+
 namespace
 {
 const QLatin1String kDebugLocaleKey("debugLocale");
@@ -143,6 +145,13 @@ QString SystemService::getBase64FromFile(const QString &filename)
     QFile file(filename);
     if (!file.open(QFile::ReadOnly)) {
         Log::warning("cpp/SystemService", "SystemService::getBase64FromFile", __LINE__) << "failed to read" << filename;
+        return QString();
+    }
+    // The most whose text a string has room for, with a little left for its own needs.
+    constexpr qint64 limit = (std::numeric_limits<int>::max() / qint64(sizeof(QChar)) - 64) / 4 * 3;
+    if (file.size() > limit) {
+        Log::warning("cpp/SystemService", "SystemService::getBase64FromFile", __LINE__)
+            << "file too large" << filename << file.size();
         return QString();
     }
     QByteArray bytes(static_cast<int>(file.size()), Qt::Uninitialized);

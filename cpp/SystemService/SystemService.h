@@ -48,7 +48,7 @@ public:
     Q_INVOKABLE static bool isDir(const QString &path);
     /// The whole file as text, read as UTF-8; empty with a warning in the log if it can't be opened.
     Q_INVOKABLE static QString loadFile(const QString &filename);
-    /// The whole file in base64; empty with a warning in the log if it can't be opened.
+    /// The whole file in base64; empty with a warning in the log if it can't be opened or is too large.
     Q_INVOKABLE static QString getBase64FromFile(const QString &filename);
     /// The file's name without folder, and without all from its first dot on.
     Q_INVOKABLE static QString getFilenameBase(const QString &filename);

@@ -7,6 +7,7 @@
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialManager.h"
+#include "UndoRedo/UndoRedo.h"
 
 #include <QApplication>
 #include <QLocalSocket>
@@ -95,6 +96,8 @@ void TutorialManager::timerEvent(QTimerEvent *event)
 void TutorialManager::requestClose()
 {
     Log::debug(kFolder, "TutorialManager::requestClose", __LINE__);
+    if (UndoRedo *history = UndoRedo::instance())
+        history->removeTemporaryDir();
     if (closeLogFileHook)
         closeLogFileHook();
     // Without the destructors of the process: those of the web engine crash while its threads are

@@ -239,11 +239,18 @@ bool UndoRedo::isTemporaryDirAvailable() const
     return !mTemporaryDir.path().isEmpty();
 }
 
+void UndoRedo::removeTemporaryDir()
+{
+    if (isTemporaryDirAvailable())
+        mTemporaryDir.remove();
+}
+
 QString UndoRedo::createTemporaryDir()
 {
     const QString path = mTemporaryDir.path();
     const QString name = QString::number(mTemporaryDirCount);
-    if (!QDir(path).mkdir(name)) {
+    // An empty path would be the current folder.
+    if (!isTemporaryDirAvailable() || !QDir(path).mkdir(name)) {
         Log::warning(kFolder, "UndoRedo::createTemporaryDir", __LINE__) << "Failed to mkdir" << path << name;
         return QString();
     }

@@ -75,6 +75,8 @@ public:
     /// A new empty folder for as long as the history lives; an empty text with a warning in the log
     /// when it can't be made.
     QString createTemporaryDir();
+    /// Removes all such folders, before an end of the process without destructors.
+    void removeTemporaryDir();
 
     /// Each makes a command and adds it to the history, which must exist. The history owns the
     /// commands; what is returned is valid until the next change of the history.

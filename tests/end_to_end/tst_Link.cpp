@@ -3,6 +3,7 @@
 #include "Tutorial/HostRecord.h"
 #include "Tutorial/TranslationSource.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJSEngine>
@@ -11,6 +12,7 @@
 #include <QJsonObject>
 #include <QRandomGenerator>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -128,8 +130,10 @@ class tst_Link : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { qputenv("TMPDIR", QFile::encodeName(mTemporary.path())); }
     void aliveComesEachSecond();
     void endsWithTheLink();
+    void removesItsTemporaryFolder();
     void endsWithoutALink();
     void logHoldsOneRun();
     void tutorials_data();
@@ -137,6 +141,14 @@ private Q_SLOTS:
     void hostileBytes();
     void hugeTexts();
     void flood();
+
+private:
+    QStringList temporaryFolders() const
+    {
+        return QDir(mTemporary.path()).entryList({ QStringLiteral("Trelvane*") }, QDir::Dirs);
+    }
+
+    const QTemporaryDir mTemporary;
 };
 
 void tst_Link::aliveComesEachSecond()
@@ -163,6 +175,16 @@ void tst_Link::endsWithTheLink()
     QCOMPARE(host.process().exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.process().exitCode(), 0);
     QTRY_VERIFY(visibleWindows(processId).isEmpty());
+}
+
+void tst_Link::removesItsTemporaryFolder()
+{
+    HostPeer host;
+    QVERIFY(host.start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM)));
+    QTRY_COMPARE(temporaryFolders().size(), 1);
+    host.closeLink();
+    QVERIFY(host.waitForExit(5000));
+    QCOMPARE(temporaryFolders(), QStringList());
 }
 
 void tst_Link::endsWithoutALink()

@@ -1,12 +1,15 @@
 #include "ArrowAim.h"
 #include "EventLog.h"
 #include "HostScenario.h"
+#include "HostSession.h"
 #include "ScenarioWalker.h"
 #include "StepCondition.h"
 
 #include "Tutorial/GuidanceGeometry.h"
 
 #include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocumentFragment>
 
@@ -20,6 +23,7 @@ private Q_SLOTS:
     void meeting();
     void walk();
     void arrowTipStandsWhereTheStepPoints();
+    void makesTheFolderOfTheLog();
 };
 
 namespace
@@ -114,6 +118,20 @@ void tst_HostScenario::arrowTipStandsWhereTheStepPoints()
         const int tip = flips.vertical ? GuidanceGeometry::kArrowSize - tipInWindow : tipInWindow;
         QCOMPARE(GuidanceGeometry::restingPlace(sent, flips) + QPoint(0, tip), QPoint(100, y + tipInWindow));
     }
+}
+
+void tst_HostScenario::makesTheFolderOfTheLog()
+{
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
+    HostOptions options;
+    options.suffix = QStringLiteral("-folder-%1").arg(QCoreApplication::applicationPid());
+    options.program = QStringLiteral("true");
+    HostSession session(options);
+    QCOMPARE(session.begin(), QString());
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
+    QVERIFY(QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)).exists());
 }
 
 QTEST_MAIN(tst_HostScenario)

@@ -6,9 +6,13 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
+#include <thread>
+#include <vector>
+
 namespace
 {
-int forwarded = 0;
+std::atomic<int> forwarded{ 0 };
 
 void count(QtMsgType, const QMessageLogContext &, const QString &)
 {
@@ -39,6 +43,7 @@ private Q_SLOTS:
 
     void writesLinesAtOnce();
     void forwardsWithoutAFile();
+    void closesWhileOthersWrite();
 
 private:
     std::unique_ptr<QTemporaryDir> mFolder;
@@ -73,7 +78,7 @@ void tst_ProcessLog::writesLinesAtOnce()
         expected += QByteArray(type.second) + ": 次😀 %1 %4 %s (a.qml:12, run)\n";
         QCOMPARE(readAll(logPath()), expected);
     }
-    QCOMPARE(forwarded, 4);
+    QCOMPARE(forwarded.load(), 4);
     restartLog();
     qWarning("second run");
     QVERIFY(readAll(logPath()).startsWith("Warning: second run ("));
@@ -84,8 +89,32 @@ void tst_ProcessLog::forwardsWithoutAFile()
     QVERIFY(QDir(QFileInfo(logPath()).path()).removeRecursively());
     restartLog();
     qWarning("no folder");
-    QCOMPARE(forwarded, 1);
+    QCOMPARE(forwarded.load(), 1);
     QVERIFY(!QFile::exists(logPath()));
+}
+
+void tst_ProcessLog::closesWhileOthersWrite()
+{
+    for (int round = 0; round < 50; ++round) {
+        restartLog();
+        std::atomic<bool> stopped{ false };
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back([&stopped] {
+                while (!stopped)
+                    qWarning("line");
+            });
+        }
+        QTRY_VERIFY(forwarded > 100);
+        closeLogFile();
+        const QByteArray lines = readAll(logPath());
+        const int before = forwarded;
+        QTRY_VERIFY(forwarded > before + 100);
+        stopped = true;
+        for (std::thread &thread : threads)
+            thread.join();
+        QCOMPARE(readAll(logPath()), lines);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_ProcessLog)

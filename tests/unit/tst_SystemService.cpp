@@ -44,6 +44,10 @@ void tst_SystemService::readFiles()
     QVERIFY(file.flush());
     QCOMPARE(SystemService::loadFile(file.fileName()), QStringLiteral("\u3042\r\n\0z"));
     QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QStringLiteral("44GCDQoAeg=="));
+    // A larger one than its text has room for is not cut.
+    QVERIFY(file.resize((qint64(1) << 32) + 3));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("file too large.*4294967299")));
+    QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QString());
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("failed to read.*missing")));
     QCOMPARE(SystemService::loadFile(QStringLiteral("/missing/file")), QString());
 }

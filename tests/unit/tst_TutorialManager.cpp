@@ -22,6 +22,7 @@ private Q_SLOTS:
     void cleanup() { end(); }
 
     void sendsTheScenarioThatIsThere();
+    void answersForFilesAlone();
     void defersJumpLinks();
     void switchesTheLocale();
 };
@@ -67,6 +68,16 @@ void tst_TutorialManager::sendsTheScenarioThatIsThere()
     mManager->startFromId();
     QCOMPARE(mHost->next().value(1), kEmptyScenario);
     QCOMPARE(mManager->save(), QStringLiteral("Tutorial not loaded yet."));
+}
+
+void tst_TutorialManager::answersForFilesAlone()
+{
+    mManager->receive("requestPresetData|../../qml/Tutorial/Percent.js");
+    QCOMPARE(mHost->next().first(), QStringLiteral("feedbackPresetData"));
+    mWarnings.expect(QStringLiteral("Failed to open"));
+    mWarnings.expect(QStringLiteral("Failed to read"));
+    mManager->receive("requestPresetData|../../qml/Tutorial");
+    QVERIFY(mHost->silent(*mManager));
 }
 
 void tst_TutorialManager::defersJumpLinks()

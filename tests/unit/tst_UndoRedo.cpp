@@ -13,6 +13,7 @@ private Q_SLOTS:
     void savedState_data();
     void savedState();
     void unredoable();
+    void temporaryFolders();
 
 private:
     void step() { UndoRedo::renameItemCommand(1, QStringLiteral("n%1").arg(++mCount), QString(), QVariantMap()); }
@@ -86,6 +87,29 @@ void UndoRedoTest::unredoable()
     step();
     history().undo();
     QVERIFY(history().canRedo());
+}
+
+void UndoRedoTest::temporaryFolders()
+{
+    const QDir former(history().createTemporaryDir());
+    QVERIFY(former.exists());
+    history().removeTemporaryDir();
+    QVERIFY(!former.exists());
+
+    // Without a place for temporary folders none is made elsewhere.
+    const QTemporaryDir current;
+    const QString working = QDir::currentPath();
+    const QByteArray place = qgetenv("TMPDIR");
+    QVERIFY(QDir::setCurrent(current.path()));
+    qputenv("TMPDIR", "/dev/null"); // no folder at all
+    mSession.reset();
+    mSession = std::make_unique<EditingSession>();
+    QVERIFY(!history().isTemporaryDirAvailable());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to mkdir")));
+    QCOMPARE(history().createTemporaryDir(), QString());
+    QVERIFY(QDir().isEmpty());
+    place.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", place);
+    QDir::setCurrent(working);
 }
 
 QTEST_MAIN(UndoRedoTest)

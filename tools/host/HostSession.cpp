@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QScreen>
+#include <QStandardPaths>
 
 namespace
 {
@@ -105,6 +106,9 @@ QString HostSession::begin()
     }
     if (mOptions.program.isEmpty())
         return QString();
+    // The program writes its log only where there is a folder for it.
+    QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                  + QLatin1String("/Harnwick/Trelvane"));
     if (mOptions.programLog)
         mProgram.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     else
