@@ -4,8 +4,10 @@
 #include "Tutorial/TutorialIndicator.h"
 #include "Tutorial/TutorialTooltip.h"
 
+#include <QBuffer>
 #include <QPointer>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QTextEdit>
 #include <QtTest>
 
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void hintIsShownAsItStands();
     void hugeTextsAreCut_data();
     void hugeTextsAreCut();
+    void textsAreShownWhole();
     void buttonsFollowTheHeightAtRest();
     void closedTooltipIsMadeAnew();
     void closeLetsEverythingGo();
@@ -82,6 +85,9 @@ void tst_GuidanceWindows::hugeTextsAreCut_data()
     QTest::newRow("one word") << QString(size, QLatin1Char('x'));
     QTest::newRow("lines") << QString(size, QLatin1Char('\n'));
     QTest::newRow("pairs of surrogates") << QString::fromUtf8("a") + QString::fromUtf8("\U0001F600").repeated(size / 2);
+    QTest::newRow("tags") << QStringLiteral("<b>x</b>").repeated(size / 8);
+    QTest::newRow("table without end") << QStringLiteral("<table>")
+            + QStringLiteral("<tr><td>x</td></tr>").repeated(size / 19);
     QTest::newRow("tables in tables") << QStringLiteral("<table><tr><td>").repeated(200);
 }
 
@@ -93,9 +99,34 @@ void tst_GuidanceWindows::hugeTextsAreCut()
     tick(*mIndicator);
     editorTooltip.show(text, 100, 100);
     // Of the rest nothing is laid out.
-    QVERIFY(textEdit().document()->characterCount() < 5000);
-    QVERIFY(editorTooltip.mTextEdit->document()->characterCount() < 5000);
+    QVERIFY(textEdit().document()->characterCount() < 20000);
+    QVERIFY(editorTooltip.mTextEdit->document()->characterCount() < 20000);
     QVERIFY(!textEdit().toPlainText().contains(QChar::ReplacementCharacter));
+}
+
+// What has an end is not measured by its source.
+void tst_GuidanceWindows::textsAreShownWhole()
+{
+    const QString hint = QStringLiteral("word & line\n").repeated(1000);
+    mIndicator->setHint(hint);
+    QCOMPARE(textEdit().toPlainText(), hint);
+
+    QByteArray data;
+    QBuffer buffer(&data);
+    QRandomGenerator noise(1);
+    QImage picture(64, 64, QImage::Format_RGB32);
+    for (int i = 0; i < 64 * 64; ++i)
+        picture.setPixel(i % 64, i / 64, noise.generate());
+    picture.save(&buffer, "PNG");
+    const QString inlined = QStringLiteral("before<img src=\"data:image/png;base64,%1\">after");
+    const QString tables = QStringLiteral("<table><tr><td>cell</td></tr></table>").repeated(9);
+    EditorTooltip editorTooltip(nullptr, mContext.get());
+    editorTooltip.show(inlined.arg(QString::fromLatin1(data.toBase64())) + tables, 100, 100);
+    const QTextDocument &document = *editorTooltip.mTextEdit->document();
+    const QString shown = document.toPlainText();
+    QVERIFY(data.size() > 5000 && document.size().height() > 64);
+    QVERIFY(shown.startsWith(QLatin1String("before")) && shown.contains(QLatin1String("after")));
+    QVERIFY(shown.count(QLatin1String("cell")) == 9 && !shown.contains(QLatin1Char('<')));
 }
 
 void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()
