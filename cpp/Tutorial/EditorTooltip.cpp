@@ -6,6 +6,7 @@
 #include "Tutorial/HintText.h"
 #include "Tutorial/OverlayWindow.h"
 #include "Tutorial/WindowPlatform.h"
+#include "Tutorial/WindowShape.h"
 
 #include <QEvent>
 #include <QTextEdit>
@@ -57,6 +58,7 @@ void EditorTooltip::show(const QString &text, int x, int y)
     mDelayTicks = kDelay;
     mHoldTicks = kHold;
     mFadeTicks = kFade;
+    updateShape();
     QWidget::show();
 }
 
@@ -64,6 +66,12 @@ void EditorTooltip::timerEvent(QTimerEvent *)
 {
     if (!isVisible())
         return;
+    advance();
+    updateShape();
+}
+
+void EditorTooltip::advance()
+{
     if (mDelayTicks > 0) {
         if (--mDelayTicks == 0)
             mFadeTicks = kFade;
@@ -98,4 +106,13 @@ void EditorTooltip::setOpacity(float opacity)
 {
     setWindowOpacity(qreal(opacity));
     WindowPlatform::flush();
+}
+
+void EditorTooltip::updateShape()
+{
+    WindowShape::update(this, [this] {
+        // Nothing fades there either.
+        const bool isSeen = mTextEdit && !mTextEdit->isHidden() && windowOpacity() > 0;
+        return isSeen ? QRegion(mTextEdit->geometry()) : QRegion();
+    });
 }

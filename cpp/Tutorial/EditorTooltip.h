@@ -38,5 +38,7 @@ protected Q_SLOTS:
 private:
     Q_DISABLE_COPY(EditorTooltip)
 
+    void advance();
     void setOpacity(float opacity);
+    void updateShape();
 };

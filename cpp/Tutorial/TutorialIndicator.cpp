@@ -6,6 +6,7 @@
 #include "Tutorial/HintText.h"
 #include "Tutorial/TutorialTooltip.h"
 #include "Tutorial/WindowPlatform.h"
+#include "Tutorial/WindowShape.h"
 
 #include <QEvent>
 #include <QPushButton>
@@ -24,6 +25,7 @@ std::unique_ptr<QPushButton> makeButton(const QString &label)
     button->setAttribute(Qt::WA_ShowWithoutActivating);
     WindowPlatform::refuseFocus(button.get());
     WindowPlatform::keepAbove(button.get());
+    WindowShape::updateFixed(button.get());
     button->hide();
     return button;
 }
@@ -149,8 +151,14 @@ void TutorialIndicator::timerEvent(QTimerEvent *)
     // Windows at rest are placed again too when the hint was measured: the buttons follow its height.
     if (measureHint() || next != current)
         moveWindows(next.x(), next.y());
-    if (mTooltip)
+    for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
+        if (button)
+            WindowShape::updateFixed(button);
+    }
+    if (mTooltip) {
+        mTooltip->updateShape();
         repaintTooltip();
+    }
 }
 
 void TutorialIndicator::closeEvent(QCloseEvent *event)

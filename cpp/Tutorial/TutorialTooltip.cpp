@@ -6,6 +6,7 @@
 #include "Tutorial/GuidanceStep.h"
 #include "Tutorial/HintText.h"
 #include "Tutorial/OverlayWindow.h"
+#include "Tutorial/WindowShape.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -48,6 +49,7 @@ TutorialTooltip::TutorialTooltip(QWidget *parent)
     }
 
     OverlayWindow::setUp(this, kTooltipSize);
+    updateShape();
     show();
 }
 
@@ -70,18 +72,37 @@ void TutorialTooltip::paintEvent(QPaintEvent *event)
             painter.fillRect(iconClearRect(flipHorizontal), Qt::transparent);
         }
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-
-        if (mIndicator->mArrowVisible) {
-            painter.save();
-            painter.setTransform(arrowTransform(mIndicator->mFlipVertical, flipHorizontal), true);
-            painter.drawPixmap(0, bounceOffset(mIndicator->mElapsedTimer.elapsed()), mIndicator->mArrowPixmap);
-            painter.restore();
-        }
-
-        const QPixmap icon = mIndicator->icon();
-        painter.drawPixmap(iconPlace(icon.width(), flipHorizontal), icon);
+        drawStep(painter);
     }
     QWidget::paintEvent(event);
+}
+
+void TutorialTooltip::drawStep(QPainter &painter) const
+{
+    const bool flipHorizontal = mIndicator->mFlipHorizontal;
+    if (mIndicator->mArrowVisible) {
+        painter.save();
+        painter.setTransform(arrowTransform(mIndicator->mFlipVertical, flipHorizontal), true);
+        painter.drawPixmap(0, bounceOffset(mIndicator->mElapsedTimer.elapsed()), mIndicator->mArrowPixmap);
+        painter.restore();
+    }
+    const QPixmap icon = mIndicator->icon();
+    painter.drawPixmap(iconPlace(icon.width(), flipHorizontal), icon);
+}
+
+void TutorialTooltip::updateShape()
+{
+    WindowShape::update(this, [this] {
+        const QRect arrowAndIcon = arrowClearRect(false) | arrowClearRect(true);
+        QImage image(arrowAndIcon.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        {
+            QPainter painter(&image);
+            drawStep(painter);
+        }
+        const QRegion drawn = WindowShape::opaquePart(image);
+        return mTextEdit && !mTextEdit->isHidden() ? drawn | mTextEdit->geometry() : drawn;
+    });
 }
 
 void TutorialTooltip::closeEvent(QCloseEvent *event)

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QPainter;
 class QTextEdit;
 struct GuidanceStep;
 
@@ -22,6 +23,9 @@ public:
     GuidanceStep *mIndicator; ///< not owned
     QTextEdit *mTextEdit; ///< the hint, a child; null once the window was closed
 
+    /// Brings the window's shape in line with what it draws, where the screen isn't composed.
+    void updateShape();
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -31,4 +35,6 @@ protected Q_SLOTS:
 
 private:
     Q_DISABLE_COPY(TutorialTooltip)
+
+    void drawStep(QPainter &painter) const;
 };

@@ -18,6 +18,9 @@ void refuseFocus(QWidget *window);
 /// once, before the window is first shown. An open menu still covers it.
 void keepAbove(QWidget *window);
 
+/// Whether translucent windows show what is below them.
+bool isComposed();
+
 /// Sends what a timer has changed of a window at once, instead of with the next event.
 void flush();
 } // namespace WindowPlatform

@@ -9,5 +9,10 @@ void refuseFocus(QWidget *) { }
 
 void keepAbove(QWidget *) { }
 
+bool isComposed()
+{
+    return true;
+}
+
 void flush() { }
 } // namespace WindowPlatform

@@ -4,10 +4,12 @@
 #include "Tutorial/X11.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QVector>
 #include <QWidget>
 #include <QWindow>
+
+#include <qpa/qplatformnativeinterface.h>
 
 #include <xcb/shape.h>
 
@@ -125,6 +127,15 @@ void keepAbove(QWidget *window)
 {
     if (xcb_connection_t *xcb = connection())
         new StackingKeeper(window, xcb);
+}
+
+bool isComposed()
+{
+    if (!connection())
+        return true;
+    // The platform's plugin follows the compositors that come and go.
+    return QGuiApplication::platformNativeInterface()->nativeResourceForScreen(QByteArrayLiteral("compositingEnabled"),
+                                                                               QGuiApplication::primaryScreen());
 }
 
 void flush()

@@ -10,8 +10,10 @@
 #include <QApplication>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -214,6 +216,49 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(lost, QVector<int>(lost.size()));
+    }
+
+    // Where the screen isn't composed, the windows have the shape of what they draw.
+    void hidesNothingElse()
+    {
+        mGuidance->mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, mGuidance.get());
+        EditorTooltip &tip = *mGuidance->mEditorTooltip;
+        QVERIFY(moveTo({ 200, 100 }, 5));
+        const QPoint place = windowPlace(*mGuidance->mIndicator);
+        const auto pixel = [](const QPoint &point) {
+            return QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(), 1, 1).toImage().pixel(0, 0);
+        };
+        const QRgb beneath = pixel({ 950, 650 });
+        QVERIFY(beneath != qRgb(0, 0, 0));
+        // The hint, the middle of the button, the arrow, the text of the editor tooltip.
+        const QVector<QPoint> seen{ place + QPoint(380, 70), mGuidance->mIndicator->mNextButton->geometry().center(),
+                                    place + QPoint(66, 78), QPoint(100, 606) };
+        const QVector<QPoint> unseen{ place + QPoint(500, 400), place + QPoint(5, 5),
+                                      mGuidance->mIndicator->mNextButton->pos(), QPoint(300, 690) };
+        const auto showsOnlyWhatItDraws = [&](int from = 0) {
+            const auto isBeneath = [&](const QPoint &point) { return pixel(point) == beneath; };
+            return std::all_of(unseen.begin(), unseen.end(), isBeneath)
+                && std::none_of(seen.begin(), seen.end() - from, isBeneath);
+        };
+        tip.show(QStringLiteral("tip"), 100, 600);
+
+        QTRY_VERIFY(showsOnlyWhatItDraws(1) && pixel(seen.last()) == beneath);
+        tip.mDelayTicks = 1;
+        QTRY_COMPARE(tip.windowOpacity(), 1.0);
+        QTRY_VERIFY(showsOnlyWhatItDraws());
+        {
+            QProcess compositor;
+            compositor.start(QStringLiteral("picom"),
+                             { QStringLiteral("--backend"), QStringLiteral("xrender"), QStringLiteral("--config"),
+                               QStringLiteral("/dev/null") });
+            QTRY_VERIFY_WITH_TIMEOUT(mGuidance->mIndicator->mTooltip->mask().isEmpty() && tip.mask().isEmpty(), 20000);
+            QTRY_VERIFY_WITH_TIMEOUT(showsOnlyWhatItDraws(), 20000);
+            compositor.terminate();
+            QTRY_COMPARE(compositor.state(), QProcess::NotRunning);
+        }
+        QTRY_VERIFY(showsOnlyWhatItDraws());
+        tip.mHoldTicks = 1;
+        QTRY_COMPARE(pixel(seen.last()), beneath);
     }
 
     void buttonsTakeClicksAndNoKeys()
