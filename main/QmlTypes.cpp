@@ -1,5 +1,6 @@
 #include "QmlTypes.h"
 
+#include "quick/DocumentFollower.h"
 #include "quick/Gui.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialEventListModel.h"
@@ -31,6 +32,7 @@ void registerQmlTypes()
     registerSingleton<UndoRedo>("UndoRedo");
     registerSingleton<Gui>("Gui");
     qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
+    qmlRegisterType<DocumentFollower>(kModule, 1, 0, "DocumentFollower");
     qmlRegisterType<TreeListItemSelectionModel>(kModule, 1, 0, "TreeListItemSelectionModel");
     qmlRegisterType<TutorialEventListModel>(kModule, 1, 0, "TutorialEventListModel");
     qmlRegisterType<TutorialRaisedHandListModel>(kModule, 1, 0, "TutorialRaisedHandListModel");

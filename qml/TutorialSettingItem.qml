@@ -54,10 +54,13 @@ ItemFields {
             itemId = -1;
         readItem();
         updateJumpTreeJson();
-        if (itemId < 0) {
-            treeListView.focusId = -1;
-            treeListView.focusOn();
-        }
+        if (itemId < 0)
+            focusOnFirst();
+    }
+
+    function focusOnFirst() {
+        treeListView.focusId = -1;
+        treeListView.focusOn();
     }
 
     function updateJumpTreeJson() {
@@ -74,16 +77,21 @@ ItemFields {
         updating = alreadyUpdating;
     }
 
-    // The rows that the model brings in line lack what only the records know,
-    // and the item that is shown may be gone.
-    function afterTreeChange() {
-        tutorialItemListModel.refreshRoles();
-        if (tutorialItemListModel.exists(itemId)) {
-            updateJumpTreeJson();
-        } else {
+    // The rows are in line with the document, and the fields come after them. A
+    // step back or forth is shown in the tree.
+    function followDocument(showIds) {
+        if (!tutorialItemListModel.exists(itemId))
             itemId = -1;
-            readItem();
-        }
+        readFields();
+        if (showIds.length > 0)
+            treeListView.showIdList(showIds);
+    }
+
+    // It comes after a step back or forth.
+    function followJumpLink() {
+        follower.follow();
+        if (itemId < 0)
+            focusOnFirst();
     }
 
     // Edits of the tree
@@ -93,9 +101,7 @@ ItemFields {
         UndoRedo.beginSequence("addTutorialItem");
         var id = tutorialItemListModel.addItem(targetId);
         UndoRedo.endSequence();
-        updateJumpTreeJson();
-        treeListView.refreshPartial();
-        afterTreeChange();
+        follower.follow();
         treeListView.autoActiveFocusOneShot = true;
         treeListView.focusId = id;
         treeListView.focusOn();
@@ -104,7 +110,7 @@ ItemFields {
     function addFolder(targetId) {
         commitEditing();
         treeListView.addFolder(targetId);
-        afterTreeChange();
+        follower.follow();
     }
 
     function deleteIdList(idList) {
@@ -114,7 +120,7 @@ ItemFields {
         UndoRedo.beginSequence("deleteTutorialItem");
         treeListView.deleteIdList(idList);
         UndoRedo.endSequence();
-        afterTreeChange();
+        follower.follow();
     }
 
     function copyItems() {
@@ -127,8 +133,7 @@ ItemFields {
         UndoRedo.beginSequence("pasteTutorialItemList");
         var idList = TutorialManager.pasteTutorialItemList();
         UndoRedo.endSequence();
-        treeListView.refreshPartial();
-        afterTreeChange();
+        follower.follow();
         if (idList.length > 0)
             treeListView.setSelectedIdList(idList);
     }
@@ -137,7 +142,6 @@ ItemFields {
         UndoRedo.beginSequence(sequence);
         tutorialItemListModel.changeItemName(index, name);
         UndoRedo.endSequence();
-        updateJumpTreeJson();
     }
 
     // The tree calls this when a name was typed into a row.
@@ -152,10 +156,8 @@ ItemFields {
         // The row may stand elsewhere, or be gone, by the time of the answer.
         var id = tutorialItemListModel.data(index, tutorialItemListModel.RoleId);
         nameChangeDialog.dialogNameChange(text, newText, function() {
-            if (!tutorialItemListModel.exists(id))
-                return;
-            changeName("changeName", tutorialItemListModel.getModelIndexById(id), newText);
-            tutorialItemListModel.refreshPartial();
+            if (tutorialItemListModel.exists(id))
+                changeName("changeName", tutorialItemListModel.getModelIndexById(id), newText);
         });
     }
 
@@ -287,6 +289,16 @@ ItemFields {
         }
     }
 
+    DocumentFollower {
+        id: follower
+        history: UndoRedo
+        model: tutorialItemListModel
+        onRowsAboutToChange: treeListView.closeRows()
+        onRowsChanged: treeListView.openRows()
+        onTreeChanged: root.updateJumpTreeJson()
+        onFollowed: root.followDocument(showIds)
+    }
+
     AlertDialog {
         id: alertDialog
     }
@@ -307,13 +319,7 @@ ItemFields {
             commitEditing();
             TutorialManager.startFromId(id);
         });
-        treeListView.itemUpdated.connect(afterTreeChange);
-        treeListView.treeItemMoved.connect(afterTreeChange);
-        TutorialManager.jumpLinkChanged.connect(function() {
-            tutorialItemListModel.refreshPartial();
-            tutorialItemListModel.refreshRoles();
-            updateSettings();
-        });
+        TutorialManager.jumpLinkChanged.connect(followJumpLink);
         TutorialManager.documentReplaced.connect(showDocument);
         TutorialManager.actionIdChanged.connect(function(actionId) {
             treeListView.focusId = actionId;

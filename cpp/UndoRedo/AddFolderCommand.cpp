@@ -11,9 +11,10 @@ AddFolderCommand::AddFolderCommand(int targetId, int position, const QString &li
 bool AddFolderCommand::apply()
 {
     Document &data = document();
-    mNewId = DataSupport::getInt(option(), QStringLiteral("newId"), data.getNewId());
-    if (!insertAt(mTargetId, mPosition, Item(mNewId, true)))
+    const int newId = DataSupport::getInt(option(), QStringLiteral("newId"), data.getNewId());
+    if (!insertAt(mTargetId, mPosition, Item(newId, true)))
         return false;
+    mNewId = newId;
     auto record = std::make_unique<TutorialItemData>();
     record->mId = mNewId;
     record->mName = data.getNewName(QCoreApplication::translate("TutorialManager", "folder"), 0);

@@ -11,9 +11,12 @@ public:
     /// Valid once the command has run.
     int newId() const { return mNewId; }
 
+    QList<int> itemIds() const override { return { mNewId }; }
+
 private:
     bool apply() override;
     bool revert() override;
+    bool hasEffect() const override { return mNewId >= 0; }
 
     int mTargetId;
     int mPosition;

@@ -12,10 +12,10 @@ CreateItemCommand::CreateItemCommand(int targetId, int position, const QString &
 bool CreateItemCommand::apply()
 {
     Document &data = document();
-    if (mNewId < 0)
-        mNewId = data.getNewId();
-    if (!insertAt(mTargetId, mPosition, Item(mNewId, false)))
+    const int newId = mNewId < 0 ? data.getNewId() : mNewId;
+    if (!insertAt(mTargetId, mPosition, Item(newId, false)))
         return false;
+    mNewId = newId;
     auto record = std::make_unique<TutorialItemData>();
     record->mId = mNewId;
     record->mName = mName;

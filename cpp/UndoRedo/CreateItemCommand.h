@@ -12,9 +12,12 @@ public:
     /// Valid once the command has run; it keeps this id from then on.
     int newId() const { return mNewId; }
 
+    QList<int> itemIds() const override { return { mNewId }; }
+
 private:
     bool apply() override;
     bool revert() override;
+    bool hasEffect() const override { return mNewId >= 0; }
 
     int mTargetId;
     int mPosition;

@@ -3,6 +3,7 @@
 DeleteTreeItemCommand::DeleteTreeItemCommand(const QList<int> &idList, const QList<int> &allIdList,
                                              const QString &linkInfo, const QVariantMap &option)
     : TreeCommand(QStringLiteral("DeleteTreeItemCommand(%1)").arg(listText(idList)), linkInfo, option)
+    , mIdList(idList)
     , mAllIdList(allIdList)
 { }
 

@@ -12,10 +12,14 @@ public:
     DeleteTreeItemCommand(const QList<int> &idList, const QList<int> &allIdList, const QString &linkInfo,
                           const QVariantMap &option);
 
+    QList<int> itemIds() const override { return mIdList; }
+
 private:
     bool apply() override;
     bool revert() override;
+    bool hasEffect() const override { return !mTakenItems.isEmpty(); }
 
+    QList<int> mIdList;
     QList<int> mAllIdList;
     QList<TakenItem<TutorialItemData>> mTakenItems;
     std::vector<TakenRecord<TutorialItemData>> mDeletedList;

@@ -11,9 +11,12 @@ public:
     InsertTreeItemCommand(int targetId, int position, int newId, bool folder, TutorialItemData *data,
                           const QString &linkInfo, const QVariantMap &option);
 
+    QList<int> itemIds() const override { return { mNewId }; }
+
 private:
     bool apply() override;
     bool revert() override;
+    bool hasEffect() const override { return !mData; }
 
     int mTargetId;
     int mPosition;

@@ -22,6 +22,7 @@ public:
     bool applyValue(const QVariant &value, bool saveOld, bool saveNew) override;
     std::unique_ptr<UndoMergeableCommand> clone() const override;
     QString mergeKey() const override;
+    int itemId() const override { return mTutorialItemId; }
 
 private:
     int mTutorialItemId;

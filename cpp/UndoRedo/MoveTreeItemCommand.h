@@ -15,6 +15,8 @@ public:
     MoveTreeItemCommand(const QList<int> &idList, bool before, int targetId, const QString &linkInfo,
                         const QVariantMap &option);
 
+    QList<int> itemIds() const override { return mIdList; }
+
 private:
     struct Origin
     {
@@ -25,6 +27,7 @@ private:
 
     bool apply() override;
     bool revert() override;
+    bool hasEffect() const override { return !mOriginList.isEmpty(); }
 
     /// The ids that can move, in order, up to the first that can't.
     QList<int> movableIds() const;

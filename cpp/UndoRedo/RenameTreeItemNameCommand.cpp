@@ -28,6 +28,11 @@ bool RenameTreeItemNameCommand::apply()
     return true;
 }
 
+bool RenameTreeItemNameCommand::hasEffect() const
+{
+    return document().getData(mId) != nullptr;
+}
+
 bool RenameTreeItemNameCommand::revert()
 {
     if (TutorialItemData *record = document().getData(mId))

@@ -11,7 +11,21 @@ TreeCommand::TreeCommand(const QString &text, const QString &linkInfo, const QVa
     , mOption(option)
 { }
 
+bool TreeCommand::runAhead()
+{
+    mRanAhead = true;
+    run();
+    return hasEffect();
+}
+
 void TreeCommand::redo()
+{
+    if (!mRanAhead)
+        run();
+    mRanAhead = false;
+}
+
+void TreeCommand::run()
 {
     if (!apply())
         return;

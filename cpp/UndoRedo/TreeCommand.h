@@ -15,6 +15,11 @@ class TreeCommand : public QUndoCommand
 public:
     void undo() final;
     void redo() final;
+    /// Makes the first run before the push, whose own run is then passed over. False when there was
+    /// nothing to do.
+    bool runAhead();
+    /// The items that the command is about, without what they hold.
+    virtual QList<int> itemIds() const = 0;
 
     void setLinkInfo(const QString &linkInfo) { mLinkInfo = linkInfo; }
 
@@ -37,8 +42,13 @@ private:
     /// False when a step failed; the link then stays unset.
     virtual bool apply() = 0;
     virtual bool revert() = 0;
+    /// Whether the last run has changed the document.
+    virtual bool hasEffect() const = 0;
+
+    void run();
 
     QString mLinkInfo;
     QVariantMap mOption;
     bool mFirstRedo = true;
+    bool mRanAhead = false;
 };

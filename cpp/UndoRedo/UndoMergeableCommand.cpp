@@ -30,6 +30,14 @@ void UndoMergeableCommand::redo()
         command->doRedo();
 }
 
+QSet<int> UndoMergeableCommand::itemIds() const
+{
+    QSet<int> ids{ itemId() };
+    for (const auto &command : mMergedList)
+        ids.insert(command->itemId());
+    return ids;
+}
+
 bool UndoMergeableCommand::mergeWith(const QUndoCommand *other)
 {
     const auto *change = dynamic_cast<const UndoMergeableCommand *>(other);

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QPair>
+#include <QSet>
 #include <QUndoCommand>
 #include <QVariant>
 
@@ -37,7 +38,12 @@ public:
     /// What the command changes, as a text: only commands of one kind and one key can merge.
     virtual QString mergeKey() const = 0;
 
+    /// The item that the command changes.
+    virtual int itemId() const = 0;
+
     QVariant value() const { return mValue; }
+    /// The items that the command and all that it has taken in change.
+    QSet<int> itemIds() const;
 
 protected:
     explicit UndoMergeableCommand(const QVariant &value);

@@ -2,8 +2,11 @@
 
 #include "model/DocumentContext.h"
 #include "tool/Log.h"
+#include "TutorialEditor/Manager.h"
 #include "UndoRedo/ModifyTutorialItemDataCommand.h"
 #include "UndoRedo/PendingJumpLink.h"
+#include "UndoRedo/StepItems.h"
+#include "UndoRedo/TreeCommand.h"
 #include "UndoRedo/UnredoableCommand.h"
 
 #include <QAction>
@@ -64,12 +67,13 @@ UndoRedo::~UndoRedo()
 
 bool UndoRedo::canUndo() const
 {
-    return mUndoStack->canUndo();
+    return mSequenceNames.isEmpty() && mUndoStack->canUndo();
 }
 
 bool UndoRedo::canRedo() const
 {
-    return mUndoStack->canRedo() && mUndoStack->command(mUndoStack->index())->id() != UnredoableCommand::kId;
+    return mSequenceNames.isEmpty() && mUndoStack->canRedo()
+        && mUndoStack->command(mUndoStack->index())->id() != UnredoableCommand::kId;
 }
 
 void UndoRedo::onCanUndoChanged(bool canUndo)
@@ -97,24 +101,42 @@ void UndoRedo::beginSequence(const QString &name)
     mMergeable = false;
     mTransactionName = name;
     mSinceLastBegin.start();
-    if (mSequenceDepth == 0)
-        mSequenceRecorded = false;
-    mUndoStack->beginMacro(name);
-    ++mSequenceDepth;
+    mSequenceNames.append(name);
+}
+
+void UndoRedo::openMacros()
+{
+    for (; mOpenMacros < mSequenceNames.size(); ++mOpenMacros)
+        mUndoStack->beginMacro(mSequenceNames.at(mOpenMacros));
 }
 
 void UndoRedo::endSequence()
 {
-    const bool open = mSequenceDepth > 0;
-    if (open) {
+    const bool open = !mSequenceNames.isEmpty();
+    const bool recorded = mOpenMacros > 0;
+    if (open)
+        mSequenceNames.removeLast();
+    if (mOpenMacros > mSequenceNames.size()) {
+        --mOpenMacros;
         mUndoStack->endMacro();
-        --mSequenceDepth;
     }
-    if (mSequenceDepth > 0)
+    if (!mSequenceNames.isEmpty())
         return;
-    if (open && !mSequenceRecorded)
-        undoAndMakeUnredoable();
+    if (open && !recorded)
+        cutRedoSide();
     endTransaction();
+    if (recorded)
+        Q_EMIT documentChanged();
+}
+
+void UndoRedo::cutRedoSide()
+{
+    if (canRedo()) {
+        // The push deletes all that could be redone.
+        mUndoStack->push(new UnredoableCommand);
+        mUndoStack->undo();
+    }
+    setPendingJumpLink(QString());
 }
 
 void UndoRedo::beginSingle(const QString &name)
@@ -140,7 +162,7 @@ void UndoRedo::endSingle()
 void UndoRedo::endTransaction()
 {
     // A sequence round a single is still open.
-    mInTransaction = mSequenceDepth > 0;
+    mInTransaction = !mSequenceNames.isEmpty();
     mLastTransactionName = mTransactionName;
     mTransactionName.clear();
     mUnmergeable = false;
@@ -148,19 +170,34 @@ void UndoRedo::endTransaction()
 
 void UndoRedo::undo()
 {
+    if (!canUndo())
+        return;
+    const QUndoCommand *step = mUndoStack->command(mUndoStack->index() - 1);
     mUndoStack->undo();
+    tellStep(*step, true);
 }
 
 void UndoRedo::redo()
 {
-    if (canRedo())
-        mUndoStack->redo();
+    if (!canRedo())
+        return;
+    const QUndoCommand *step = mUndoStack->command(mUndoStack->index());
+    mUndoStack->redo();
+    tellStep(*step, false);
+}
+
+void UndoRedo::tellStep(const QUndoCommand &step, bool back)
+{
+    Q_EMIT stepped(stepItems(step), back);
+    Q_EMIT documentChanged();
 }
 
 void UndoRedo::clear()
 {
     mInTransaction = false;
-    mSequenceDepth = 0;
+    mSequenceNames.clear();
+    mOpenMacros = 0;
+    mRefused.reset();
     mUndoStack->clear();
     setModified(false);
 }
@@ -178,7 +215,7 @@ bool UndoRedo::isEmpty() const
 
 UndoMergeableCommand *UndoRedo::mergeTarget() const
 {
-    const bool mayMerge = mMergeable && mInTransaction && mSequenceDepth == 0 && !canRedo();
+    const bool mayMerge = mMergeable && mInTransaction && mSequenceNames.isEmpty() && !canRedo();
     if (!mayMerge || mUndoStack->index() == 0)
         return nullptr;
     const QUndoCommand *last = mUndoStack->command(mUndoStack->index() - 1);
@@ -191,6 +228,11 @@ UndoMergeableCommand *UndoRedo::mergeTarget() const
 void UndoRedo::addCommand(QUndoCommand *command)
 {
     std::unique_ptr<QUndoCommand> owned(command);
+    auto *treeCommand = dynamic_cast<TreeCommand *>(command);
+    if (treeCommand && !treeCommand->runAhead()) {
+        mRefused = std::move(owned);
+        return;
+    }
     UndoMergeableCommand *target = dynamic_cast<UndoMergeableCommand *>(command) ? mergeTarget() : nullptr;
     if (target)
         command->redo();
@@ -202,12 +244,14 @@ void UndoRedo::addCommand(QUndoCommand *command)
         // What can be redone was recorded on the present state, so that a step must lead to it.
         if (canRedo())
             mMergeable = false;
+        openMacros();
         mUndoStack->push(owned.release());
-        mSequenceRecorded = true;
         if (target)
             setPendingJumpLink(QString());
     }
     mMergeable = true;
+    if (mSequenceNames.isEmpty())
+        Q_EMIT documentChanged();
 }
 
 void UndoRedo::forgetMergedState()
@@ -220,6 +264,10 @@ void UndoRedo::forgetMergedState()
 
 void UndoRedo::recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo)
 {
+    if (!TutorialEditor::Manager::instance()->mData.getData(itemId)) {
+        Log::warning(kFolder, "UndoRedo::recordChange", __LINE__) << "tutorialItemData not found" << itemId;
+        return;
+    }
     PropertyHash target;
     target.insert(QStringLiteral("target"), propertyName);
     addCommand(new ModifyTutorialItemDataCommand(itemId, target, value, linkInfo));
@@ -227,11 +275,8 @@ void UndoRedo::recordChange(int itemId, const QString &propertyName, const QVari
 
 void UndoRedo::undoAndMakeUnredoable()
 {
-    mUndoStack->undo();
-    // The push deletes all that could be redone, and so what was just undone.
-    addCommand(new UnredoableCommand);
-    mUndoStack->undo();
-    setPendingJumpLink(QString());
+    undo();
+    cutRedoSide();
 }
 
 bool UndoRedo::isTemporaryDirAvailable() const

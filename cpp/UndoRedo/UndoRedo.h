@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QQuickItem>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QVariantMap>
 
@@ -64,8 +65,8 @@ public:
     Q_INVOKABLE QString lastTransactionName() const { return mLastTransactionName; }
     Q_INVOKABLE bool isTemporaryDirAvailable() const;
 
-    /// Carries the command out and holds it as a step, or as a part of one. Takes ownership; the
-    /// command may be gone when this returns.
+    /// Carries the command out and holds it as a step, or as a part of one; a tree command that
+    /// finds nothing to do is not held. Takes ownership; the command may be gone when this returns.
     void addCommand(QUndoCommand *command);
     void recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo) override;
     bool isEmpty() const override;
@@ -96,6 +97,11 @@ public:
 Q_SIGNALS:
     void canUndoChanged(bool canUndo);
     void canRedoChanged(bool canRedo);
+    /// A step has changed the document: one that is now complete, was taken back or was done again.
+    void documentChanged();
+    /// Comes before documentChanged when a step was taken back, or done again. The ids are those of
+    /// the items that it is about (see stepItems); they may be gone.
+    void stepped(const QList<int> &itemIds, bool back);
 
 private:
     UndoRedo();
@@ -104,6 +110,9 @@ private:
     void onCanRedoChanged(bool canRedo);
     void onIndexChanged(int index);
 
+    void openMacros();
+    void cutRedoSide();
+    void tellStep(const QUndoCommand &step, bool back);
     void endTransaction();
     UndoMergeableCommand *mergeTarget() const;
     void forgetMergedState();
@@ -114,14 +123,17 @@ private:
     QAction *mUndoAction;
     QAction *mRedoAction;
     bool mInTransaction = false;
-    int mSequenceDepth = 0;
-    // Whether the outermost open sequence holds a command.
-    bool mSequenceRecorded = false;
+    // The names of the open sequences. Their macros open with the first command, since a macro costs
+    // a full stack its oldest step even if it stays empty.
+    QStringList mSequenceNames;
+    int mOpenMacros = 0;
     QString mTransactionName;
     QString mLastTransactionName;
     QElapsedTimer mSinceLastBegin;
     bool mMergeable = false;
     bool mUnmergeable = false;
+    // The last command that found nothing to do.
+    std::unique_ptr<QUndoCommand> mRefused;
     QTemporaryDir mTemporaryDir;
     int mTemporaryDirCount = 0;
 };

@@ -64,6 +64,11 @@ QVariant TutorialItemListModel::getValue(int id, const QString &propertyName) co
     if (const TutorialItemData *record = document().getData(id))
         return record->getValue(propertyName);
     Log::warning(kFolder, "TutorialItemListModel::getValue", __LINE__) << "tutorialItemData not found" << id;
+    return getDefaultValue(propertyName);
+}
+
+QVariant TutorialItemListModel::getDefaultValue(const QString &propertyName) const
+{
     return TutorialItemData().getValue(propertyName);
 }
 

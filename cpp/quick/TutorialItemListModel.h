@@ -58,6 +58,8 @@ public:
     /// Brings the icon, the jump and the prohibition of the rows, and what folders show of their
     /// contents, in line with the records.
     Q_INVOKABLE void refreshRoles();
+    /// Whether there is a row for each item of the tree, in its place, and no other.
+    bool hasRowsOfDocument() const;
 
     /// Invalid when the model has no rows.
     Q_INVOKABLE QModelIndex getRootIndex() const;
@@ -78,8 +80,9 @@ public:
     /// those of the first children.
     Q_INVOKABLE QVariant getFocusIdList(int id) const;
     /// The id of the row that takes the place of the first of these when they go: the next one of its
-    /// folder, else the one above, else the folder; -1 if nothing is left.
-    Q_INVOKABLE int getNextId(const QList<int> &idList) const;
+    /// folder, else the one above (with fromAbove the other way round), else the folder; -1 if nothing
+    /// is left.
+    Q_INVOKABLE int getNextId(const QList<int> &idList, bool fromAbove = false) const;
     /// Where the rows would go if they were dropped between two neighbours of the visible list, with
     /// the mouse at x; an invalid indexLow is the end of the list. Empty if one of them may not go
     /// there. Else "before" with the "targetId" to stand before, or to go into when it is false, the
@@ -91,6 +94,8 @@ public:
 
     /// The default of the property, with a warning in the log, for an id without a record.
     Q_INVOKABLE QVariant getValue(int id, const QString &propertyName) const;
+    /// What a new item has.
+    Q_INVOKABLE QVariant getDefaultValue(const QString &propertyName) const;
     /// Changes the record and its row. "prohibited" of a folder goes to all items in it.
     Q_INVOKABLE void setValue(int id, const QString &propertyName, const QVariant &value);
 
@@ -128,6 +133,7 @@ private:
     static void copyRoles(QStandardItem &row);
     static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
     static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
+    static bool hasShapeOf(const QStandardItem &row, const Item &item);
     static void reconcileRows(QStandardItem &parentRow, const Item &node);
     static void reconcileStandingRow(QStandardItem &row, const Item &item);
     static void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);

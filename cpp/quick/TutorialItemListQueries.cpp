@@ -134,7 +134,7 @@ QVariant TutorialItemListModel::getFocusIdList(int id) const
     return QVariant::fromValue(idList);
 }
 
-int TutorialItemListModel::getNextId(const QList<int> &idList) const
+int TutorialItemListModel::getNextId(const QList<int> &idList, bool fromAbove) const
 {
     const QSet<int> gone = idSet(idList);
     const auto goes = [&gone](const QStandardItem *row) { return gone.contains(row->data(RoleId).toInt()); };
@@ -146,15 +146,16 @@ int TutorialItemListModel::getNextId(const QList<int> &idList) const
     const QStandardItem *folder = row ? row->parent() : nullptr;
     if (!folder)
         return -1;
-    for (int i = row->row() + 1; i < folder->rowCount(); ++i) {
-        if (!goes(folder->child(i)))
-            return folder->child(i)->data(RoleId).toInt();
-    }
-    for (int i = row->row() - 1; i >= 0; --i) {
-        if (!goes(folder->child(i)))
-            return folder->child(i)->data(RoleId).toInt();
-    }
-    return folder->data(RoleId).toInt();
+    const auto staying = [&](int step) {
+        const QStandardItem *sibling = folder->child(row->row() + step);
+        while (sibling && goes(sibling))
+            sibling = folder->child(sibling->row() + step);
+        return sibling;
+    };
+    const QStandardItem *next = staying(fromAbove ? -1 : 1);
+    if (!next)
+        next = staying(fromAbove ? 1 : -1);
+    return (next ? next : folder)->data(RoleId).toInt();
 }
 
 QString TutorialItemListModel::getTreeJson() const

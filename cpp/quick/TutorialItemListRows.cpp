@@ -88,6 +88,22 @@ void TutorialItemListModel::refreshPartial()
     reconcileRows(*invisibleRootItem(), wrapper);
 }
 
+bool TutorialItemListModel::hasRowsOfDocument() const
+{
+    return rowCount() == 1 && hasShapeOf(*item(0), TutorialEditor::Manager::instance()->mData.mRoot);
+}
+
+bool TutorialItemListModel::hasShapeOf(const QStandardItem &row, const Item &item)
+{
+    if (row.data(RoleId) != item.mId || row.data(RoleFolder) != item.mFolder || row.rowCount() != item.mChildren.size())
+        return false;
+    for (int i = 0; i < row.rowCount(); ++i) {
+        if (!hasShapeOf(*row.child(i), item.mChildren.at(i)))
+            return false;
+    }
+    return true;
+}
+
 void TutorialItemListModel::insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first,
                                           int last)
 {

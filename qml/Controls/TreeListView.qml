@@ -61,6 +61,11 @@ Rectangle {
     /// The folder that the drag would drop into; -2 for none.
     property int dndTargetFolderId: -2
 
+    /// While the rows change: how far the view was scrolled, and the folders that
+    /// were open.
+    property real placeBefore: 0
+    property var openBefore: []
+
     readonly property alias selection: selectionModel
     readonly property alias dropArea: dropArea
 
@@ -126,6 +131,22 @@ Rectangle {
         timers.startAutoSelect(idList, true);
     }
 
+    /// Selects rows that are there already, and scrolls as little as it takes to
+    /// show the first of them.
+    function showIdList(idList) {
+        idList.forEach(openFoldersOf);
+        selectionModel.setSelectedIdList(idList);
+        var id = idList[0];
+        selectionModel.setCurrentIndex(treeListModel.getModelIndexById(id), ItemSelectionModel.NoUpdate);
+        timers.showRow(id);
+        var delegate = getItemById(id);
+        if (delegate && view.activeFocus)
+            delegate.forceActiveFocus();
+        fillSelected(delegate, id);
+        focusId = id;
+        callUpdateSelectedItem();
+    }
+
     function scrollBottom() {
         view.scrollTo(view.flickableItem.contentHeight - view.viewport.height);
     }
@@ -179,16 +200,32 @@ Rectangle {
         return view.indexAt(x < 0 ? 64 : x, y < 0 ? 4 : y);
     }
 
-    /// Runs a change of the model's rows with the tree closed, which keeps the
-    /// view from showing rows twice, and leaves the view where it was.
-    function rebuild(change) {
+    /// Rows come and go with the tree closed, which keeps the view from showing
+    /// rows twice. Afterwards the view is where it was.
+    function closeRows() {
         dropArea.cancel();
-        var scrolled = view.scrolled();
+        placeBefore = view.scrolled();
+        openBefore = view.openFolders();
         view.collapse(treeListModel.getRootIndex());
+    }
+
+    function openRows() {
+        view.expand(treeListModel.getRootIndex());
+        // The row of a folder that was moved is a new one, and closed.
+        openBefore.forEach(function(id) {
+            var index = treeListModel.getModelIndexById(id);
+            if (index.valid && !view.isExpanded(index))
+                view.expand(index);
+        });
+        openBefore = [];
+        view.scrollTo(placeBefore);
+    }
+
+    function rebuild(change) {
+        closeRows();
         change();
         treeListModel.refreshRoles();
-        view.expand(treeListModel.getRootIndex());
-        view.scrollTo(scrolled);
+        openRows();
     }
 
     function openFoldersOf(id) {

@@ -113,20 +113,33 @@ Item {
         restart();
     }
 
+    /// Shows the item. What is being typed in a field is gone.
     function readItem() {
+        readFields();
         updating = true;
-        px = model.getValue(itemId, "x");
-        py = model.getValue(itemId, "y");
-        windowKey = model.getValue(itemId, "windowKey");
-        hint = model.getValue(itemId, "hint");
-        hint2 = model.getValue(itemId, "hint2");
-        condition = model.getValue(itemId, "condition");
-        jump = model.getValue(itemId, "jump");
-        jumpNo = model.getValue(itemId, "jumpNo");
-        icon = model.getValue(itemId, "icon");
-        command = model.getValue(itemId, "command");
-        showArrow = model.getValue(itemId, "showArrow");
         showFields();
+        updating = false;
+    }
+
+    function fieldOf(key) {
+        return itemId < 0 ? model.getDefaultValue(key) : model.getValue(itemId, key);
+    }
+
+    /// Reads what the document says. A field whose value has not changed keeps
+    /// what is being typed.
+    function readFields() {
+        updating = true;
+        px = fieldOf("x");
+        py = fieldOf("y");
+        windowKey = fieldOf("windowKey");
+        hint = fieldOf("hint");
+        hint2 = fieldOf("hint2");
+        condition = fieldOf("condition");
+        jump = fieldOf("jump");
+        jumpNo = fieldOf("jumpNo");
+        icon = fieldOf("icon");
+        command = fieldOf("command");
+        showArrow = fieldOf("showArrow");
         updating = false;
     }
 

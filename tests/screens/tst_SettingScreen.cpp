@@ -1,5 +1,4 @@
-#include "MainWindowFixture.h"
-
+#include "SettingScreenTest.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TranslationSource.h"
 #include "Tutorial/TutorialManager.h"
@@ -16,20 +15,8 @@
 
 namespace
 {
-const QString kScenario = QStringLiteral("tutorial-win/qml/Tutorial/TutorialSideViewStep0.js");
 const QString kTranslation = QStringLiteral("tutorial-win/translations/%1.ts");
 const QString kContext = QStringLiteral("TutorialSideViewStep0");
-
-std::unique_ptr<MainWindowFixture> fixture;
-
-QByteArray item(int id, const char *name, const char *condition)
-{
-    return QStringLiteral("{\"id\":%1,\"name\":\"%2\",\"folder\":false,\"x\":10,\"y\":20,\"windowKey\":\"MainWindow\","
-                          "\"condition\":\"%3\",\"hint\":qsTr(\"#%1\"),\"icon\":\"eye\",\"jump\":-1,\"jumpNo\":-1,"
-                          "\"command\":\"\",\"showArrow\":true,\"prohibited\":false}")
-        .arg(QString::number(id), QLatin1String(name), QLatin1String(condition))
-        .toUtf8();
-}
 
 QString savedHint(const QString &locale, int id)
 {
@@ -44,12 +31,12 @@ QString savedHint(const QString &locale, int id)
 Q_DECLARE_METATYPE(std::function<void()>)
 
 /// The settings screen and the event dialog in the real application window, by mouse and key events.
-class tst_SettingScreen : public QObject
+class tst_SettingScreen : public SettingScreenTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase() { load(); }
     void init();
     void cleanup();
 
@@ -64,42 +51,10 @@ private Q_SLOTS:
     void missingHintsAreMarked();
     void hintsSurvive();
     void eventIsTakenOver();
-
-private:
-    QQuickItem *find(const char *name) { return mWindow->findChild<QQuickItem *>(QLatin1String(name)); }
-    QString shown(const char *field) { return find(field)->property("text").toString(); }
-    QQuickItem *screen() { return find("TutorialSettingItem"); }
-    QQuickItem *tree() { return find("treeListView"); }
-    int currentId() { return screen()->property("itemId").toInt(); }
-    QString condition(int id) { return record(id)->mCondition; }
-    static TutorialItemData *record(int id) { return TutorialEditor::Manager::instance()->mData.getData(id); }
-    static QString lastStep() { return UndoRedo::instance()->lastTransactionName(); }
-
-    void settle();
-    void select(int id);
-    static void click(QQuickItem *target);
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(mWindow, Qt::Key(key), modifiers);
-    }
-    void type(const QString &text);
-    void typeInto(const char *name, const QString &text);
-
-    QQuickWindow *mWindow = nullptr; // owned by the fixture
 };
-
-void tst_SettingScreen::initTestCase()
-{
-    fixture = std::make_unique<MainWindowFixture>();
-    QVERIFY(fixture->load());
-    mWindow = fixture->window();
-}
 
 void tst_SettingScreen::init()
 {
-    MainWindowFixture::writeFile(kScenario,
-                                 R"(var scenario = [{"id":1,"name":"folder","folder":true,"children":[)"
-                                     + item(2, "first", "click") + ',' + item(3, "second", "") + "]}];");
     for (const QString &locale : { QStringLiteral("ja_JP"), QStringLiteral("en_US") }) {
         QDomDocument document = TranslationSource::emptyDocument(locale);
         TranslationSource::writeMessages(document, kContext,
@@ -107,9 +62,9 @@ void tst_SettingScreen::init()
         MainWindowFixture::writeFile(kTranslation.arg(locale), document.toByteArray());
     }
     managerInstance->setLocale(QStringLiteral("ja_JP"));
-    QCOMPARE(managerInstance->loadTutorial(QFileInfo(kScenario).absoluteFilePath()), QString());
-    QMetaObject::invokeMethod(mWindow, "reloadTutorial");
-    QVERIFY(fixture->activate());
+    loadScenario(R"({"id":1,"name":"folder","folder":true,"children":[)"
+                 + itemText(2, QStringLiteral("first"), QStringLiteral("click")) + ','
+                 + itemText(3, QStringLiteral("second")) + "]}");
     select(2);
 }
 
@@ -121,54 +76,11 @@ void tst_SettingScreen::cleanup()
         dialog->close();
 }
 
-/// What follows a selection in short timers must not take the focus from what is done next.
-void tst_SettingScreen::settle()
-{
-    QTRY_VERIFY([this] {
-        for (const QObject *each : tree()->findChildren<QObject *>()) {
-            if (each->inherits("QQmlTimer") && each->property("running").toBool())
-                return false;
-        }
-        return true;
-    }());
-}
-
-void tst_SettingScreen::select(int id)
-{
-    tree()->setProperty("focusId", id);
-    QMetaObject::invokeMethod(tree(), "focusOn");
-    QTRY_COMPARE(currentId(), id);
-    settle();
-}
-
-void tst_SettingScreen::click(QQuickItem *target)
-{
-    // On a small screen the form has to be scrolled.
-    for (QQuickItem *each = target; each; each = each->parentItem()) {
-        if (each->metaObject()->indexOfMethod("scrollTo(QVariant)") >= 0 && each->property("focusItem").isValid())
-            QMetaObject::invokeMethod(each, "scrollTo", Q_ARG(QVariant, QVariant::fromValue(target)));
-    }
-    MainWindowFixture::click(target);
-}
-
-void tst_SettingScreen::type(const QString &text)
-{
-    for (const QChar character : text)
-        QTest::keyClick(mWindow, character.toLatin1());
-}
-
-void tst_SettingScreen::typeInto(const char *name, const QString &text)
-{
-    click(find(name));
-    press(Qt::Key_A, Qt::ControlModifier);
-    type(text);
-}
-
 void tst_SettingScreen::keysStayWhereTheyWere()
 {
     // Nothing was clicked yet. The menu bar takes the focus with Escape and with Alt.
     const auto goesOn = [this](int key, int id) {
-        QTRY_VERIFY(fixture->evaluate(QStringLiteral("activeMenu !== null && activeMenu.addItemMi.enabled")).toBool());
+        QTRY_VERIFY(mFixture->evaluate(QStringLiteral("activeMenu !== null && activeMenu.addItemMi.enabled")).toBool());
         press(key);
         QTRY_COMPARE(currentId(), id);
         settle();
@@ -324,10 +236,10 @@ void tst_SettingScreen::takenNameIsAskedFor()
         MainWindowFixture::answer(taken ? QMessageBox::Yes : QMessageBox::No);
         QTRY_COMPARE(record(2)->mName, taken ? QStringLiteral("second1") : QStringLiteral("first"));
         QCOMPARE(UndoRedo::instance()->canUndo(), taken);
-        QVERIFY(fixture->activate());
-        QTRY_VERIFY(fixture->evaluate(QStringLiteral("activeMenu !== null")).toBool());
+        QVERIFY(mFixture->activate());
+        QTRY_VERIFY(mFixture->evaluate(QStringLiteral("activeMenu !== null")).toBool());
     }
-    QCOMPARE(lastStep(), QStringLiteral("changeName"));
+    QCOMPARE(UndoRedo::instance()->lastTransactionName(), QStringLiteral("changeName"));
 }
 
 void tst_SettingScreen::localeIsSwitched()
@@ -336,7 +248,7 @@ void tst_SettingScreen::localeIsSwitched()
     const QString second = QStringLiteral("en_US");
     typeInto("hint.edit", QStringLiteral("new"));
     for (const bool switched : { false, true }) {
-        QVERIFY(fixture->activate());
+        QVERIFY(mFixture->activate());
         find("localeComboBox")->forceActiveFocus();
         press(Qt::Key_E);
         MainWindowFixture::answer(switched ? QMessageBox::Yes : QMessageBox::No);
@@ -412,8 +324,8 @@ void tst_SettingScreen::eventIsTakenOver()
         return nullptr;
     };
     const QString kind = QStringLiteral("eventLog");
-    fixture->host().send({ kind, QStringLiteral("append"), QStringLiteral("<b>click</b>,Row &amp; more") });
-    fixture->host().send({ kind, QStringLiteral("raisedHand"), QStringLiteral("MainWindow/<i>tool</i>") });
+    mFixture->host().send({ kind, QStringLiteral("append"), QStringLiteral("<b>click</b>,Row &amp; more") });
+    mFixture->host().send({ kind, QStringLiteral("raisedHand"), QStringLiteral("MainWindow/<i>tool</i>") });
     QTRY_VERIFY(row("eventList") && row("trackingList"));
     // A folder takes none; the item does.
     for (const int id : { 1, 2 }) {
@@ -436,9 +348,7 @@ int main(int argc, char *argv[])
 {
     const auto application = MainWindowFixture::makeApplication(argv[0]);
     tst_SettingScreen test;
-    const int result = QTest::qExec(&test, argc, argv);
-    fixture.reset();
-    return result;
+    return QTest::qExec(&test, argc, argv);
 }
 
 #include "tst_SettingScreen.moc"

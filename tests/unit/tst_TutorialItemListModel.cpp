@@ -1,5 +1,6 @@
 #include "EditingSession.h"
 #include "quick/TutorialItemListModel.h"
+#include "support/ModelText.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>
@@ -7,19 +8,6 @@
 namespace
 {
 using Model = TutorialItemListModel;
-
-/// All that the rows show.
-QString contentOf(const QModelIndex &index)
-{
-    QString text =
-        QStringLiteral("%1 %2 %3 %4 %5 %6(")
-            .arg(index.data(Model::RoleId).toString(), index.data(Model::RoleName).toString(),
-                 index.data(Model::RoleIcon).toString(), index.data(Model::RoleJump).toString(),
-                 QString::number(index.data(Model::RoleProhibited).toBool()), index.data(Model::RoleFolder).toString());
-    for (int i = 0; i < index.model()->rowCount(index); ++i)
-        text += contentOf(index.model()->index(i, 0, index));
-    return text + QLatin1Char(')');
-}
 
 /// Document, history and model, with the model under watch.
 struct ModelSession : EditingSession
@@ -73,7 +61,7 @@ void TutorialItemListModelTest::refreshPartialFollows()
     session.load(after);
     session.model.refreshPartial();
     session.model.refreshRoles();
-    QCOMPARE(contentOf(session.model.getRootIndex()), contentOf(Model().getRootIndex()));
+    QCOMPARE(modelText(session.model.getRootIndex()), modelText(Model().getRootIndex()));
 }
 
 void TutorialItemListModelTest::refreshRolesIsRefresh()
@@ -85,7 +73,7 @@ void TutorialItemListModelTest::refreshRolesIsRefresh()
     });
     session.record(5)->mProhibited = true;
     session.model.refreshRoles();
-    QCOMPARE(contentOf(session.model.getRootIndex()), contentOf(Model().getRootIndex()));
+    QCOMPARE(modelText(session.model.getRootIndex()), modelText(Model().getRootIndex()));
     QVERIFY(session.prohibited(4));
     session.history().undo();
     session.model.refreshPartial();

@@ -38,6 +38,15 @@ Item {
         delaySelectTimer.start();
     }
 
+    /// Brings a row into view whose delegate may not have been made yet, in place
+    /// of what was to be selected.
+    function showRow(id) {
+        autoFocusTimer.stop();
+        autoSelectTimer.stop();
+        delaySelectTimer.select = false;
+        startDelaySelect(id);
+    }
+
     function startAutoOpen(id) {
         autoOpenTimer.folderId = id;
         autoOpenTimer.restart();

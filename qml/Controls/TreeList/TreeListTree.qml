@@ -33,6 +33,24 @@ TreeView {
         return shown;
     }
 
+    /// The ids of the folders that are open, whether they are in a closed one or not.
+    function openFolders() {
+        var ids = [];
+        addOpenFolders(model.getRootIndex(), ids);
+        return ids;
+    }
+
+    function addOpenFolders(folder, ids) {
+        for (var i = 0; i < model.rowCount(folder); ++i) {
+            var index = model.index(i, 0, folder);
+            if (model.rowCount(index) === 0)
+                continue;
+            if (isExpanded(index))
+                ids.push(tree.getIdByIndex(index));
+            addOpenFolders(index, ids);
+        }
+    }
+
     /// How many rows are shown above one that is shown.
     function rowsAbove(index) {
         var count = 0;

@@ -57,27 +57,22 @@ inline QString documentDifference(TreeDataTemplate<TutorialItemData> &data, Refe
     return QString();
 }
 
-/// Empty, or which row differs from the reference. The roles beside name and id follow later.
-inline QString rowDifference(const QModelIndex &index, const ReferenceNode &node, ReferenceDocument &reference,
-                             bool roles)
+/// Empty, or which row differs from the reference.
+inline QString rowDifference(const QModelIndex &index, const ReferenceNode &node, ReferenceDocument &reference)
 {
     const ReferenceRecord *record = reference.record(node.id);
     const QString name = record ? record->name : QStringLiteral("/");
-    bool same = index.data(TutorialItemListModel::RoleId) == node.id
-        && index.data(TutorialItemListModel::RoleName) == name
-        && index.model()->rowCount(index) == node.children.size();
-    if (roles) {
-        same = same && index.data(TutorialItemListModel::RoleFolder) == node.folder
-            && index.data(TutorialItemListModel::RoleProhibited).toBool() == reference.shownProhibited(node)
-            && (!record
-                || (index.data(TutorialItemListModel::RoleIcon) == record->values.value(QStringLiteral("icon"))
-                    && index.data(TutorialItemListModel::RoleJump) == record->values.value(QStringLiteral("jump"))));
-    }
+    const bool same = index.data(TutorialItemListModel::RoleId) == node.id
+        && index.data(TutorialItemListModel::RoleName) == name && index.model()->rowCount(index) == node.children.size()
+        && index.data(TutorialItemListModel::RoleFolder) == node.folder
+        && index.data(TutorialItemListModel::RoleProhibited).toBool() == reference.shownProhibited(node)
+        && (!record
+            || (index.data(TutorialItemListModel::RoleIcon) == record->values.value(QStringLiteral("icon"))
+                && index.data(TutorialItemListModel::RoleJump) == record->values.value(QStringLiteral("jump"))));
     if (!same)
         return QStringLiteral("row of item %1 in %2").arg(node.id).arg(reference.text());
     for (int i = 0; i < node.children.size(); ++i) {
-        const QString different =
-            rowDifference(index.model()->index(i, 0, index), node.children.at(i), reference, roles);
+        const QString different = rowDifference(index.model()->index(i, 0, index), node.children.at(i), reference);
         if (!different.isEmpty())
             return different;
     }

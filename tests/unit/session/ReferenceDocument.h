@@ -221,9 +221,10 @@ public:
             records.end());
     }
 
-    /// One after the other, up to the first that has no place to go.
-    void move(const QList<int> &idList, bool before, int targetId)
+    /// One after the other, up to the first that has no place to go. False if that is the first.
+    bool move(const QList<int> &idList, bool before, int targetId)
     {
+        bool moved = false;
         for (const int id : idList) {
             const ReferenceNode asItWas = root;
             int index = -1;
@@ -232,10 +233,12 @@ public:
             ReferenceNode *target = before ? root.parentOf(targetId, index) : root.find(targetId);
             if (!target) {
                 root = asItWas;
-                return;
+                return moved;
             }
             target->children.insert(before ? index : target->children.size(), node);
+            moved = true;
         }
+        return moved;
     }
 
     /// What a folder shows: it holds at least one item, and all that it holds are prohibited.

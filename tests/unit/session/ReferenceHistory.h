@@ -32,8 +32,8 @@ public:
 
     void endSequence(const ReferenceDocument &document)
     {
-        if (mDepth > 0 && --mDepth == 0)
-            finishSequence(document);
+        if (mDepth > 0 && --mDepth == 0 && mRecorded)
+            push({ document, mEndsWithItemChange });
         if (mDepth == 0)
             endTransaction();
     }
@@ -98,15 +98,6 @@ private:
         ReferenceDocument document;
         bool endsWithItemChange;
     };
-
-    void finishSequence(const ReferenceDocument &document)
-    {
-        push({ document, mEndsWithItemChange });
-        if (!mRecorded) {
-            mSteps.removeLast();
-            --mIndex;
-        }
-    }
 
     void cutRedo()
     {
