@@ -117,17 +117,18 @@ MenuBar {
         MenuSeparator {}
 
         MenuItem {
+            objectName: "undo"
             text: qsTranslate("main", "&Undo")
             shortcut: StandardKey.Undo
             enabled: UndoRedo.canUndo
-            onTriggered: UndoRedo.undo()
+            onTriggered: root.window.undo()
         }
 
         MenuItem {
             text: qsTranslate("main", "&Redo")
             shortcut: StandardKey.Redo
             enabled: UndoRedo.canRedo
-            onTriggered: UndoRedo.redo()
+            onTriggered: root.window.redo()
         }
 
         MenuSeparator {}
@@ -136,14 +137,14 @@ MenuBar {
             text: qsTranslate("main", "Start tutorial")
             shortcut: StandardKey.Refresh
             enabled: root.tutorialLoaded
-            onTriggered: TutorialManager.startFromId(-1)
+            onTriggered: root.window.startFromId(-1)
         }
 
         MenuItem {
             text: qsTranslate("main", "Start current")
             shortcut: "F6"
             enabled: root.tutorialLoaded
-            onTriggered: TutorialManager.startFromId(root.window.currentId())
+            onTriggered: root.window.startFromId(root.window.currentId())
         }
     }
 

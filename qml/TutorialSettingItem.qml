@@ -161,21 +161,7 @@ ItemFields {
         });
     }
 
-    // What the bottom area does
-
-    function save() {
-        applicationWindow.saveTutorial();
-    }
-
-    function undo() {
-        commitEditing();
-        UndoRedo.undo();
-    }
-
-    function redo() {
-        commitEditing();
-        UndoRedo.redo();
-    }
+    // The language
 
     function chooseLocale(locale) {
         if (locale === TutorialManager.locale)
@@ -316,8 +302,7 @@ ItemFields {
             updateSelectedItem();
         });
         treeListView.itemDoubleClicked.connect(function(id) {
-            commitEditing();
-            TutorialManager.startFromId(id);
+            applicationWindow.startFromId(id);
         });
         TutorialManager.jumpLinkChanged.connect(followJumpLink);
         TutorialManager.documentReplaced.connect(showDocument);

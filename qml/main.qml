@@ -73,6 +73,8 @@ ApplicationWindow {
             item.forceActiveFocus();
     }
 
+    // What menus, buttons and keys do alike; whatever is being typed comes first.
+
     function saveTutorial() {
         saveTutorialAnd(function() {});
     }
@@ -84,6 +86,21 @@ ApplicationWindow {
             tutorialFile.save("", callback);
         else
             callback(false);
+    }
+
+    function undo() {
+        if (commitEditing())
+            UndoRedo.undo();
+    }
+
+    function redo() {
+        if (commitEditing())
+            UndoRedo.redo();
+    }
+
+    function startFromId(id) {
+        if (commitEditing())
+            TutorialManager.startFromId(id);
     }
 
     function exit() {

@@ -12,6 +12,9 @@ Rectangle {
     property alias selectByMouse: input.selectByMouse
     property alias maximumLength: input.maximumLength
 
+    /// Gets the keys before the field does, if it is set.
+    property Item keyFilter: null
+
     signal editingFinished()
 
     border.width: 1
@@ -28,6 +31,7 @@ Rectangle {
         selectByMouse: true
         activeFocusOnTab: true
         focus: true
+        Keys.forwardTo: root.keyFilter ? [root.keyFilter] : []
         onEditingFinished: root.editingFinished()
     }
 

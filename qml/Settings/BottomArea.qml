@@ -30,7 +30,7 @@ Rectangle {
             objectName: "saveButton"
             text: qsTranslate("TutorialSettingItem", "Save")
             enabled: TutorialManager.tutorialName !== ""
-            onClicked: root.screen.save()
+            onClicked: applicationWindow.saveTutorial()
         }
     }
 
@@ -78,7 +78,7 @@ Rectangle {
             imageSource: "../../icon/undo.png"
             tooltip: root.plain(qsTranslate("main", "&Undo"))
             enabled: UndoRedo.canUndo
-            onClicked: root.screen.undo()
+            onClicked: applicationWindow.undo()
         }
 
         IconButton {
@@ -86,7 +86,7 @@ Rectangle {
             imageSource: "../../icon/redo.png"
             tooltip: root.plain(qsTranslate("main", "&Redo"))
             enabled: UndoRedo.canRedo
-            onClicked: root.screen.redo()
+            onClicked: applicationWindow.redo()
         }
     }
 }

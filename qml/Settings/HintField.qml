@@ -37,6 +37,10 @@ Rectangle {
     border.width: 1
     border.color: "black"
 
+    HistoryKeys {
+        id: historyKeys
+    }
+
     ScrollView {
         id: view
         anchors.fill: parent
@@ -57,6 +61,7 @@ Rectangle {
             onTextChanged: root.edited(text)
             onCursorRectangleChanged: if (activeFocus) root.followCursor()
 
+            Keys.forwardTo: historyKeys
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         }

@@ -25,5 +25,10 @@ RectangleTextInput {
 
     height: 32
 
+    keyFilter: historyKeys
     onEditingFinished: commit()
+
+    HistoryKeys {
+        id: historyKeys
+    }
 }

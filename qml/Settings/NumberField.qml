@@ -32,5 +32,10 @@ SpinBox {
     minimumValue: -9999
     maximumValue: 4096
 
+    Keys.forwardTo: historyKeys
     onEditingFinished: commit()
+
+    HistoryKeys {
+        id: historyKeys
+    }
 }

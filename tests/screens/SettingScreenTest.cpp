@@ -19,6 +19,9 @@ void SettingScreenTest::loadScenario(const QByteArray &items)
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(scenarioPath()).absoluteFilePath()), QString());
     QMetaObject::invokeMethod(mWindow, "reloadTutorial");
     QVERIFY(mFixture->activate());
+    // The screen goes to the first item by itself.
+    QTRY_VERIFY(currentId() >= 0);
+    settle();
 }
 
 QByteArray SettingScreenTest::itemText(int id, const QString &name, const QString &condition)
