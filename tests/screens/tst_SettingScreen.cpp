@@ -199,7 +199,7 @@ void tst_SettingScreen::textThatCantBeSavedIsRefused()
     const QString text = QStringLiteral("a];b");
     const auto isRefused = [&] {
         const bool told = MainWindowFixture::answer(QMessageBox::Ok).contains(text);
-        return fixture->activate() && told && !UndoRedo::instance()->canUndo();
+        return mFixture->activate() && told && !UndoRedo::instance()->canUndo();
     };
     for (const char *field : { "windowKey", "condition", "command" }) {
         const QString before = record(2)->getValue(QLatin1String(field)).toString();
@@ -339,7 +339,7 @@ void tst_SettingScreen::eventIsTakenOver()
 
     // The newest line comes into view; what isn't in view has no row.
     for (int i = 0; i < 500; ++i)
-        fixture->host().send({ kind, QStringLiteral("append"), QString::number(i) });
+        mFixture->host().send({ kind, QStringLiteral("append"), QString::number(i) });
     QTRY_VERIFY(row("eventList", 500));
     QTRY_VERIFY(!row("eventList", 400));
 }
