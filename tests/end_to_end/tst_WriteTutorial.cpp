@@ -123,9 +123,9 @@ bool tst_WriteTutorial::fillIn(const Step &step)
 
 void tst_WriteTutorial::choose(const QPoint &button, int id)
 {
-    // Behind (Next) and a separator stand the folders with their items.
+    // The menu opens at (Next). After that and a separator stand the folders with their items.
     click(button);
-    QStringList keys = { QStringLiteral("Down") };
+    QStringList keys;
     for (const Folder &folder : folders()) {
         keys.append(QStringLiteral("Down"));
         const auto begin = folder.steps.begin();
