@@ -45,10 +45,14 @@ TreeDrop belowFolder(const TreeDropRow &dragged, const TreeDropRow &up, const Tr
         return {};
     if (depth == 0 && dragged.ancestorId() == low.ancestorId())
         return {};
+    const int folderId = up.path.value(up.depth() - depth + 1, -1);
+    // At the end of the list a folder may leave its own for the root, with what it shows.
+    if (!low.exists() && depth == 0 && dragged.depth() > 0)
+        return into(folderId, depth);
     if (low.isBelow(dragged) || up.isBelow(dragged))
         return {};
     if (depth > low.depth() || !low.exists())
-        return into(up.path.value(up.depth() - depth + 1, -1), depth);
+        return into(folderId, depth);
     return dragged.id() == low.id() ? TreeDrop() : before(low);
 }
 } // namespace

@@ -40,14 +40,14 @@ public:
         mFirst = mLast = index;
     }
 
-    void finish()
+    QItemSelection finish()
     {
         if (mFirst.isValid())
             mSelection.append(QItemSelectionRange(mFirst, mLast));
         mFirst = mLast = QModelIndex();
+        return mSelection;
     }
 
-    const QItemSelection &selection() const { return mSelection; }
     const QModelIndexList &indexes() const { return mIndexes; }
 
 private:
@@ -56,6 +56,14 @@ private:
     QModelIndex mFirst;
     QModelIndex mLast;
 };
+
+QSet<QModelIndex> indexSet(const QModelIndexList &indexes)
+{
+    QSet<QModelIndex> set;
+    for (const QModelIndex &index : indexes)
+        set.insert(index);
+    return set;
+}
 
 void appendWanted(const QStandardItem &parentRow, const QModelIndex &parentIndex, const QAbstractItemModel &model,
                   const std::function<bool(int id)> &wanted, TreeOrderSelection &selection)
@@ -136,14 +144,30 @@ void TreeListItemSelectionModel::toggleSelected(const QModelIndex &modelIndex)
 void TreeListItemSelectionModel::selectWanted(const QStandardItem &invisibleRoot,
                                               const std::function<bool(int id)> &wanted)
 {
-    TreeOrderSelection selection;
-    appendWanted(invisibleRoot, QModelIndex(), *model(), wanted, selection);
-    selection.finish();
-    if (selection.indexes() == selectedIndexes())
+    const QModelIndexList selectedNow = selectedIndexes();
+    const QSet<QModelIndex> before = indexSet(selectedNow);
+    // The question is to be asked of each row but once.
+    TreeOrderSelection all;
+    appendWanted(invisibleRoot, QModelIndex(), *model(), wanted, all);
+    const QSet<QModelIndex> after = indexSet(all.indexes());
+    if (!after.intersects(before)) {
+        // Qt compares each range that goes with each that comes, unless they come after it.
+        clearSelection();
+        select(all.finish(), Select);
         return;
-    // In two steps, as Qt compares each range that goes with each that comes.
-    clearSelection();
-    select(selection.selection(), Select);
+    }
+    TreeOrderSelection gone;
+    for (const QModelIndex &index : selectedNow) {
+        if (!after.contains(index))
+            gone.append(index);
+    }
+    TreeOrderSelection come;
+    for (const QModelIndex &index : all.indexes()) {
+        if (!before.contains(index))
+            come.append(index);
+    }
+    select(gone.finish(), Deselect);
+    select(come.finish(), Select);
 }
 
 void TreeListItemSelectionModel::setSelectedIdList(const QList<int> &idList)

@@ -29,7 +29,8 @@ public:
     Q_INVOKABLE QModelIndex getFirstSelectedModelIndex() const;
     /// Leaves the other rows and the current index alone.
     Q_INVOKABLE void toggleSelected(const QModelIndex &modelIndex);
-    /// Makes the selection equal to the list; ids without a row are passed over.
+    /// Makes the selection equal to the list; ids without a row are passed over. What stays selected
+    /// is never deselected on the way.
     Q_INVOKABLE void setSelectedIdList(const QList<int> &idList);
     /// Selects all rows from the current one to that one, both included, in tree order, and no
     /// others.

@@ -73,6 +73,12 @@ void TreeDropRulesTest::decides()
     QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 1), QString());
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, -2, 9), QStringLiteral("false 3"));
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, -2, -3), QStringLiteral("false -1"));
+    // Below the last folder, which is closed or empty.
+    QCOMPARE(drop("1 2[3[]]", 1, 3, -2, 2), QStringLiteral("false 3"));
+    QCOMPARE(drop("1 2[3[4]]", 3, 3, -2, 0), QStringLiteral("false -1"));
+    QCOMPARE(drop("1[2[3[]]]", 2, 3, -2, 0), QStringLiteral("false -1"));
+    QCOMPARE(drop("1[2[3[]]]", 2, 3, -2, 1), QString());
+    QCOMPARE(drop("1[2[3[]]]", 1, 3, -2, 0), QString());
 }
 
 void TreeDropRulesTest::landsWhereTheMarkerStands()

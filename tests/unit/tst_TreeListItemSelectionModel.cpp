@@ -21,6 +21,7 @@ private Q_SLOTS:
     void cleanup();
     void treeSelected();
     void betweenCurrentAnd();
+    void keepsWhatStaysSelected();
     void survivesRefreshPartial();
 
 private:
@@ -69,6 +70,18 @@ void TreeListItemSelectionModelTest::betweenCurrentAnd()
     QCOMPARE(selectedBetween(9, 5), QStringLiteral("5 6 7 8 9"));
     QCOMPARE(selectedBetween(-1, 2), QStringLiteral("-1 1 2"));
     QCOMPARE(mSelection->currentIndex(), at(-1));
+}
+
+void TreeListItemSelectionModelTest::keepsWhatStaysSelected()
+{
+    mSelection->setSelectedIdList({ 9, 3, 1 });
+    QSignalSpy changes(mSelection.get(), &TreeListItemSelectionModel::selectedIdListChanged);
+    mSelection->setSelectedIdList({ 1, 3, 9 });
+    QCOMPARE(changes.count(), 0);
+    connect(mSelection.get(), &TreeListItemSelectionModel::selectionChanged, this,
+            [this] { QVERIFY(mSelection->isSelected(at(3)) && mSelection->isSelected(at(9))); });
+    mSelection->setSelectedIdList({ 9, 3, 6, 7 });
+    QCOMPARE(join(mSelection->getTreeSelectedIdList()), QStringLiteral("3 6 7 9"));
 }
 
 void TreeListItemSelectionModelTest::survivesRefreshPartial()

@@ -1,4 +1,5 @@
 #include "EditingSession.h"
+#include "UndoRedo/CreateItemCommand.h"
 
 #include <QtTest>
 
@@ -52,8 +53,10 @@ void UndoRedoTest::singleInsideASequence()
 void UndoRedoTest::savedState_data()
 {
     QTest::addColumn<bool>("modified");
-    // s: a step in a sequence, u: undo, r: redo, S: save, c: clear, e: an empty sequence.
-    for (const char *script : { "su", "sSur", "sSe", "sSusc", "ssssssssssSsu", "ssssssssssuuuuuuuuuu" })
+    // s: a step in a sequence, u: undo, r: redo, S: save, c: clear, e: an empty sequence, x: commands
+    // that find nothing to do.
+    for (const char *script : { "su", "sSur", "sSe", "sSusc", "ssssssssssSsu", "ssssssssssuuuuuuuuuu", "x",
+                                "sssssssssseuuuuuuuuuu", "ssssssssssxuuuuuuuuuu" })
         QTest::newRow(script) << false;
     for (const char *script : { "s", "sSu", "ssSus", "ssSusu", "sSueu", "sssssssssssuuuuuuuuuu" })
         QTest::newRow(script) << true;
@@ -64,6 +67,14 @@ void UndoRedoTest::savedState()
     QFETCH(bool, modified);
     const QHash<char, std::function<void()>> actions = {
         { 's', [this] { mSession->sequence(QStringLiteral("step"), [this] { step(); }); } },
+        { 'x',
+          [] {
+              UndoRedo::renameItemCommand(99, QStringLiteral("n"), QString(), QVariantMap());
+              UndoRedo::moveItemsCommand({ 99 }, true, 1, QString(), QVariantMap());
+              UndoRedo::moveItemsCommand({ 1 }, true, 99, QString(), QVariantMap());
+              UndoRedo::deleteItemsCommand({ 99 }, QString(), QVariantMap());
+              QVERIFY(UndoRedo::createItemCommand(99, -1, QString(), QString(), QVariantMap())->newId() < 0);
+          } },
         { 'e', [this] { mSession->sequence(QStringLiteral("empty"), [] {}); } },
         { 'u', [this] { history().undo(); } },
         { 'r', [this] { history().redo(); } },
