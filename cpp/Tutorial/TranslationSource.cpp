@@ -84,7 +84,8 @@ bool isBlank(const QDomNode &node)
 /// Blanks between elements are the layout of the file, which the writer makes anew. All others are text.
 void removeLayout(QDomNode parent)
 {
-    bool holdsElements = false;
+    static const QStringList structure = { QStringLiteral("TS"), kContext, kMessage };
+    bool holdsElements = structure.contains(parent.nodeName());
     bool holdsText = false;
     for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
         holdsElements = holdsElements || (node.isElement() && node.nodeName() != kByte);

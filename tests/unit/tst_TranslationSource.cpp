@@ -129,6 +129,14 @@ void tst_TranslationSource::keepsBlanks()
         QVERIFY(bytes.contains("\n            <source>"));
         QCOMPARE(parse(bytes).toByteArray(4), bytes);
     }
+    // Where nothing stands between them yet, they are layout too.
+    QByteArray written;
+    for (const char *contexts : { "", "\n", "\n<context>\n<name>T</name></context>\n" }) {
+        QDomDocument source = document(contexts);
+        TranslationSource::writeMessages(source, kContext, { { kKey, QStringLiteral("a") } });
+        written = written.isEmpty() ? source.toByteArray(4) : written;
+        QCOMPARE(source.toByteArray(4), written);
+    }
 }
 
 void tst_TranslationSource::leavesAllElseUntouched()
