@@ -159,6 +159,7 @@ void TutorialManager::mergeHints(const QString &locale, QDomDocument &document, 
     const TranslationSource::Messages loaded = mLoadedHints.value(locale);
     const TranslationSource::Messages onDisk = TranslationSource::readMessages(document).value(mTranslationContext);
     QVector<TranslationSource::Entry> entries;
+    bool taken = false;
     mEditorManager->mData.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
         TutorialItemData *record = item.mFolder ? nullptr : mEditorManager->mData.getData(item.mId);
         if (!record)
@@ -171,7 +172,7 @@ void TutorialManager::mergeHints(const QString &locale, QDomDocument &document, 
         if (theirs != before && own == before) {
             // Past the history: this is no edit of the writer's.
             own = theirs;
-            setPendingJumpLink(key);
+            taken = true;
         } else if (theirs != before && own != theirs) {
             Log::warning(kFolder, "TutorialManager::feedbackTranslation", __LINE__)
                 << "changed here and in the file" << locale << key << theirs;
@@ -179,6 +180,8 @@ void TutorialManager::mergeHints(const QString &locale, QDomDocument &document, 
         entries.append({ key, own });
     });
     TranslationSource::writeMessages(document, mTranslationContext, entries);
+    if (taken)
+        Q_EMIT documentReplaced();
 }
 
 bool TutorialManager::feedbackTranslation()
