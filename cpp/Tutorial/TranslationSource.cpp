@@ -1,5 +1,8 @@
 #include "Tutorial/TranslationSource.h"
 
+#include "tool/DataSupport.h"
+
+#include <QRegularExpression>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
@@ -111,9 +114,26 @@ bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
     reader.setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"), true);
     QXmlInputSource source;
     source.setData(bytes);
+    QString text = source.data();
+    // What is read in part only must not be written back.
+    if (DataSupport::isDamaged(text, bytes))
+        return false;
+    // It leaves this to its caller, too.
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    source.setData(text);
     return document.setContent(&source, &reader);
 }
 QT_WARNING_POP
+
+/// The writer writes UTF-8, whatever the file was in.
+void declareUtf8(const QDomDocument &document)
+{
+    static const QRegularExpression encoding(QStringLiteral("encoding='(?!utf-8')[^']*'"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
+    if (declaration.target() == QLatin1String("xml"))
+        declaration.setData(declaration.data().replace(encoding, QStringLiteral("encoding='utf-8'")));
+}
 
 void appendText(QDomElement &element, const QString &text)
 {
@@ -211,6 +231,7 @@ bool TranslationSource::parse(const QByteArray &bytes, QDomDocument &document)
         return false;
     removeLayout(parsed);
     keepBytesInLine(parsed);
+    declareUtf8(parsed);
     document = parsed;
     return true;
 }

@@ -92,7 +92,7 @@ QStringList Manager::setContents(const QString &filename)
     QString text = stream.readAll();
     // A read that broke off is no blank file.
     const bool blank = text.trimmed().isEmpty() && file.error() == QFile::NoError;
-    const bool damaged = text.contains(QChar::ReplacementCharacter) && !bytes.contains("\xef\xbf\xbd");
+    const bool damaged = DataSupport::isDamaged(text, bytes);
     file.close();
 
     text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));

@@ -16,6 +16,8 @@ public:
 
     /// The whole file; bytes is left alone when the file can't be opened.
     static bool readFile(const QString &path, QByteArray &bytes);
+    /// Whether the text that was read from the bytes has replacement characters for what could not be read.
+    static bool isDamaged(const QString &text, const QByteArray &bytes);
     /// Writes a new file beside the old one and puts it in its place, so that a failure or a crash leaves the old one
     /// whole. Links are followed and permissions kept. Where the folder refuses a new file, and for what is no regular
     /// file, it writes in place.

@@ -108,6 +108,12 @@ bool DataSupport::readFile(const QString &path, QByteArray &bytes)
     return true;
 }
 
+bool DataSupport::isDamaged(const QString &text, const QByteArray &bytes)
+{
+    // Those that stand in the file itself are its text.
+    return text.count(QChar::ReplacementCharacter) > bytes.count("\xef\xbf\xbd");
+}
+
 bool DataSupport::writeFile(const QString &path, const QByteArray &bytes)
 {
     const QFileInfo target = linkTarget(path);

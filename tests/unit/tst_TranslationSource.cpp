@@ -2,6 +2,7 @@
 #include "Tutorial/TranslationSource.h"
 
 #include <QRandomGenerator>
+#include <QTextCodec>
 #include <QtTest>
 
 using TranslationSource::Entry;
@@ -73,6 +74,7 @@ private Q_SLOTS:
     void leavesAllElseUntouched();
     void writes();
     void keepsTexts();
+    void readsOtherLineEndsAndEncodings();
 
 private:
     WarningGuard mWarnings;
@@ -212,6 +214,23 @@ void tst_TranslationSource::keepsTexts()
         for (const Entry &entry : { first, second })
             QCOMPARE(messages.value(entry.source), entry.translation);
     }
+}
+
+void tst_TranslationSource::readsOtherLineEndsAndEncodings()
+{
+    const QString text = QString::fromUtf8("é\n\rb");
+    const QString source = QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\r\n<TS>\r\n%2</TS>\r\n")
+                               .arg(QStringLiteral("%1"), QString::fromUtf8(context("T", translated("é\r\n&#xd;b"))));
+    for (const char *encoding : { "utf-8", "ISO-8859-1", "utf-16" }) {
+        const QByteArray bytes = QTextCodec::codecForName(encoding)->fromUnicode(source.arg(QLatin1String(encoding)));
+        const QByteArray written = parse(bytes).toByteArray(4);
+        QCOMPARE(parse(written).toByteArray(4), written);
+        QCOMPARE(TranslationSource::readMessages(parse(written)).value(kContext).value(kKey), text);
+    }
+    // Bytes that can't be read would be gone from what is written.
+    QDomDocument none;
+    QVERIFY(!TranslationSource::parse("<TS>" + context("T", translated("\xef\xbf\xbd\xe9")) + "</TS>", none));
+    QVERIFY(none.isNull());
 }
 
 QTEST_GUILESS_MAIN(tst_TranslationSource)
