@@ -16,6 +16,8 @@ Button {
     /// Set, the next walk of the tree selects its first enabled item.
     property bool initialAutoSelect: false
     property Toolkit.Menu lastPopup: null
+    /// What lastPopup was made of. To make a menu takes long, and from one step to the next it is the same.
+    property string menuText: ""
     property int iwidth: 16
     property int iheight: 16
     readonly property int popupItemId: lastPopup ? lastPopup.itemId : -1
@@ -81,10 +83,16 @@ Button {
         var text = "";
         try {
             text = ItemMenu.menuText(tree);
+            if (text === menuText) {
+                ItemMenu.enableItems(lastPopup.items, tree.children);
+                return;
+            }
             var menu = Qt.createQmlObject(text, root, "buttonPopup");
             var old = lastPopup;
+            ItemMenu.enableItems(menu.items, tree.children);
             menu.itemId = itemId;
             lastPopup = menu;
+            menuText = text;
             if (old)
                 old.destroy();
         } catch (error) {

@@ -25,8 +25,17 @@ function entry(child) {
         return "Menu { title: " + shown(child.name) + "\n" + opensAtItem + entries(child.children) + "\n}";
     var id = Number(child.id);
     return "MenuItem { property int itemId: " + id + "; text: " + shown(child.name) + "\n"
-        + (child.enabled === false ? "enabled: false\n" : "")
         + "onTriggered: { console.log(\"PopupMenuButton: item " + id + "\"); root.itemId = " + id + "; }\n}";
+}
+
+/// Enables the items of a menu that was made of those children, or of ones that differ in nothing else.
+function enableItems(items, children) {
+    (children || []).forEach(function(child, i) {
+        if (child.folder)
+            enableItems(items[i].items, child.children);
+        else if (!child.separator && items[i].enabled !== (child.enabled !== false))
+            items[i].enabled = !items[i].enabled;
+    });
 }
 
 /// Where that item, or a folder that holds it, stands in a menu's items; -1 if nowhere.
@@ -38,7 +47,7 @@ function indexOfItem(items, itemId) {
     return -1;
 }
 
-/// A Menu with an int property `itemId`, which a chosen entry sets to its id.
+/// A Menu with an int property `itemId`, which a chosen entry sets to its id. All its items are enabled.
 function menuText(tree) {
     return "import QtQuick 2.9\nimport QtQuick.Controls 1.4\n"
         + "Menu {\nid: root\nproperty int itemId: -1\n" + opensAtItem + entries(tree.children) + "\n}";
