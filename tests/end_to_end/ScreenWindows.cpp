@@ -65,6 +65,14 @@ int ScreenWindows::stackingPlace(WId window)
     return -1;
 }
 
+bool ScreenWindows::areManaged()
+{
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb())).data->root;
+    const auto cookie = xcb_get_property(xcb(), false, root, atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+    const auto reply = owned(xcb_get_property_reply(xcb(), cookie, nullptr));
+    return reply && reply->type == XCB_ATOM_WINDOW;
+}
+
 QPoint ScreenWindows::place(WId window)
 {
     const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb())).data->root;

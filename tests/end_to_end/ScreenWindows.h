@@ -12,6 +12,9 @@ bool isKeptAbove(WId window);
 /// The place among the windows of the screen from the bottom up, menus included; -1 while unseen.
 int stackingPlace(WId window);
 
+/// Whether there is a window manager.
+bool areManaged();
+
 /// The upper left corner on the screen.
 QPoint place(WId window);
 } // namespace ScreenWindows

@@ -94,6 +94,12 @@ bool xdotool(const QStringList &arguments)
         && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
+bool isAbove(WId window, const Neighbour &other)
+{
+    return ScreenWindows::isKeptAbove(window)
+        && ScreenWindows::stackingPlace(window) > ScreenWindows::stackingPlace(other.window().toULongLong());
+}
+
 bool click(const QPoint &point)
 {
     return xdotool({ QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
@@ -205,17 +211,24 @@ private Q_SLOTS:
             mNeighbour->forget();
             QVERIFY(click({ 700 + round, 600 }));
             QTRY_COMPARE(mNeighbour->clicks().size(), 1);
-            const WId neighbour = mNeighbour->window().toULongLong();
             for (int i = 0; i < lost.size(); ++i) {
                 const WId window = mGuidance->windows().at(i)->winId();
-                const auto isAbove = [&] {
-                    return ScreenWindows::isKeptAbove(window)
-                        && ScreenWindows::stackingPlace(window) > ScreenWindows::stackingPlace(neighbour);
-                };
-                lost[i] += !QTest::qWaitFor(isAbove, 1000);
+                lost[i] += !QTest::qWaitFor([&] { return isAbove(window, *mNeighbour); }, 1000);
             }
         }
         QCOMPARE(lost, QVector<int>(lost.size()));
+
+        // A window that opens later goes below them too; without a window manager, once they are shown again.
+        const Neighbour dialog;
+        QTRY_VERIFY(ScreenWindows::stackingPlace(dialog.window().toULongLong()) >= 0);
+        for (const bool shownAgain : { false, true }) {
+            if (shownAgain) {
+                mGuidance->hide();
+                mGuidance->updateGuidanceVisibility();
+            }
+            for (const QWidget *window : mGuidance->windows())
+                QTRY_VERIFY(isAbove(window->winId(), dialog) || !(shownAgain || ScreenWindows::areManaged()));
+        }
     }
 
     // Where the screen isn't composed, the windows have the shape of what they draw.

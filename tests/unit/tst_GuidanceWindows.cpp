@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTextEdit>
+#include <QTextFrame>
 #include <QtTest>
 
 #include <memory>
@@ -125,8 +126,8 @@ void tst_GuidanceWindows::textsAreShownWhole()
     const QTextDocument &document = *editorTooltip.mTextEdit->document();
     const QString shown = document.toPlainText();
     QVERIFY(data.size() > 5000 && document.size().height() > 64);
+    QVERIFY(document.rootFrame()->childFrames().size() >= 9);
     QVERIFY(shown.startsWith(QLatin1String("before")) && shown.contains(QLatin1String("after")));
-    QVERIFY(shown.count(QLatin1String("cell")) == 9 && !shown.contains(QLatin1Char('<')));
 }
 
 void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()

@@ -91,6 +91,7 @@ void tst_TranslationSource::reads_data()
     row(message("#1", "<translation type=\"unfinished\">a</translation>"), "a");
     row(message("#1", "<translation type=\"unfinished\"></translation>"), "none");
     row(translated("a") + obsolete("b"), "a");
+    row(translated("a") + translated("b"), "b");
     row(message("#1", "<comment>c</comment><translation>a</translation>"), "none");
     row("<message numerus=\"yes\"><source>#1</source><translation><numerusform>a</numerusform></translation></message>",
         "none");

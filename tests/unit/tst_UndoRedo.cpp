@@ -1,4 +1,5 @@
 #include "EditingSession.h"
+#include "UndoRedo/AddFolderCommand.h"
 #include "UndoRedo/CreateItemCommand.h"
 
 #include <QtTest>
@@ -74,6 +75,8 @@ void UndoRedoTest::savedState()
               UndoRedo::moveItemsCommand({ 1 }, true, 99, QString(), QVariantMap());
               UndoRedo::deleteItemsCommand({ 99 }, QString(), QVariantMap());
               QVERIFY(UndoRedo::createItemCommand(99, -1, QString(), QString(), QVariantMap())->newId() < 0);
+              QVERIFY(UndoRedo::addFolderCommand(99, -1, QString(), QVariantMap())->newId() < 0);
+              UndoRedo::insertItemCommand(99, -1, 98, false, new TutorialItemData, QString(), QVariantMap());
           } },
         { 'e', [this] { mSession->sequence(QStringLiteral("empty"), [] {}); } },
         { 'u', [this] { history().undo(); } },
