@@ -15,7 +15,7 @@ namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial";
 
-constexpr QLatin1String kSuffix(".js");
+const QLatin1String kSuffix(".js");
 
 QString baseName(const QString &filename)
 {
