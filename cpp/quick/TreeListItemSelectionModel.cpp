@@ -4,6 +4,8 @@
 #include "tool/IdSet.h"
 #include "tool/Log.h"
 
+#include <QSignalBlocker>
+
 namespace
 {
 constexpr char kFolder[] = "cpp/quick";
@@ -150,12 +152,8 @@ void TreeListItemSelectionModel::selectWanted(const QStandardItem &invisibleRoot
     TreeOrderSelection all;
     appendWanted(invisibleRoot, QModelIndex(), *model(), wanted, all);
     const QSet<QModelIndex> after = indexSet(all.indexes());
-    if (!after.intersects(before)) {
-        // Qt compares each range that goes with each that comes, unless they come after it.
-        clearSelection();
-        select(all.finish(), Select);
+    if (after == before)
         return;
-    }
     TreeOrderSelection gone;
     for (const QModelIndex &index : selectedNow) {
         if (!after.contains(index))
@@ -166,8 +164,14 @@ void TreeListItemSelectionModel::selectWanted(const QStandardItem &invisibleRoot
         if (!before.contains(index))
             come.append(index);
     }
-    select(gone.finish(), Deselect);
-    select(come.finish(), Select);
+    {
+        // Qt compares each range that comes or goes with each that stands. So for a moment, which nobody is told of,
+        // none stands.
+        const QSignalBlocker blocker(this);
+        clearSelection();
+        select(all.finish(), Select);
+    }
+    Q_EMIT selectionChanged(come.finish(), gone.finish());
 }
 
 void TreeListItemSelectionModel::setSelectedIdList(const QList<int> &idList)
