@@ -19,6 +19,7 @@ ItemFields {
     property var selectedIdList: []
     readonly property var localeList: ["ja_JP", "en_US"]
     readonly property alias treeListView: treePane.treeListView
+    property string shownTutorial: ""
 
     function getCurrentId() {
         return itemId;
@@ -37,10 +38,15 @@ ItemFields {
     }
 
     /// Shows the document that has taken the place of the former one. The item
-    /// stays selected where the same tutorial was read again.
+    /// stays selected, and folders open, where the same tutorial was read again.
     function showDocument() {
-        tutorialItemListModel.refresh();
-        treeListView.refresh();
+        if (TutorialManager.tutorialName === shownTutorial) {
+            treeListView.rebuild(function() { tutorialItemListModel.refresh(); });
+        } else {
+            shownTutorial = TutorialManager.tutorialName;
+            tutorialItemListModel.refresh();
+            treeListView.refresh();
+        }
         if (!tutorialItemListModel.exists(itemId))
             itemId = -1;
         readItem();

@@ -246,6 +246,11 @@ void tst_SettingScreen::localeIsSwitched()
 {
     const QString first = QStringLiteral("ja_JP");
     const QString second = QStringLiteral("en_US");
+    loadScenario(R"({"id":1,"name":"folder","folder":true,"children":[)" + itemText(2, QStringLiteral("first"))
+                 + R"(]},{"id":3,"name":"other","folder":true,"children":[)" + itemText(4, QStringLiteral("second"))
+                 + "]}");
+    select(4);
+    select(2);
     typeInto("hint.edit", QStringLiteral("new"));
     for (const bool switched : { false, true }) {
         QVERIFY(mFixture->activate());
@@ -260,6 +265,8 @@ void tst_SettingScreen::localeIsSwitched()
         QCOMPARE(savedHint(first, 2), switched ? QStringLiteral("new") : QStringLiteral("ja_JP 2"));
     }
     QCOMPARE(currentId(), 2);
+    settle();
+    QVERIFY(mFixture->evaluate(QStringLiteral("settingScreen.treeListView.getItemById(4) !== null")).toBool());
 }
 
 // Learners see the key where a hint is empty.
