@@ -194,7 +194,7 @@ void paste(Session &session)
 {
     QString payload;
     ItemClipboard::makePayload({ Session::kBigFolder }, payload);
-    session.sequence([&payload] { ItemClipboard::insertPayload(payload); });
+    session.sequence([&payload] { ItemClipboard::insertPayload(payload, ItemClipboard::SecondHints::Copied); });
 }
 
 void copyAndPaste(benchmark::State &state)

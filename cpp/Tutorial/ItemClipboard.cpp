@@ -104,8 +104,9 @@ private:
 class Insertion
 {
 public:
-    Insertion()
-        : mIds(document().getIdList())
+    explicit Insertion(ItemClipboard::SecondHints secondHints)
+        : mSecondHints(secondHints)
+        , mIds(document().getIdList())
         , mNames(document().getNameList())
         , mHistory(UndoRedo::instance() && UndoRedo::instance()->inTransaction())
     { }
@@ -121,7 +122,8 @@ public:
             mRecords.emplace_back(record);
         if (!item)
             return -1;
-        readSecondHints(*item, json);
+        if (mSecondHints == ItemClipboard::SecondHints::Copied)
+            readSecondHints(*item, json);
         mNext = 0;
         return insert(*item, document().mRoot.mId);
     }
@@ -175,6 +177,7 @@ private:
         document().mDataList.append(record.release());
     }
 
+    ItemClipboard::SecondHints mSecondHints;
     FreeIds mIds;
     FreeNames mNames;
     bool mHistory;
@@ -201,13 +204,13 @@ bool ItemClipboard::makePayload(const QList<int> &idList, QString &payload)
     return true;
 }
 
-QList<int> ItemClipboard::insertPayload(const QString &payload)
+QList<int> ItemClipboard::insertPayload(const QString &payload, SecondHints secondHints)
 {
     QList<int> idList;
     const JsonWrapper json(payload);
     if (!json.isArray())
         return idList;
-    Insertion insertion;
+    Insertion insertion(secondHints);
     const int length = json.length();
     for (int i = 0; i < length; ++i) {
         const int newId = insertion.insert(json[i]);

@@ -10,9 +10,13 @@ namespace ItemClipboard
 /// False, with a warning in the log and payload left alone, for an id without an item.
 bool makePayload(const QList<int> &idList, QString &payload);
 
+/// Where the second hint of an inserted item comes from: what the reader looks up by the key of the
+/// item that was copied, or the text itself, which only the authoring mode has at the copy.
+enum class SecondHints { LookedUp, Copied };
+
 /// Appends the items of the text to the top level, with new ids and names that are free. The result
 /// is the ids of those at the text's top level; empty for a text that holds no list.
 ///
 /// While a transaction of the history is open, each item is an undo command.
-QList<int> insertPayload(const QString &payload);
+QList<int> insertPayload(const QString &payload, SecondHints secondHints);
 } // namespace ItemClipboard

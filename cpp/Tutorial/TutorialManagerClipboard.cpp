@@ -20,7 +20,9 @@ void TutorialManager::copyTutorialItemList(const QList<int> &idList)
 
 QList<int> TutorialManager::pasteTutorialItemList()
 {
-    return ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)));
+    const auto secondHints =
+        isMakingSupported() ? ItemClipboard::SecondHints::Copied : ItemClipboard::SecondHints::LookedUp;
+    return ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)), secondHints);
 }
 
 void TutorialManager::clearMimeData()

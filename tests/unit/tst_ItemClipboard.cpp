@@ -15,6 +15,8 @@ private Q_SLOTS:
     void badPayload();
 };
 
+using ItemClipboard::SecondHints;
+
 namespace
 {
 QString payloadOf(const QList<int> &idList)
@@ -39,20 +41,23 @@ void ItemClipboardTest::paste()
     session.record(1)->mHint2 = QStringLiteral("second");
     session.record(4)->mHint2.clear();
     session.record(1)->mJump = 2;
-    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 2, 1 })), QList<int>({ 5, 10 }));
+    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 2, 1 }), SecondHints::Copied), QList<int>({ 5, 10 }));
     QCOMPARE(session.record(10)->mHint, session.record(1)->mHint);
     QCOMPARE(session.record(10)->mHint2, QStringLiteral("second"));
     QCOMPARE(session.record(8)->mHint2, QString());
     QCOMPARE(session.record(10)->mJump, 2);
     QCOMPARE(session.shape(), QStringLiteral("1 2[3[4] 6] 5[7[8] 9] 10"));
-    QCOMPARE(ItemClipboard::insertPayload(payloadOf({})), QList<int>());
+    QCOMPARE(ItemClipboard::insertPayload(payloadOf({}), SecondHints::Copied), QList<int>());
+    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::LookedUp), QList<int>({ 11 }));
+    QCOMPARE(session.record(11)->mHint2, QStringLiteral("#1"));
 }
 
 void ItemClipboardTest::undoneAndForgotten()
 {
     EditingSession session;
     session.load(QStringLiteral("1[2]"));
-    session.sequence(QStringLiteral("paste"), [] { ItemClipboard::insertPayload(payloadOf({ 1 })); });
+    session.sequence(QStringLiteral("paste"),
+                     [] { ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::Copied); });
     QPointer<TutorialItemData> folder = session.record(3);
     QPointer<TutorialItemData> item = session.record(4);
     session.history().undo();
@@ -80,7 +85,7 @@ void ItemClipboardTest::badPayload_data()
 void ItemClipboardTest::badPayload()
 {
     EditingSession session;
-    ItemClipboard::insertPayload(QString::fromLatin1(QTest::currentDataTag()));
+    ItemClipboard::insertPayload(QString::fromLatin1(QTest::currentDataTag()), SecondHints::Copied);
     QTEST(session.shape(), "shape");
     QCOMPARE(session.recordIds().size(), session.shape().count(QRegularExpression(QStringLiteral("\\d"))));
 }

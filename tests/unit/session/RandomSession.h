@@ -384,7 +384,7 @@ private:
         QList<int> expected;
         for (const ReferenceNode &node : qAsConst(mCopied))
             expected.append(pasteReference(node, -1));
-        if (ItemClipboard::insertPayload(mPayload) != expected)
+        if (ItemClipboard::insertPayload(mPayload, ItemClipboard::SecondHints::Copied) != expected)
             mDifference = QStringLiteral("ids of pasted items");
     }
 
