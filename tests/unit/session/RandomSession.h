@@ -437,18 +437,18 @@ private:
 
 inline QString RandomSession::difference()
 {
-    QString different =
-        mDifference.isEmpty() ? Comparison::documentDifference(mSession.data(), mDocument) : mDifference;
-    if (different.isEmpty() && history().canUndo() != mHistory.canUndo())
-        different = QStringLiteral("canUndo");
-    if (different.isEmpty() && history().canRedo() != mHistory.canRedo())
-        different = QStringLiteral("canRedo");
-    if (different.isEmpty() && history().inTransaction() != mHistory.inTransaction())
-        different = QStringLiteral("inTransaction");
-    if (different.isEmpty() && mSession.context().mModified != mHistory.isModified())
-        different = QStringLiteral("modified");
-    if (different.isEmpty() && !mRowsLag) {
-        different = Comparison::rowDifference(mModel.getRootIndex(), mDocument.root, mDocument);
-    }
-    return different;
+    if (!mDifference.isEmpty())
+        return mDifference;
+    const QString inDocument = Comparison::documentDifference(mSession.data(), mDocument);
+    if (!inDocument.isEmpty())
+        return inDocument;
+    if (history().canUndo() != mHistory.canUndo())
+        return QStringLiteral("canUndo");
+    if (history().canRedo() != mHistory.canRedo())
+        return QStringLiteral("canRedo");
+    if (history().inTransaction() != mHistory.inTransaction())
+        return QStringLiteral("inTransaction");
+    if (mSession.context().mModified != mHistory.isModified())
+        return QStringLiteral("modified");
+    return mRowsLag ? QString() : Comparison::rowDifference(mModel.getRootIndex(), mDocument.root, mDocument);
 }
