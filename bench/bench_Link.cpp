@@ -1,7 +1,7 @@
 // What comes over the link: bytes to messages, and messages to what they do.
 
-#include "Tutorial/HostRecord.h"
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/HostRecordReader.h"
 #include "Tutorial/TutorialManager.h"
 
 #include <benchmark/benchmark.h>

@@ -23,7 +23,7 @@ trelvane_find_qt(Quick qtdeclarative5-dev)
 trelvane_find_qt(WebEngine qtwebengine5-dev)
 trelvane_find_qt(LinguistTools qttools5-dev)
 
-# The window system's own calls, on X11 only (see cpp/Tutorial/WindowPlatform.h).
+# The window system's own calls, on X11 only (see cpp/Tutorial/guidance/WindowPlatform.h).
 if(UNIX AND NOT APPLE)
     find_path(XCB_INCLUDE_DIR xcb/shape.h)
     find_library(XCB_LIBRARY xcb)

@@ -1,8 +1,8 @@
 // Bytes of the link, cut in two at a place that the input chooses.
 
-#include "Tutorial/HostMessages.h"
-#include "Tutorial/HostRecord.h"
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/HostRecordReader.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // The text of a scenario, as far as it is looked at before it is parsed as JSON.
 
-#include "Tutorial/TranslatableText.h"
+#include "Tutorial/translation/TranslatableText.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <cstdint>

@@ -2,11 +2,11 @@
 
 #include "SystemService/SystemService.h"
 #include "tool/Log.h"
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
 #include "TutorialEditor/Manager.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "model/DocumentContext.h"
-#include "Tutorial/DocumentTranslator.h"
-#include "Tutorial/GuidanceContext.h"
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/guidance/GuidanceContext.h"
+#include "Tutorial/link/HostRecordReader.h"
+#include "Tutorial/translation/DocumentTranslator.h"
 
 #include <QDomDocument>
 #include <QHash>

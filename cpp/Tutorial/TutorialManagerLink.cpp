@@ -1,11 +1,11 @@
 // The link to the host editor: connection, records, keep-alive and every way in which it ends.
 
 #include "tool/Log.h"
-#include "Tutorial/HostMessages.h"
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialManager.h"
 #include "UndoRedo/UndoRedo.h"
 

@@ -3,13 +3,13 @@
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/HostMessages.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
 #include "Tutorial/TutorialManager.h"
-#include "Tutorial/TutorialTooltip.h"
 
 #include <QMetaObject>
 #include <QScopedValueRollback>

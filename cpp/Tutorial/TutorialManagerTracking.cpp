@@ -1,11 +1,11 @@
 // What is known of the host editor's windows, and whether the guidance windows are to be seen.
 
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/HostMessages.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/TutorialManager.h"
-#include "Tutorial/TutorialTooltip.h"
 
 #include <QCursor>
 #include <QScopedValueRollback>

@@ -5,7 +5,7 @@
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TranslatableText.h"
+#include "Tutorial/translation/TranslatableText.h"
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 

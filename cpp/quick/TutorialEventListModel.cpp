@@ -1,6 +1,6 @@
 #include "quick/TutorialEventListModel.h"
 
-#include "Tutorial/HostMessages.h"
+#include "Tutorial/link/HostMessages.h"
 
 #include <QTextDocumentFragment>
 

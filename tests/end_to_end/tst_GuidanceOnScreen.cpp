@@ -1,11 +1,11 @@
 #include "Neighbour.h"
 #include "ScreenWindows.h"
 
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/GuidanceContext.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
-#include "Tutorial/TutorialTooltip.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/GuidanceContext.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
 
 #include <QApplication>
 #include <QProcess>

@@ -1,7 +1,7 @@
 #include "support/HostPeer.h"
 
-#include "Tutorial/HostRecord.h"
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/translation/TranslationSource.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 #include "QmlTypes.h"
 #include "quick/ModalGuard.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #include "SettingScreenTest.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"

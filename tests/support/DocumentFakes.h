@@ -2,7 +2,7 @@
 
 #include "model/DocumentContext.h"
 #include "model/EditHistory.h"
-#include "Tutorial/TranslatableText.h"
+#include "Tutorial/translation/TranslatableText.h"
 
 #include <QHash>
 #include <QVector>

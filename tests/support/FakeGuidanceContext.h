@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceContext.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "support/HostPeer.h"
 
-#include "Tutorial/HostMessages.h"
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "support/WarningGuard.h"
-#include "Tutorial/HostRecord.h"
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/HostRecordReader.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
 

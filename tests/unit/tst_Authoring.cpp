@@ -1,7 +1,7 @@
 #include "support/FileBytes.h"
 #include "support/FileSizeLimit.h"
 #include "support/ManagerFixture.h"
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 

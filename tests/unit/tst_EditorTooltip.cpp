@@ -1,6 +1,6 @@
 #include "support/FakeGuidanceContext.h"
 
-#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/guidance/EditorTooltip.h"
 
 #include <QTextDocument>
 #include <QTextEdit>

@@ -1,8 +1,8 @@
 #include "support/ManagerFixture.h"
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialLog.h"
-#include "Tutorial/TutorialTooltip.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialLog.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
 
 #include <QPushButton>
 

@@ -1,8 +1,8 @@
 #include "support/FakeGuidanceContext.h"
 
-#include "Tutorial/EditorTooltip.h"
-#include "Tutorial/TutorialIndicator.h"
-#include "Tutorial/TutorialTooltip.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
 
 #include <QBuffer>
 #include <QPointer>

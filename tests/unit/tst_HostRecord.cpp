@@ -1,6 +1,6 @@
-#include "Tutorial/HostMessages.h"
-#include "Tutorial/HostRecord.h"
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/HostRecordReader.h"
 
 #include <QtTest>
 

@@ -5,7 +5,7 @@
 #include "ScenarioWalker.h"
 #include "StepCondition.h"
 
-#include "Tutorial/GuidanceGeometry.h"
+#include "Tutorial/guidance/GuidanceGeometry.h"
 
 #include <QSignalSpy>
 #include <QStandardPaths>

@@ -1,5 +1,5 @@
 #include "support/WarningGuard.h"
-#include "Tutorial/TranslatableText.h"
+#include "Tutorial/translation/TranslatableText.h"
 
 #include <QtTest>
 

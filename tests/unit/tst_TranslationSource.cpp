@@ -1,5 +1,5 @@
 #include "support/WarningGuard.h"
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 
 #include <QRandomGenerator>
 #include <QTextCodec>

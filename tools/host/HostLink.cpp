@@ -1,7 +1,7 @@
 #include "HostLink.h"
 
 #include "Transcript.h"
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/link/HostRecord.h"
 
 #include <QLocalSocket>
 

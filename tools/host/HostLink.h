@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostRecordReader.h"
 
 #include <QLocalServer>
 #include <QObject>

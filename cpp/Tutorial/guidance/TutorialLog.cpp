@@ -1,6 +1,6 @@
-#include "Tutorial/TutorialLog.h"
+#include "Tutorial/guidance/TutorialLog.h"
 
-#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceContext.h"
 
 #include <QEvent>
 

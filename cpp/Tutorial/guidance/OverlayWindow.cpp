@@ -1,6 +1,6 @@
-#include "Tutorial/OverlayWindow.h"
+#include "Tutorial/guidance/OverlayWindow.h"
 
-#include "Tutorial/WindowPlatform.h"
+#include "Tutorial/guidance/WindowPlatform.h"
 
 #include <QWidget>
 

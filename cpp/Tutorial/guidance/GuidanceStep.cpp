@@ -1,4 +1,4 @@
-#include "Tutorial/GuidanceStep.h"
+#include "Tutorial/guidance/GuidanceStep.h"
 
 GuidanceStep::GuidanceStep(GuidanceContext *manager)
     : mArrowPixmap(QStringLiteral(":/resource/png/arrow.png"))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tutorial/GuidanceStep.h"
+#include "Tutorial/guidance/GuidanceStep.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "Tutorial/HostMessages.h"
+#include "Tutorial/link/HostMessages.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
-#include "Tutorial/WindowPlatform.h"
+#include "Tutorial/guidance/WindowPlatform.h"
 
-#include "Tutorial/StackingKeeper.h"
-#include "Tutorial/X11.h"
+#include "Tutorial/guidance/StackingKeeper.h"
+#include "Tutorial/guidance/X11.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 
 #include <QTranslator>
 

@@ -1,7 +1,7 @@
-#include "Tutorial/HostRecordReader.h"
+#include "Tutorial/link/HostRecordReader.h"
 
 #include "tool/Log.h"
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/link/HostRecord.h"
 
 HostRecordReader::HostRecordReader(char direction) : mDirection(direction) { }
 

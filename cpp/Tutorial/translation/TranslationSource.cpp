@@ -1,4 +1,4 @@
-#include "Tutorial/TranslationSource.h"
+#include "Tutorial/translation/TranslationSource.h"
 
 #include "tool/DataSupport.h"
 

@@ -1,12 +1,12 @@
-#include "Tutorial/EditorTooltip.h"
+#include "Tutorial/guidance/EditorTooltip.h"
 
 #include "tool/Log.h"
-#include "Tutorial/GuidanceContext.h"
-#include "Tutorial/GuidanceGeometry.h"
-#include "Tutorial/HintText.h"
-#include "Tutorial/OverlayWindow.h"
-#include "Tutorial/WindowPlatform.h"
-#include "Tutorial/WindowShape.h"
+#include "Tutorial/guidance/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceGeometry.h"
+#include "Tutorial/guidance/HintText.h"
+#include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/WindowPlatform.h"
+#include "Tutorial/guidance/WindowShape.h"
 
 #include <QEvent>
 #include <QTextEdit>

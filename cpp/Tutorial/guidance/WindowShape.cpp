@@ -1,6 +1,6 @@
-#include "Tutorial/WindowShape.h"
+#include "Tutorial/guidance/WindowShape.h"
 
-#include "Tutorial/WindowPlatform.h"
+#include "Tutorial/guidance/WindowPlatform.h"
 
 #include <QBitmap>
 #include <QImage>

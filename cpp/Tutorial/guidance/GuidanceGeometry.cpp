@@ -1,4 +1,4 @@
-#include "Tutorial/GuidanceGeometry.h"
+#include "Tutorial/guidance/GuidanceGeometry.h"
 
 #include <cmath>
 

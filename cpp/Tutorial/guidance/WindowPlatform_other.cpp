@@ -1,4 +1,4 @@
-#include "Tutorial/WindowPlatform.h"
+#include "Tutorial/guidance/WindowPlatform.h"
 
 // Qt's window flags say all that this window system needs.
 namespace WindowPlatform

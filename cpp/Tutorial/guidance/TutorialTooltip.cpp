@@ -1,12 +1,12 @@
-#include "Tutorial/TutorialTooltip.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
 
 #include "tool/Log.h"
-#include "Tutorial/GuidanceContext.h"
-#include "Tutorial/GuidanceGeometry.h"
-#include "Tutorial/GuidanceStep.h"
-#include "Tutorial/HintText.h"
-#include "Tutorial/OverlayWindow.h"
-#include "Tutorial/WindowShape.h"
+#include "Tutorial/guidance/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceGeometry.h"
+#include "Tutorial/guidance/GuidanceStep.h"
+#include "Tutorial/guidance/HintText.h"
+#include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/WindowShape.h"
 
 #include <QEvent>
 #include <QPainter>

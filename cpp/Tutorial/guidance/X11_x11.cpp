@@ -1,4 +1,4 @@
-#include "Tutorial/X11.h"
+#include "Tutorial/guidance/X11.h"
 
 #include <QGuiApplication>
 

@@ -1,4 +1,4 @@
-#include "Tutorial/TranslatableText.h"
+#include "Tutorial/translation/TranslatableText.h"
 
 #include <QCoreApplication>
 

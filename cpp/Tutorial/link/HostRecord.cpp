@@ -1,4 +1,4 @@
-#include "Tutorial/HostRecord.h"
+#include "Tutorial/link/HostRecord.h"
 
 QByteArray HostRecord::encode(char direction, const QString &message)
 {

@@ -1,4 +1,4 @@
-#include "Tutorial/DocumentTranslator.h"
+#include "Tutorial/translation/DocumentTranslator.h"
 
 DocumentTranslator::DocumentTranslator(QObject *parent) : QTranslator(parent) { }
 

@@ -1,4 +1,4 @@
-#include "Tutorial/HintText.h"
+#include "Tutorial/guidance/HintText.h"
 
 #include <QTextDocument>
 #include <QTextEdit>

@@ -1,6 +1,6 @@
-#include "Tutorial/StackingKeeper.h"
+#include "Tutorial/guidance/StackingKeeper.h"
 
-#include "Tutorial/X11.h"
+#include "Tutorial/guidance/X11.h"
 
 #include <QCoreApplication>
 #include <QWidget>

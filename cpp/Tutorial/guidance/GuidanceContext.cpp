@@ -1,3 +1,3 @@
-#include "Tutorial/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceContext.h"
 
 GuidanceContext::~GuidanceContext() = default;
