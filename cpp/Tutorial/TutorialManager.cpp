@@ -2,9 +2,6 @@
 
 #include "SystemService/SystemService.h"
 #include "tool/Log.h"
-#include "Tutorial/guidance/EditorTooltip.h"
-#include "Tutorial/guidance/TutorialIndicator.h"
-#include "Tutorial/guidance/TutorialLog.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "TutorialEditor/Manager.h"
@@ -30,10 +27,13 @@ TutorialManager::TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine)
     : QObject(engine)
     , mEngine(engine)
     , mScriptEngine(scriptEngine)
+    , mGuidanceWindows(this)
+    , mVisibility(&mGuidanceWindows)
     , mReader(HostRecord::kFromHost)
     , mEditorManager(std::make_unique<TutorialEditor::Manager>())
     , mLocale(SystemService::getDebugLocale())
 {
+    connect(&mHostWindows, &HostWindows::currentKeyChanged, this, &TutorialManager::currentWindowKeyChanged);
     updateLocale2(mLocale);
     Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << mLocale << mLocale2;
     if (isMakingSupported())
@@ -62,10 +62,8 @@ TutorialManager::~TutorialManager()
     delete mSocket;
     if (mTickTimerId)
         killTimer(mTickTimerId);
-    // Each pointer is null before its window goes, which may call back on the way out.
-    mIndicator.reset();
-    mLogWindow.reset();
-    mEditorTooltip.reset();
+    // The windows may call back on their way out.
+    mGuidanceWindows.clear();
 }
 
 void TutorialManager::setModified(bool modified)

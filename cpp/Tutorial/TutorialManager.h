@@ -2,6 +2,9 @@
 
 #include "model/DocumentContext.h"
 #include "Tutorial/guidance/GuidanceContext.h"
+#include "Tutorial/guidance/GuidanceVisibility.h"
+#include "Tutorial/guidance/GuidanceWindows.h"
+#include "Tutorial/guidance/HostWindows.h"
 #include "Tutorial/link/HostRecordReader.h"
 #include "Tutorial/translation/DocumentTranslator.h"
 
@@ -10,7 +13,6 @@
 #include <QMimeData>
 #include <QObject>
 #include <QPoint>
-#include <QRect>
 #include <QStringList>
 #include <QTimer>
 #include <QVector>
@@ -18,13 +20,10 @@
 #include <functional>
 #include <memory>
 
-class EditorTooltip;
 class QJSEngine;
 class QLocalSocket;
 class QQmlEngine;
-class TutorialIndicator;
 class TutorialItemData;
-class TutorialLog;
 
 namespace TutorialEditor
 {
@@ -73,8 +72,8 @@ public:
     void dropPopupWindowKey() override;
     void updateGuidanceVisibility() override;
     void editorTooltipClosed() override;
-    QRect hostRect() const override { return mHostRect; }
-    bool isGuidanceRunning() const override { return mGuidanceRunning; }
+    QRect hostRect() const override { return mHostWindows.hostRect(); }
+    bool isGuidanceRunning() const override { return mVisibility.isRunning(); }
 
     // The loaded tutorial.
     /// Makes the file the loaded tutorial. Its name is set also when the load fails.
@@ -186,10 +185,6 @@ private:
     void startGuidance();
     void stopGuidance();
     void showStep(const QStringList &fields);
-    void showTooltipWindow();
-    void hideTooltipWindow();
-    bool isGuidanceVisible() const;
-    void setGuidanceVisible(bool visible);
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
@@ -206,24 +201,15 @@ private:
 
     QQmlEngine *mEngine;
     QJSEngine *mScriptEngine;
-    std::unique_ptr<TutorialIndicator> mIndicator; // made at the first "start"
-    std::unique_ptr<EditorTooltip> mEditorTooltip; // made at the first "showTooltip"
-    std::unique_ptr<TutorialLog> mLogWindow; // made at the first "start"
-    QHash<QString, QPoint> mPositionByKey;
-    QStringList mWindowStack; // the last entry is the window in front
+    HostWindows mHostWindows;
+    GuidanceWindows mGuidanceWindows;
+    GuidanceVisibility mVisibility;
     QLocalSocket *mSocket = nullptr; // a child; null when there is no link
     HostRecordReader mReader;
-    bool mHostHidden = false;
-    bool mGuidanceRunning = false;
-    bool mApplicationActive = false;
-    bool mChangingVisibility = false; // windows are being shown or hidden
     int mTickTimerId = 0;
     int mSilenceTicks = 0;
     int mAliveTicks = 0;
     bool mHostConnected = false;
-    QRect mHostRect;
-    int mShowDelayTicks = 0;
-    int mHideDelayTicks = 0;
     bool mModified = false;
     QString mPendingJumpLink;
     QTimer mDeferredTimer;

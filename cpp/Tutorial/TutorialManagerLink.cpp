@@ -1,8 +1,6 @@
 // The link to the host editor: connection, records, keep-alive and every way in which it ends.
 
 #include "tool/Log.h"
-#include "Tutorial/guidance/TutorialIndicator.h"
-#include "Tutorial/guidance/TutorialLog.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
@@ -76,13 +74,7 @@ void TutorialManager::onReadyRead()
 void TutorialManager::timerEvent(QTimerEvent *event)
 {
     Q_UNUSED(event)
-    if (mShowDelayTicks > 0 && --mShowDelayTicks == 0) {
-        if (mLogWindow)
-            mLogWindow->show();
-        updateGuidanceVisibility();
-    }
-    if (mHideDelayTicks > 0 && --mHideDelayTicks == 0)
-        updateGuidanceVisibility();
+    mVisibility.tick();
     if (!mSocket)
         return;
     if (++mSilenceTicks >= kSilentTicks)

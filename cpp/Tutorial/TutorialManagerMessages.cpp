@@ -3,16 +3,12 @@
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
-#include "Tutorial/guidance/EditorTooltip.h"
 #include "Tutorial/guidance/TutorialIndicator.h"
-#include "Tutorial/guidance/TutorialLog.h"
-#include "Tutorial/guidance/TutorialTooltip.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
 
 #include <QMetaObject>
-#include <QScopedValueRollback>
 #include <QVariant>
 
 namespace
@@ -86,27 +82,15 @@ void TutorialManager::callbackCoffeeJs(int key, const QString &result)
 void TutorialManager::onStart(const QStringList &fields)
 {
     if (HostMessages::hasHostRect(fields))
-        mHostRect = HostMessages::readHostRect(fields);
+        mHostWindows.setHostRect(HostMessages::readHostRect(fields));
     startGuidance();
 }
 
 void TutorialManager::startGuidance()
 {
-    if (mGuidanceRunning)
-        return;
-    mGuidanceRunning = true;
-    mWindowStack.clear();
-    Q_EMIT currentWindowKeyChanged();
-    if (mLogWindow)
-        mLogWindow->show();
-    else
-        mLogWindow = std::make_unique<TutorialLog>(nullptr, this);
-    if (!mIndicator) {
-        mIndicator = std::make_unique<TutorialIndicator>(nullptr, this);
-        return;
-    }
-    showTooltipWindow();
-    mIndicator->showButtons();
+    if (!isGuidanceRunning())
+        mHostWindows.clearStack();
+    mVisibility.start();
 }
 
 void TutorialManager::onStop(const QStringList &fields)
@@ -117,27 +101,7 @@ void TutorialManager::onStop(const QStringList &fields)
 
 void TutorialManager::stopGuidance()
 {
-    if (!mGuidanceRunning)
-        return;
-    mGuidanceRunning = false;
-    if (mIndicator) {
-        hideTooltipWindow();
-        mIndicator->hideButtons();
-    }
-    if (mLogWindow)
-        mLogWindow->hide();
-}
-
-void TutorialManager::showTooltipWindow()
-{
-    if (mIndicator->mTooltip)
-        mIndicator->mTooltip->show();
-}
-
-void TutorialManager::hideTooltipWindow()
-{
-    if (mIndicator->mTooltip)
-        mIndicator->mTooltip->hide();
+    mVisibility.stop();
 }
 
 void TutorialManager::onTutorialList(const QStringList &fields)
@@ -148,48 +112,38 @@ void TutorialManager::onTutorialList(const QStringList &fields)
 
 void TutorialManager::onIndicator(const QStringList &fields)
 {
-    if (!mIndicator)
+    TutorialIndicator *indicator = mGuidanceWindows.indicator();
+    if (!indicator)
         return;
     const QString command = HostMessages::text(fields, 1);
     if (command == QLatin1String("update")) {
         showStep(fields);
     } else if (command == QLatin1String("updateXy")) {
-        mIndicator->mTargetX = HostMessages::number(fields, 2);
-        mIndicator->mTargetY = HostMessages::number(fields, 3);
+        indicator->mTargetX = HostMessages::number(fields, 2);
+        indicator->mTargetY = HostMessages::number(fields, 3);
     }
 }
 
 void TutorialManager::showStep(const QStringList &fields)
 {
     const HostMessages::Step step = HostMessages::readStep(fields);
-    mIndicator->setTargetWindowOffset(step.x, step.y, step.windowKey, step.arrowVisible);
-    mIndicator->setHint(step.hint);
-    mIndicator->init(step.nextVisible, step.yesNoVisible);
-    mIndicator->mIconType = step.iconType;
-    showTooltipWindow();
+    TutorialIndicator *indicator = mGuidanceWindows.indicator();
+    indicator->setTargetWindowOffset(step.x, step.y, step.windowKey, step.arrowVisible);
+    indicator->setHint(step.hint);
+    indicator->init(step.nextVisible, step.yesNoVisible);
+    indicator->mIconType = step.iconType;
+    mGuidanceWindows.showTooltip();
 }
 
 void TutorialManager::onState(const QStringList &fields)
 {
-    if (!mIndicator)
+    if (!mGuidanceWindows.indicator())
         return;
     const QString state = HostMessages::text(fields, 1);
-    if (state == QLatin1String("show")) {
-        // Hidden and shown again, the windows come to stand above the host editor's.
-        {
-            const QScopedValueRollback<bool> changing(mChangingVisibility, true);
-            if (mLogWindow)
-                mLogWindow->hide();
-            hideTooltipWindow();
-            mIndicator->hideButtons();
-        }
-        mShowDelayTicks = 1;
-        mHostHidden = false;
-        updateGuidanceVisibility();
-    } else if (state == QLatin1String("hide")) {
-        mHostHidden = true;
-        mHideDelayTicks = 1;
-    }
+    if (state == QLatin1String("show"))
+        mVisibility.hostShown();
+    else if (state == QLatin1String("hide"))
+        mVisibility.hostHidden();
 }
 
 void TutorialManager::onTutorial(const QStringList &fields)
@@ -230,22 +184,17 @@ void TutorialManager::onRequestPresetData(const QStringList &fields)
 
 void TutorialManager::onShowTooltip(const QStringList &fields)
 {
-    if (!mEditorTooltip)
-        mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, this);
-    mEditorTooltip->show(HostMessages::text(fields, 1), HostMessages::number(fields, 2),
-                         HostMessages::number(fields, 3));
+    mGuidanceWindows.showEditorTooltip(HostMessages::text(fields, 1), HostMessages::number(fields, 2),
+                                       HostMessages::number(fields, 3));
 }
 
 void TutorialManager::onHideTooltip(const QStringList &fields)
 {
     Q_UNUSED(fields)
-    if (mEditorTooltip)
-        mEditorTooltip->hide();
+    mGuidanceWindows.setEditorTooltipVisible(false);
 }
 
 void TutorialManager::editorTooltipClosed()
 {
-    // Called from inside the window's own close event, which can come again until it is freed.
-    if (mEditorTooltip)
-        mEditorTooltip.release()->deleteLater();
+    mGuidanceWindows.forgetEditorTooltip();
 }

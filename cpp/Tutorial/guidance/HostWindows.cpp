@@ -1,0 +1,38 @@
+#include "Tutorial/guidance/HostWindows.h"
+
+void HostWindows::push(const QString &key)
+{
+    mWindowStack.append(key);
+    Q_EMIT currentKeyChanged();
+}
+
+void HostWindows::pop()
+{
+    if (mWindowStack.isEmpty())
+        return;
+    mWindowStack.removeLast();
+    Q_EMIT currentKeyChanged();
+}
+
+void HostWindows::clearStack()
+{
+    mWindowStack.clear();
+    Q_EMIT currentKeyChanged();
+}
+
+void HostWindows::dropPopup()
+{
+    if (currentKey() == QLatin1String("Popup"))
+        pop();
+}
+
+QString HostWindows::currentKey() const
+{
+    return mWindowStack.isEmpty() ? QStringLiteral("ApplicationWindow") : mWindowStack.last();
+}
+
+void HostWindows::setPosition(const QString &key, const QPoint &position)
+{
+    if (!key.isEmpty())
+        mPositionByKey.insert(key, position);
+}
