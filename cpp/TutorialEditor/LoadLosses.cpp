@@ -12,30 +12,12 @@ namespace
 const QString kFolderKey = QStringLiteral("folder");
 const QString kChildrenKey = QStringLiteral("children");
 
-struct Key
+QJsonValue::Type jsonType(const TutorialItemField &field)
 {
-    const char *name;
-    QJsonValue::Type type;
-    bool inFolder;
-};
-
-constexpr Key kKeys[] = {
-    { "id", QJsonValue::Double, true },
-    { "name", QJsonValue::String, true },
-    { "folder", QJsonValue::Bool, true },
-    { "prohibited", QJsonValue::Bool, true },
-    { "x", QJsonValue::Double, false },
-    { "y", QJsonValue::Double, false },
-    { "windowKey", QJsonValue::String, false },
-    { "condition", QJsonValue::String, false },
-    { "followWindow", QJsonValue::String, false },
-    { "hint", QJsonValue::String, false },
-    { "icon", QJsonValue::String, false },
-    { "jump", QJsonValue::Double, false },
-    { "jumpNo", QJsonValue::Double, false },
-    { "command", QJsonValue::String, false },
-    { "showArrow", QJsonValue::Bool, false },
-};
+    // In the order of the member's alternatives.
+    constexpr QJsonValue::Type types[] = { QJsonValue::Double, QJsonValue::String, QJsonValue::Bool };
+    return types[field.member.index()];
+}
 
 QString label(const QJsonObject &item)
 {
@@ -98,10 +80,18 @@ bool LoadLosses::inspect(const QJsonValue &element, const QString &parentPath, i
 
 void LoadLosses::inspectValues(const QJsonObject &item, const QString &path)
 {
+    const auto inspectValue = [&](const QString &key, QJsonValue::Type type) {
+        const auto value = item.constFind(key);
+        if (value != item.constEnd() && !isKept(*value, type))
+            mLines.append(Manager::tr("%1: the value of \"%2\"").arg(path, key));
+    };
     const bool folder = item.value(kFolderKey).toBool();
-    for (const Key &key : kKeys) {
-        const auto value = item.constFind(QLatin1String(key.name));
-        if (value != item.constEnd() && (key.inFolder || !folder) && !isKept(*value, key.type))
-            mLines.append(Manager::tr("%1: the value of \"%2\"").arg(path, QLatin1String(key.name)));
+    inspectValue(kFolderKey, QJsonValue::Bool);
+    for (const TutorialItemField &field : TutorialItemField::all()) {
+        if (field.form == TutorialItemField::Form::Nowhere || (folder && field.owner == TutorialItemField::Owner::Step))
+            continue;
+        inspectValue(field.name, jsonType(field));
+        if (!field.olderName.isEmpty())
+            inspectValue(field.olderName, jsonType(field));
     }
 }

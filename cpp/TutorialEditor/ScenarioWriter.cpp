@@ -6,31 +6,28 @@ namespace
 {
 constexpr char kFolder[] = "cpp/TutorialEditor";
 
-QString entry(const char *key, const QString &valueText)
+QString entry(const QString &key, const QString &valueText)
 {
-    return QLatin1Char('"') + QLatin1String(key) + QLatin1String("\":") + valueText;
+    return QLatin1Char('"') + key + QLatin1String("\":") + valueText;
 }
 
-QString valueEntry(const char *key, const QVariant &value)
+QString fieldText(const TutorialItemField &field, const TutorialItemData &record, bool forSaving)
 {
-    return entry(key, JsonWrapper::getJsonString(value));
+    if (field.form == TutorialItemField::Form::Hint && forSaving)
+        return QStringLiteral("qsTr(\"#%1\")").arg(record.mId);
+    return JsonWrapper::getJsonString(field.read(record));
 }
 
-QStringList stepEntries(const TutorialItemData &record, bool forSaving)
+/// What steps and folders have, or what steps have beside that.
+QStringList fieldEntries(const TutorialItemData &record, bool ofStep, bool forSaving)
 {
-    const QString hint =
-        forSaving ? QStringLiteral("qsTr(\"#%1\")").arg(record.mId) : JsonWrapper::getJsonString(record.mHint);
-    return { valueEntry("x", record.mX),
-             valueEntry("y", record.mY),
-             valueEntry("windowKey", record.mWindowKey),
-             valueEntry("condition", record.mCondition),
-             entry("hint", hint),
-             valueEntry("icon", record.mIcon),
-             valueEntry("jump", record.mJump),
-             valueEntry("jumpNo", record.mJumpNo),
-             valueEntry("command", record.mCommand),
-             valueEntry("showArrow", record.mShowArrow),
-             valueEntry("prohibited", record.mProhibited) };
+    QStringList entries;
+    for (const TutorialItemField &field : TutorialItemField::all()) {
+        const bool isOfStep = field.owner != TutorialItemField::Owner::Item;
+        if (isOfStep == ofStep && field.form != TutorialItemField::Form::Nowhere)
+            entries.append(entry(field.name, fieldText(field, record, forSaving)));
+    }
+    return entries;
 }
 } // namespace
 
@@ -53,14 +50,15 @@ void Manager::getJsonText(int level, const TreeItem<TutorialItemData> &item,
         first = false;
 
         text += indent + QLatin1String("{\n");
-        text += valueEntry("id", record->mId) + QLatin1String(",\n") + valueEntry("name", record->mName)
-            + QLatin1String(",\n") + valueEntry("folder", child.mFolder) + QLatin1String(",\n");
+        QStringList entries = fieldEntries(*record, false, forSaving);
+        entries.append(entry(QStringLiteral("folder"), JsonWrapper::getJsonString(child.mFolder)));
+        text += entries.join(QLatin1String(",\n")) + QLatin1String(",\n");
         if (child.mFolder) {
             // Written where it stands, so that a deep tree is not copied once for each level.
             text += QLatin1String("\"children\":");
             getJsonText(level + 1, child, data, text, forSaving);
         } else {
-            text += stepEntries(*record, forSaving).join(QLatin1String(",\n"));
+            text += fieldEntries(*record, true, forSaving).join(QLatin1String(",\n"));
         }
         text += indent + QLatin1Char('\n') + indent + QLatin1Char('}');
     }

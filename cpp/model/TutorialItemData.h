@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/NameData.h"
+#include "model/TutorialItemField.h"
 #include "tool/JsonWrapper.h"
 
 #include <QObject>
@@ -56,19 +57,19 @@ public:
     bool getShowArrow() const { return mShowArrow; }
     bool getProhibited() const { return mProhibited; }
 
-    void setName(const QString &name) override;
-    void setX(int x);
-    void setY(int y);
-    void setWindowKey(const QString &windowKey);
-    void setCondition(const QString &condition);
-    void setIcon(const QString &icon);
-    void setHint(const QString &hint);
-    void setHint2(const QString &hint2);
-    void setJump(int jump);
-    void setJumpNo(int jumpNo);
-    void setCommand(const QString &command);
-    void setShowArrow(bool showArrow);
-    void setProhibited(bool prohibited);
+    void setName(const QString &name) override { change(&TutorialItemData::mName, name); }
+    void setX(int x) { change(&TutorialItemData::mX, x); }
+    void setY(int y) { change(&TutorialItemData::mY, y); }
+    void setWindowKey(const QString &windowKey) { change(&TutorialItemData::mWindowKey, windowKey); }
+    void setCondition(const QString &condition) { change(&TutorialItemData::mCondition, condition); }
+    void setIcon(const QString &icon) { change(&TutorialItemData::mIcon, icon); }
+    void setHint(const QString &hint) { change(&TutorialItemData::mHint, hint); }
+    void setHint2(const QString &hint2) { change(&TutorialItemData::mHint2, hint2); }
+    void setJump(int jump) { change(&TutorialItemData::mJump, jump); }
+    void setJumpNo(int jumpNo) { change(&TutorialItemData::mJumpNo, jumpNo); }
+    void setCommand(const QString &command) { change(&TutorialItemData::mCommand, command); }
+    void setShowArrow(bool showArrow) { change(&TutorialItemData::mShowArrow, showArrow); }
+    void setProhibited(bool prohibited) { change(&TutorialItemData::mProhibited, prohibited); }
 
     /// Position of the indicator in pixels, relative to the tracked window.
     int mX = kNoPosition;
@@ -89,6 +90,9 @@ public:
     bool mProhibited = false;
 
 private:
-    template <typename Owner, typename Value>
-    void change(const char *propertyName, Value Owner::*field, const Value &value);
+    void change(const TutorialItemField::Member &member, const QVariant &value)
+    {
+        change(TutorialItemField::find(member), value);
+    }
+    void change(const TutorialItemField &field, const QVariant &value);
 };
