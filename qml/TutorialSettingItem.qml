@@ -78,8 +78,7 @@ ItemFields {
         }
         var alreadyUpdating = updating;
         updating = true;
-        form.jumpButton.itemTreeJson = treeJson;
-        form.jumpNoButton.itemTreeJson = treeJson;
+        settingsForm.jumpTreeJson = treeJson;
         updating = alreadyUpdating;
     }
 
@@ -183,7 +182,7 @@ ItemFields {
             if (saved)
                 changeLocale(locale);
             else
-                bottomArea.localeComboBox.showLocale();
+                bottomArea.showLocale();
         }
         applicationWindow.confirm(null, question, function(result) {
             if (result === 1)
@@ -235,12 +234,14 @@ ItemFields {
             width: 220
             focus: true
             Layout.minimumWidth: 200
-            screen: root
             treeListView.treeListModel: tutorialItemListModel
             treeListView.contextMenu: itemMenu
             treeListView.keysEnabled: !applicationWindow.menuBar || !applicationWindow.menuBar.open
             treeListView.updateSelectedItem: root.updateSelectedItem
             treeListView.onTextChanged: root.onTextChanged
+            onFolderRequested: root.addFolder(root.itemId)
+            onItemRequested: root.addItem(root.itemId)
+            onDeleteRequested: root.deleteIdList(root.selectedIdList)
         }
 
         Item {
@@ -253,6 +254,7 @@ ItemFields {
                 anchors.fill: parent
                 anchors.margins: Theme.margin
                 screen: root
+                localeList: root.localeList
                 title: qsTr("Settings") + " #" + root.itemId
             }
         }
@@ -265,12 +267,18 @@ ItemFields {
             right: parent.right
             bottom: parent.bottom
         }
-        screen: root
+        localeList: root.localeList
+        onLocaleChosen: root.chooseLocale(locale)
     }
 
     TutorialItemMenu {
         id: itemMenu
-        screen: root
+        anySelected: root.selectedIdList.length > 0
+        onFolderRequested: root.addFolder(root.itemId)
+        onItemRequested: root.addItem(root.itemId)
+        onCopyRequested: root.copyItems()
+        onPasteRequested: root.pasteItems()
+        onDeleteRequested: root.deleteIdList(root.selectedIdList)
     }
 
     TutorialItemListModel {

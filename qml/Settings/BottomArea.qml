@@ -8,8 +8,13 @@ import "../Singletons"
 Rectangle {
     id: root
 
-    property var screen: null
-    property alias localeComboBox: locales
+    property var localeList: []
+
+    signal localeChosen(string locale)
+
+    function showLocale() {
+        locales.showLocale();
+    }
 
     // Where the texts of the menu bar stand with their mnemonics.
     function plain(text) {
@@ -59,10 +64,10 @@ Rectangle {
             objectName: "localeComboBox"
             anchors.verticalCenter: parent.verticalCenter
             width: 128
-            model: root.screen.localeList
+            model: root.localeList
             onCurrentTextChanged: {
                 if (completed && currentIndex >= 0 && currentText === model[currentIndex])
-                    root.screen.chooseLocale(currentText);
+                    root.localeChosen(currentText);
             }
             Component.onCompleted: {
                 showLocale();

@@ -7,24 +7,41 @@ import Morvi.kess 1.0
 Item {
     id: root
 
+    /// A new field is a row here, and a control of that name in the form.
+    readonly property list<ItemField> fields: [
+        ItemNumber { id: xField; key: "x"; undoName: "setX"; joinsSequence: true; movesIndicator: true },
+        ItemNumber { id: yField; key: "y"; undoName: "setY"; joinsSequence: true; movesIndicator: true },
+        ItemText { id: windowKeyField; key: "windowKey"; undoName: "setWindowKey"; refusable: true; movesIndicator: true },
+        ItemText { id: hintField; key: "hint"; undoName: "setHint" },
+        ItemText { id: hint2Field; key: "hint2"; undoName: "setHint2" },
+        ItemText { id: conditionField; key: "condition"; undoName: "setCondition"; refusable: true },
+        ItemNumber { id: jumpField; key: "jump"; undoName: "setJump"; restarts: true; value: -1 },
+        ItemNumber { id: jumpNoField; key: "jumpNo"; undoName: "setJumpNo"; restarts: true; value: -1 },
+        ItemText { id: iconField; key: "icon"; undoName: "setIcon"; restarts: true },
+        ItemText { id: commandField; key: "command"; undoName: "setCommand"; refusable: true },
+        ItemFlag { id: showArrowField; key: "showArrow"; undoName: "setShowArrow"; restarts: true }
+    ]
+
+    property alias px: xField.value
+    property alias py: yField.value
+    property alias windowKey: windowKeyField.value
+    property alias hint: hintField.value
+    property alias hint2: hint2Field.value
+    property alias condition: conditionField.value
+    property alias jump: jumpField.value
+    property alias jumpNo: jumpNoField.value
+    property alias icon: iconField.value
+    property alias command: commandField.value
+    property alias showArrow: showArrowField.value
+
     property TutorialItemListModel model: null
-    /// The SettingsForm with the controls.
+    /// The SettingsForm with the controls. It knows this type, and two types
+    /// that know each other are a circle to QML.
     property Item form: null
     /// The fields are being filled from the document: no edit is recorded.
     property bool updating: false
     property int itemId: -1
     readonly property bool folder: itemId < 0 || isFolder(itemId)
-    property int px: 0
-    property int py: 0
-    property string windowKey: ""
-    property string hint: ""
-    property string hint2: ""
-    property string condition: ""
-    property int jump: -1
-    property int jumpNo: -1
-    property string icon: ""
-    property string command: ""
-    property bool showArrow: false
     /// How many texts were refused so far.
     property int refusals: 0
 
@@ -37,17 +54,39 @@ Item {
         return !folder && (text === "" || text === "#" + itemId);
     }
 
-    /// Hands over what is being typed, so that it is neither lost nor given to
-    /// the item that is selected next.
-    function commitEditing() {
-        Qt.inputMethod.commit();
-        if (!updating && !folder && model.exists(itemId))
-            form.commit();
+    function forEachField(visit) {
+        for (var i = 0; i < fields.length; ++i)
+            visit(fields[i]);
     }
 
-    function record(sequence, key, value) {
-        UndoRedo.beginSequence(sequence);
-        model.setValue(itemId, key, value);
+    function joinControl(field) {
+        field.control = form.controlOf(field.key);
+        field.control.edited.connect(function(value) { field.value = value; });
+        field.changed.connect(function() { takeChange(field); });
+    }
+
+    function takeChange(field) {
+        if (!updating)
+            recordEdit(field);
+        field.control.show(field.value);
+    }
+
+    function recordEdit(field) {
+        if (field.refusable && refuses(field.value))
+            takeBack(field);
+        else if (field.joinsSequence && UndoRedo.inTransaction())
+            model.setValue(itemId, field.key, field.value);
+        else
+            record(field);
+        if (field.movesIndicator)
+            TutorialManager.updateIndicatorXyWindowKey(px, py, windowKey);
+        if (field.restarts)
+            restart();
+    }
+
+    function record(field) {
+        UndoRedo.beginSequence(field.undoName);
+        model.setValue(itemId, field.key, field.value);
         UndoRedo.endSequence();
     }
 
@@ -62,33 +101,22 @@ Item {
     }
 
     // A refused text gives way to the one before.
-    function recordText(sequence, key, text) {
-        if (!refuses(text)) {
-            record(sequence, key, text);
-            return;
-        }
+    function takeBack(field) {
         updating = true;
-        root[key] = model.getValue(itemId, key);
+        field.value = model.getValue(itemId, field.key);
         updating = false;
     }
 
-    // The capture of the cursor sets both coordinates in a sequence of its own.
-    function recordPosition(sequence, key, value) {
-        if (UndoRedo.inTransaction())
-            model.setValue(itemId, key, value);
-        else
-            record(sequence, key, value);
-        updateIndicator();
-    }
-
-    // The host editor shows the edited step at once.
-    function recordAndRestart(sequence, key, value) {
-        record(sequence, key, value);
-        restart();
-    }
-
-    function updateIndicator() {
-        TutorialManager.updateIndicatorXyWindowKey(px, py, windowKey);
+    /// Hands over what is being typed, so that it is neither lost nor given to
+    /// the item that is selected next.
+    function commitEditing() {
+        Qt.inputMethod.commit();
+        if (updating || folder || !model.exists(itemId))
+            return;
+        forEachField(function(field) {
+            if (field.control.commit)
+                field.control.commit();
+        });
     }
 
     function restart() {
@@ -113,106 +141,24 @@ Item {
         restart();
     }
 
-    /// Shows the item. What is being typed in a field is gone.
-    function readItem() {
-        readFields();
-        updating = true;
-        showFields();
-        updating = false;
-    }
-
-    function fieldOf(key) {
-        return itemId < 0 ? model.getDefaultValue(key) : model.getValue(itemId, key);
-    }
-
     /// Reads what the document says. A field whose value has not changed keeps
     /// what is being typed.
     function readFields() {
         updating = true;
-        px = fieldOf("x");
-        py = fieldOf("y");
-        windowKey = fieldOf("windowKey");
-        hint = fieldOf("hint");
-        hint2 = fieldOf("hint2");
-        condition = fieldOf("condition");
-        jump = fieldOf("jump");
-        jumpNo = fieldOf("jumpNo");
-        icon = fieldOf("icon");
-        command = fieldOf("command");
-        showArrow = fieldOf("showArrow");
+        forEachField(function(field) {
+            field.value = itemId < 0 ? model.getDefaultValue(field.key) : model.getValue(itemId, field.key);
+        });
         updating = false;
     }
 
-    // A control may show something else than a property that hasn't changed.
-    function showFields() {
-        form.xField.show(px);
-        form.yField.show(py);
-        form.windowKeyField.show(windowKey);
-        form.hintField.show(hint);
-        form.hint2Field.show(hint2);
-        form.conditionField.show(condition);
-        form.jumpButton.itemId = jump;
-        form.jumpNoButton.itemId = jumpNo;
-        form.iconField.show(icon);
-        form.commandField.show(command);
-        form.arrowBox.checked = showArrow;
+    /// Shows the item. What is being typed in a field is gone.
+    function readItem() {
+        readFields();
+        updating = true;
+        // A control may show something else than a value that hasn't changed.
+        forEachField(function(field) { field.control.show(field.value); });
+        updating = false;
     }
 
-    onPxChanged: {
-        if (!updating)
-            recordPosition("setX", "x", px);
-        form.xField.show(px);
-    }
-    onPyChanged: {
-        if (!updating)
-            recordPosition("setY", "y", py);
-        form.yField.show(py);
-    }
-    onWindowKeyChanged: {
-        if (!updating) {
-            recordText("setWindowKey", "windowKey", windowKey);
-            updateIndicator();
-        }
-        form.windowKeyField.show(windowKey);
-    }
-    onHintChanged: {
-        if (!updating)
-            record("setHint", "hint", hint);
-        form.hintField.show(hint);
-    }
-    onHint2Changed: {
-        if (!updating)
-            record("setHint2", "hint2", hint2);
-        form.hint2Field.show(hint2);
-    }
-    onConditionChanged: {
-        if (!updating)
-            recordText("setCondition", "condition", condition);
-        form.conditionField.show(condition);
-    }
-    onJumpChanged: {
-        if (!updating)
-            recordAndRestart("setJump", "jump", jump);
-        form.jumpButton.itemId = jump;
-    }
-    onJumpNoChanged: {
-        if (!updating)
-            recordAndRestart("setJumpNo", "jumpNo", jumpNo);
-        form.jumpNoButton.itemId = jumpNo;
-    }
-    onIconChanged: {
-        if (!updating)
-            recordAndRestart("setIcon", "icon", icon);
-        form.iconField.show(icon);
-    }
-    onCommandChanged: {
-        if (!updating)
-            recordText("setCommand", "command", command);
-        form.commandField.show(command);
-    }
-    onShowArrowChanged: {
-        if (!updating)
-            recordAndRestart("setShowArrow", "showArrow", showArrow);
-        form.arrowBox.checked = showArrow;
-    }
+    onFormChanged: if (form) forEachField(joinControl)
 }

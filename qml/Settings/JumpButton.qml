@@ -5,9 +5,13 @@ import "../Controls"
 PopupMenuButton {
     id: root
 
-    property var screen: null
+    property ItemFields screen: null
 
-    signal chosen(int id)
+    signal edited(int newId)
+
+    function show(id) {
+        itemId = id;
+    }
 
     width: 256
     height: 32
@@ -19,6 +23,6 @@ PopupMenuButton {
             itemId = -1;
             return;
         }
-        chosen(itemId);
+        edited(itemId);
     }
 }

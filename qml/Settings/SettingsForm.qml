@@ -5,34 +5,35 @@ import "../Controls"
 import "../QtControls"
 import "../Singletons"
 
-/// The settings of the selected item. What the user changes goes to the
-/// properties of the screen, which shows them here again. Its texts belong to
-/// the screen.
+/// The settings of the selected item. The control of a field has the field's key
+/// as its objectName, and the screen joins the two. Its texts belong to the
+/// screen.
 GroupBox {
     id: root
 
-    property var screen: null
-    property alias windowKeyField: windowKeyInput
-    property alias xField: xInput
-    property alias yField: yInput
-    property alias iconField: iconCombo
-    property alias commandField: commandInput
-    property alias arrowBox: arrowCheck
-    property alias hintField: hintInput
-    property alias hint2Field: hint2Input
-    property alias conditionField: conditionInput
-    property alias jumpButton: jumpPopup
-    property alias jumpNoButton: jumpNoPopup
+    property ItemFields screen: null
+    /// The names of the languages that a hint is in.
+    property var localeList: []
+    /// What the jump menus offer.
+    property string jumpTreeJson: ""
 
     // The hint takes the height that the other rows leave.
     readonly property real otherRowsHeight: windowRow.height + positionRow.height + conditionRow.height + iconRow.height
                                             + arrowCheck.height + jumpRow.height + hint2Row.height
+    readonly property Item focusItem: Window.activeFocusItem
 
-    /// Hands over what is being typed.
-    function commit() {
-        [windowKeyInput, xInput, yInput, commandInput, conditionInput].forEach(function(field) {
-            field.commit();
-        });
+    /// The control of that name.
+    function controlOf(key) {
+        for (var i = 0; i < column.children.length; ++i) {
+            var row = column.children[i];
+            if (row.objectName === key)
+                return row;
+            for (var j = 0; j < row.children.length; ++j) {
+                if (row.children[j].objectName === key)
+                    return row.children[j];
+            }
+        }
+        return null;
     }
 
     // The place to scroll to, so that what begins there is in sight.
@@ -51,9 +52,8 @@ GroupBox {
 
     // A field that the Tab key leads to comes into view.
     function followFocus() {
-        var item = Window.activeFocusItem;
-        if (item && isField(item))
-            scrollTo(item);
+        if (focusItem && isField(focusItem))
+            scrollTo(focusItem);
     }
 
     function isField(item) {
@@ -64,7 +64,6 @@ GroupBox {
         return false;
     }
 
-    readonly property var focusItem: Window.activeFocusItem
     onFocusItemChanged: followFocus()
 
     ScrollView {
@@ -87,10 +86,8 @@ GroupBox {
                 }
 
                 LineField {
-                    id: windowKeyInput
                     objectName: "windowKey"
                     width: 256
-                    onEdited: root.screen.windowKey = newText
                 }
 
                 Button {
@@ -116,9 +113,7 @@ GroupBox {
                 }
 
                 NumberField {
-                    id: xInput
                     objectName: "x"
-                    onEdited: root.screen.px = newValue
                 }
 
                 FieldLabel {
@@ -126,9 +121,7 @@ GroupBox {
                 }
 
                 NumberField {
-                    id: yInput
                     objectName: "y"
-                    onEdited: root.screen.py = newValue
                 }
             }
 
@@ -140,28 +133,11 @@ GroupBox {
                     text: qsTranslate("TutorialSettingItem", "Icon:")
                 }
 
-                NameIdComboBox {
-                    id: iconCombo
-
-                    property bool completed: false
-
-                    function show(name) {
-                        itemId = nameList.indexOf(name);
-                        showItemId();
-                    }
-
+                IconField {
                     objectName: "icon"
                     anchors.verticalCenter: parent.verticalCenter
                     width: 100
-                    nameList: ["click", "doubleClick", "rightClick", "eye", "wait", "keyboard"]
-                    idList: [0, 1, 2, 3, 4, 5]
-                    onItemIdChanged: {
-                        if (completed && !root.screen.updating)
-                            root.screen.icon = itemId >= 0 ? nameList[idList.indexOf(itemId)] : "";
-                    }
-                    Component.onCompleted: completed = true
-
-                    WheelGuard {}
+                    screen: root.screen
                 }
 
                 FieldLabel {
@@ -169,19 +145,16 @@ GroupBox {
                 }
 
                 LineField {
-                    id: commandInput
                     objectName: "command"
                     width: 384
-                    onEdited: root.screen.command = newText
                 }
             }
 
-            CheckBox {
+            FlagField {
                 id: arrowCheck
                 objectName: "showArrow"
                 text: qsTranslate("TutorialSettingItem", "Show arrow")
                 enabled: root.screen.px !== -9999 || root.screen.py !== -9999
-                onCheckedChanged: root.screen.showArrow = checked
             }
 
             Row {
@@ -196,11 +169,9 @@ GroupBox {
                 }
 
                 HintField {
-                    id: hintInput
                     objectName: "hint"
                     width: Math.max(512, root.width - hintLabel.width - 64)
                     height: Math.max(192, root.height - 64 - root.otherRowsHeight)
-                    onEdited: root.screen.hint = newText
                 }
             }
 
@@ -212,15 +183,13 @@ GroupBox {
                     id: hint2Label
                     objectName: "hint2Label"
                     missing: root.screen.isMissing(root.screen.hint2)
-                    text: root.screen.localeList[root.screen.localeList.indexOf(TutorialManager.locale2)] || ""
+                    text: root.localeList[root.localeList.indexOf(TutorialManager.locale2)] || ""
                 }
 
                 HintField {
-                    id: hint2Input
                     objectName: "hint2"
                     width: Math.max(512, root.width - hint2Label.width - 64)
                     height: 192
-                    onEdited: root.screen.hint2 = newText
                 }
             }
 
@@ -233,10 +202,8 @@ GroupBox {
                 }
 
                 LineField {
-                    id: conditionInput
                     objectName: "condition"
                     width: 416
-                    onEdited: root.screen.condition = newText
                 }
             }
 
@@ -249,10 +216,9 @@ GroupBox {
                 }
 
                 JumpButton {
-                    id: jumpPopup
                     objectName: "jump"
                     screen: root.screen
-                    onChosen: root.screen.jump = id
+                    itemTreeJson: root.jumpTreeJson
                 }
 
                 FieldLabel {
@@ -260,10 +226,9 @@ GroupBox {
                 }
 
                 JumpButton {
-                    id: jumpNoPopup
                     objectName: "jumpNo"
                     screen: root.screen
-                    onChosen: root.screen.jumpNo = id
+                    itemTreeJson: root.jumpTreeJson
                 }
             }
         }

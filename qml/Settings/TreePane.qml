@@ -6,9 +6,12 @@ import "../Controls"
 FocusScope {
     id: root
 
-    property var screen: null
     property alias treeListView: tree
     property alias toolbar: buttons
+
+    signal folderRequested()
+    signal itemRequested()
+    signal deleteRequested()
 
     FocusScope {
         anchors {
@@ -48,21 +51,21 @@ FocusScope {
                 objectName: "addFolderButton"
                 imageSource: "../../icon/add_folder.png"
                 tooltip: qsTranslate("TutorialSettingItem", "Add folder")
-                onClicked: root.screen.addFolder(root.screen.itemId)
+                onClicked: root.folderRequested()
             }
 
             IconButton {
                 objectName: "addItemButton"
                 imageSource: "../../icon/new_data.png"
                 tooltip: qsTranslate("TutorialSettingItem", "Add item")
-                onClicked: root.screen.addItem(root.screen.itemId)
+                onClicked: root.itemRequested()
             }
 
             IconButton {
                 objectName: "deleteButton"
                 imageSource: "../../icon/delete.png"
                 tooltip: qsTranslate("TutorialSettingItem", "Delete")
-                onClicked: root.screen.deleteIdList(root.screen.selectedIdList)
+                onClicked: root.deleteRequested()
             }
         }
     }

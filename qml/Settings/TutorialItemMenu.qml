@@ -7,35 +7,40 @@ import Morvi.kess 1.0
 Menu {
     id: root
 
-    property var screen: null
     property Item activeFocusItem: null
+    property bool anySelected: false
     readonly property alias addFolderMi: addFolderItem
     readonly property alias addItemMi: addItemItem
     readonly property alias copyMi: copyItem
     readonly property alias cutMi: cutItem
     readonly property alias pasteMi: pasteItem
     readonly property alias deleteMi: deleteItem
-    readonly property bool anySelected: screen !== null && screen.selectedIdList.length > 0
+
+    signal folderRequested()
+    signal itemRequested()
+    signal copyRequested()
+    signal pasteRequested()
+    signal deleteRequested()
 
     title: qsTranslate("TutorialSettingItem", "Tutorial item menu")
 
     MenuItem {
         id: addFolderItem
         text: qsTranslate("TutorialSettingItem", "Add folder")
-        onTriggered: root.screen.addFolder(root.screen.itemId)
+        onTriggered: root.folderRequested()
     }
 
     MenuItem {
         id: addItemItem
         text: qsTranslate("TutorialSettingItem", "Add item")
-        onTriggered: root.screen.addItem(root.screen.itemId)
+        onTriggered: root.itemRequested()
     }
 
     MenuItem {
         id: copyItem
         text: qsTranslate("TutorialSettingItem", "Copy")
         enabled: root.anySelected
-        onTriggered: root.screen.copyItems()
+        onTriggered: root.copyRequested()
     }
 
     MenuItem {
@@ -43,8 +48,8 @@ Menu {
         text: qsTranslate("TutorialSettingItem", "Cut")
         enabled: root.anySelected
         onTriggered: {
-            root.screen.copyItems();
-            root.screen.deleteIdList(root.screen.selectedIdList);
+            root.copyRequested();
+            root.deleteRequested();
         }
     }
 
@@ -52,13 +57,13 @@ Menu {
         id: pasteItem
         text: qsTranslate("TutorialSettingItem", "Paste")
         enabled: TutorialManager.mimeType === "TutorialItemData/ItemList"
-        onTriggered: root.screen.pasteItems()
+        onTriggered: root.pasteRequested()
     }
 
     MenuItem {
         id: deleteItem
         text: qsTranslate("TutorialSettingItem", "Delete")
         enabled: root.anySelected
-        onTriggered: root.screen.deleteIdList(root.screen.selectedIdList)
+        onTriggered: root.deleteRequested()
     }
 }
