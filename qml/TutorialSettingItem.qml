@@ -41,7 +41,7 @@ ItemFields {
     /// stays selected, and folders open, where the same tutorial was read again.
     function showDocument() {
         if (TutorialManager.tutorialName === shownTutorial) {
-            treeListView.rebuild(function() { tutorialItemListModel.refresh(); });
+            treeListView.reread();
         } else {
             shownTutorial = TutorialManager.tutorialName;
             tutorialItemListModel.refresh();
@@ -94,7 +94,7 @@ ItemFields {
 
     // It comes after a step back or forth.
     function followJumpLink() {
-        follower.follow();
+        treeListView.follow();
         if (itemId < 0)
             focusOnFirst();
     }
@@ -106,7 +106,7 @@ ItemFields {
         UndoRedo.beginSequence("addTutorialItem");
         var id = tutorialItemListModel.addItem(targetId);
         UndoRedo.endSequence();
-        follower.follow();
+        treeListView.follow();
         treeListView.autoActiveFocusOneShot = true;
         treeListView.focusId = id;
         treeListView.focusOn();
@@ -115,7 +115,6 @@ ItemFields {
     function addFolder(targetId) {
         commitEditing();
         treeListView.addFolder(targetId);
-        follower.follow();
     }
 
     function deleteIdList(idList) {
@@ -125,7 +124,6 @@ ItemFields {
         UndoRedo.beginSequence("deleteTutorialItem");
         treeListView.deleteIdList(idList);
         UndoRedo.endSequence();
-        follower.follow();
     }
 
     function copyItems() {
@@ -138,7 +136,7 @@ ItemFields {
         UndoRedo.beginSequence("pasteTutorialItemList");
         var idList = TutorialManager.pasteTutorialItemList();
         UndoRedo.endSequence();
-        follower.follow();
+        treeListView.follow();
         if (idList.length > 0)
             treeListView.setSelectedIdList(idList);
     }
@@ -289,16 +287,6 @@ ItemFields {
         }
     }
 
-    DocumentFollower {
-        id: follower
-        history: UndoRedo
-        model: tutorialItemListModel
-        onRowsAboutToChange: treeListView.closeRows()
-        onRowsChanged: treeListView.openRows()
-        onTreeChanged: root.updateJumpTreeJson()
-        onFollowed: root.followDocument(showIds)
-    }
-
     AlertDialog {
         id: alertDialog
     }
@@ -315,6 +303,8 @@ ItemFields {
             selectedIdList = idList;
             updateSelectedItem();
         });
+        treeListView.treeChanged.connect(updateJumpTreeJson);
+        treeListView.followed.connect(followDocument);
         treeListView.itemDoubleClicked.connect(function(id) {
             applicationWindow.startFromId(id);
         });

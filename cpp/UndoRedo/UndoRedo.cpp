@@ -125,8 +125,6 @@ void UndoRedo::endSequence()
     if (open && !recorded)
         cutRedoSide();
     endTransaction();
-    if (recorded)
-        Q_EMIT documentChanged();
 }
 
 void UndoRedo::cutRedoSide()
@@ -250,8 +248,7 @@ void UndoRedo::addCommand(QUndoCommand *command)
             setPendingJumpLink(QString());
     }
     mMergeable = true;
-    if (mSequenceNames.isEmpty())
-        Q_EMIT documentChanged();
+    Q_EMIT documentChanged();
 }
 
 void UndoRedo::forgetMergedState()

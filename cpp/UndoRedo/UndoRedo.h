@@ -97,7 +97,8 @@ public:
 Q_SIGNALS:
     void canUndoChanged(bool canUndo);
     void canRedoChanged(bool canRedo);
-    /// A step has changed the document: one that is now complete, was taken back or was done again.
+    /// A command has changed the document, or a step that was taken back or done again. Within a
+    /// sequence it comes with each command.
     void documentChanged();
     /// Comes before documentChanged when a step was taken back, or done again. The ids are those of
     /// the items that it is about (see stepItems); they may be gone.

@@ -25,7 +25,7 @@ public:
 
     /// The document may have changed: follow in the next turn of the event loop.
     Q_INVOKABLE void schedule();
-    /// Follows at once if that is due, for who goes on with the rows.
+    /// Follows at once if that is due, for who goes on with the rows, also in an open sequence.
     Q_INVOKABLE void follow();
 
 Q_SIGNALS:

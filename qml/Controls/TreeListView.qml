@@ -61,11 +61,6 @@ Rectangle {
     /// The folder that the drag would drop into; -2 for none.
     property int dndTargetFolderId: -2
 
-    /// While the rows change: how far the view was scrolled, and the folders that
-    /// were open.
-    property real placeBefore: 0
-    property var openBefore: []
-
     readonly property alias selection: selectionModel
     readonly property alias dropArea: dropArea
 
@@ -75,6 +70,10 @@ Rectangle {
     signal itemsUpdated()
     signal selectedIdListChanged(var idList)
     signal treeItemMoved()
+    /// The rows are in line with the document again (see DocumentFollower).
+    signal followed(var showIds)
+    /// The shape of the tree, or a name in it, has changed.
+    signal treeChanged()
 
     /// Opens the folders towards focusId and selects its row.
     function focusOn() {
@@ -90,16 +89,27 @@ Rectangle {
         view.expand(root);
     }
 
-    /// Brings the rows in line with the document.
+    /// Brings the rows in line with the document, whether it has changed or not.
     function refreshPartial() {
-        rebuild(function() { treeListModel.refreshPartial(); });
+        rows.rebuild(function() { treeListModel.refreshPartial(); });
+    }
+
+    /// Brings the rows in line with an edit now, and not in the next turn of the
+    /// event loop, for who goes on with them.
+    function follow() {
+        rows.follower.follow();
+    }
+
+    /// Reads the document anew. Folders stay open, and the view where it is.
+    function reread() {
+        rows.rebuild(function() { treeListModel.refresh(); });
     }
 
     function addFolder(targetId) {
         UndoRedo.beginSequence("addFolder");
         var id = treeListModel.addFolder(targetId);
         UndoRedo.endSequence();
-        refreshPartial();
+        follow();
         autoActiveFocusOneShot = true;
         setSelectedIdList([id]);
         return id;
@@ -113,7 +123,7 @@ Rectangle {
     function deleteIdList(idList) {
         var nextId = treeListModel.getNextId(idList);
         treeListModel.deleteIdList(idList);
-        refreshPartial();
+        follow();
         resetSelected();
         if (nextId < 0)
             return;
@@ -126,7 +136,7 @@ Rectangle {
         selectionModel.clear();
         if (idList.length === 0)
             return;
-        openFoldersOf(idList[0]);
+        rows.openFoldersOf(idList[0]);
         selectIds(idList);
         timers.startAutoSelect(idList, true);
     }
@@ -134,7 +144,7 @@ Rectangle {
     /// Selects rows that are there already, and scrolls as little as it takes to
     /// show the first of them.
     function showIdList(idList) {
-        idList.forEach(openFoldersOf);
+        idList.forEach(rows.openFoldersOf);
         selectionModel.setSelectedIdList(idList);
         var id = idList[0];
         selectionModel.setCurrentIndex(treeListModel.getModelIndexById(id), ItemSelectionModel.NoUpdate);
@@ -198,42 +208,6 @@ Rectangle {
 
     function rowAt(x, y) {
         return view.indexAt(x < 0 ? 64 : x, y < 0 ? 4 : y);
-    }
-
-    /// Rows come and go with the tree closed, which keeps the view from showing
-    /// rows twice. Afterwards the view is where it was.
-    function closeRows() {
-        dropArea.cancel();
-        placeBefore = view.scrolled();
-        openBefore = view.openFolders();
-        view.collapse(treeListModel.getRootIndex());
-    }
-
-    function openRows() {
-        view.expand(treeListModel.getRootIndex());
-        // The row of a folder that was moved is a new one, and closed.
-        openBefore.forEach(function(id) {
-            var index = treeListModel.getModelIndexById(id);
-            if (index.valid && !view.isExpanded(index))
-                view.expand(index);
-        });
-        openBefore = [];
-        view.scrollTo(placeBefore);
-    }
-
-    function rebuild(change) {
-        closeRows();
-        change();
-        treeListModel.refreshRoles();
-        openRows();
-    }
-
-    function openFoldersOf(id) {
-        var index = treeListModel.getModelIndexById(id);
-        if (!index.valid)
-            return;
-        for (var folder = index.parent; folder.valid; folder = folder.parent)
-            view.expand(folder);
     }
 
     function selectIds(idList) {
@@ -387,6 +361,14 @@ Rectangle {
             objectName: "marker"
             barWidth: view.viewport.width
         }
+    }
+
+    TreeListRows {
+        id: rows
+        tree: root
+        view: view
+        dropArea: dropArea
+        model: root.treeListModel
     }
 
     TreeListTimers {

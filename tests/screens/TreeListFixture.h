@@ -136,12 +136,10 @@ public:
         return QTest::qWaitFor([=] { return row(first) != nullptr; });
     }
 
-    /// What the settings screen does after an undo or a redo.
     void undo()
     {
         session.history().undo();
-        model->refreshPartial();
-        model->refreshRoles();
+        QMetaObject::invokeMethod(tree, "follow");
     }
 
     EditingSession session;

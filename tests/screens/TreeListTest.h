@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quick/DocumentFollower.h"
 #include "TreeListFixture.h"
 
 #include <QApplication>
@@ -50,6 +51,7 @@ int runTreeListTest(int argc, char **argv)
     QApplication application(argc, argv);
     QLocale::setDefault(QLocale::c());
     qmlRegisterType<TutorialItemListModel>("Morvi.kess", 1, 0, "TutorialItemListModel");
+    qmlRegisterType<DocumentFollower>("Morvi.kess", 1, 0, "DocumentFollower");
     qmlRegisterType<TreeListItemSelectionModel>("Morvi.kess", 1, 0, "TreeListItemSelectionModel");
     qmlRegisterSingletonType<UndoRedo>("Morvi.kess", 1, 0, "UndoRedo", [](QQmlEngine *, QJSEngine *) -> QObject * {
         QQmlEngine::setObjectOwnership(UndoRedo::instance(), QQmlEngine::CppOwnership);

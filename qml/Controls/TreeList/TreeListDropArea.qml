@@ -161,21 +161,19 @@ DropArea {
     function carryOut(beforeIndex, intoIndex) {
         var model = tree.treeListModel;
         var idList = tree.selection.getTreeSelectedIdList();
-        timers.keepContentY();
-        tree.rebuild(function() {
-            if (beforeIndex !== null) {
-                UndoRedo.beginSequence("moveTreeItem(1)");
-                model.moveIdListBeforeIndex(beforeIndex, idList);
-                UndoRedo.endSequence();
-            } else {
-                UndoRedo.beginSequence("moveTreeItem(2)");
-                model.moveIdListIntoIndex(intoIndex, idList);
-                UndoRedo.endSequence();
-                timers.startAutoOpen(tree.getIdByIndex(intoIndex));
-                view.expand(intoIndex);
-            }
-            model.refreshPartial();
-        });
+        if (beforeIndex !== null) {
+            UndoRedo.beginSequence("moveTreeItem(1)");
+            model.moveIdListBeforeIndex(beforeIndex, idList);
+            UndoRedo.endSequence();
+            tree.follow();
+        } else {
+            var folderId = tree.getIdByIndex(intoIndex);
+            UndoRedo.beginSequence("moveTreeItem(2)");
+            model.moveIdListIntoIndex(intoIndex, idList);
+            UndoRedo.endSequence();
+            tree.follow();
+            view.expand(model.getModelIndexById(folderId));
+        }
         tree.selection.setSelectedIdList(idList);
         timers.startAutoSelect(idList);
         tree.treeItemMoved();

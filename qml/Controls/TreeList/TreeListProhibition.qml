@@ -21,8 +21,6 @@ Row {
                 UndoRedo.beginSequence("changeProhibited");
                 tree.treeListModel.setValue(id, "prohibited", !toggle.delegate.prohibited);
                 UndoRedo.endSequence();
-                // A folder shows what all its items are.
-                tree.treeListModel.refreshRoles();
                 tree.itemUpdated(id);
             }
         }

@@ -26,8 +26,6 @@ Rectangle {
         if (text === oldText)
             return;
         row.tree.onTextChanged(row.index, text);
-        row.tree.treeListModel.refreshPartial();
-        row.tree.treeListModel.refreshRoles();
     }
 
     // The keys go on in the row, unless another item has taken the focus.

@@ -1,7 +1,17 @@
 import QtQuick 2.9
 
-/// The timers of TreeListView. Each change of the model is followed by new
-/// delegates, and what depends on these waits one timer.
+/// What TreeListView waits for. New rows, and those of a folder that has just
+/// opened, have no delegates before the view has laid them out.
+///
+/// - autoFocusTimer, on the way to one row, waits after each folder that it
+///   opens for the delegates of the rows in it.
+/// - autoSelectTimer waits for the delegates of rows that are to be selected
+///   together, and then selects them once more.
+/// - delaySelectTimer waits until the changes of the selection in this turn are
+///   over, and then brings the row that was asked for last into view.
+///
+/// The first two end in the third. Where the user goes to a row by himself, both
+/// are stopped.
 Item {
     id: timers
 
@@ -31,9 +41,6 @@ Item {
 
     /// Brings the row into view.
     function startDelaySelect(id) {
-        // The way to another row is no longer wanted.
-        if (bottomScrollTimer._id !== id)
-            bottomScrollTimer.stop();
         delaySelectTimer._id = id;
         delaySelectTimer.start();
     }
@@ -41,20 +48,9 @@ Item {
     /// Brings a row into view whose delegate may not have been made yet, in place
     /// of what was to be selected.
     function showRow(id) {
-        autoFocusTimer.stop();
-        autoSelectTimer.stop();
+        forgetTargets();
         delaySelectTimer.select = false;
         startDelaySelect(id);
-    }
-
-    function startAutoOpen(id) {
-        autoOpenTimer.folderId = id;
-        autoOpenTimer.restart();
-    }
-
-    /// Has the next delayed selection first scroll back to where the view is now.
-    function keepContentY() {
-        delaySelectTimer.lContentY = view.scrolled();
     }
 
     function followSelection(idList) {
@@ -70,25 +66,21 @@ Item {
         tree.selectedIdListChanged(idList);
     }
 
-    /// Scrolls until the row, or the closed folder that holds it, is in view.
-    function checkTopBottom(id) {
+    /// Scrolls to the row, or to the closed folder that holds it, and says whether
+    /// the view has moved by that.
+    function scrollTowards(id) {
         var model = tree.treeListModel;
         var bottom = tree.rowAt(64, view.viewport.height - 1);
         var shown = view.shownIndex(model.getModelIndexById(id));
         if (!bottom.valid || !shown.valid)
-            return;
+            return false;
         var shownId = tree.getIdByIndex(shown);
-        if (!model.isLower(shownId, tree.getIdByIndex(bottom)) && tree.getItemById(shownId)) {
-            startDelaySelect(id);
-            return;
-        }
+        if (!model.isLower(shownId, tree.getIdByIndex(bottom)) && tree.getItemById(shownId))
+            return false;
         var scrolled = view.scrolled();
         var rows = view.rowsAbove(shown) - view.rowsAbove(bottom);
         view.scrollTo(scrolled + tree.simpleDisplayHeight * rows);
-        if (view.scrolled() === scrolled)
-            return;
-        bottomScrollTimer._id = id;
-        bottomScrollTimer.start();
+        return view.scrolled() !== scrolled;
     }
 
     Timer {
@@ -170,7 +162,6 @@ Item {
         id: delaySelectTimer
 
         property int _id: -1
-        property var lContentY: null
         property bool select: true
 
         // The arrow keys of the view, and a row that was out of view, leave the selected state to
@@ -187,20 +178,20 @@ Item {
 
         interval: 1
         onTriggered: {
-            if (lContentY !== null) {
-                view.scrollTo(lContentY);
-                lContentY = null;
-            }
             if (_id < 0)
                 return;
             // A folder that has just opened has no delegates before the next frame.
             view.flickableItem.forceLayout();
             var id = _id;
-            checkTopBottom(id);
             _id = -1;
+            var moved = scrollTowards(id);
             var delegate = tree.getItemById(id);
-            if (!delegate)
+            if (!delegate) {
+                // The rows there may have to be laid out first.
+                if (moved)
+                    startDelaySelect(id);
                 return;
+            }
             view.reveal(delegate);
             if (!select) {
                 adopt(delegate);
@@ -212,28 +203,6 @@ Item {
             tree.fillSelected(delegate, delegate.rowId);
             tree.focusId = id;
             tree.callUpdateSelectedItem();
-        }
-    }
-
-    Timer {
-        id: bottomScrollTimer
-
-        property int _id: -1
-
-        interval: 1
-        onTriggered: checkTopBottom(_id)
-    }
-
-    Timer {
-        id: autoOpenTimer
-
-        property int folderId: -2
-
-        interval: 100
-        onTriggered: {
-            var delegate = folderId >= -1 ? tree.getItemById(folderId) : null;
-            if (delegate && !view.isExpanded(delegate.index))
-                view.expand(delegate.index);
         }
     }
 }
