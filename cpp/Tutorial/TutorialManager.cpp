@@ -1,9 +1,9 @@
 #include "Tutorial/TutorialManager.h"
 
-#include "SystemService/SystemService.h"
 #include "tool/Log.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/translation/TutorialTranslation.h"
 #include "TutorialEditor/Manager.h"
 
 #include <QApplication>
@@ -31,13 +31,13 @@ TutorialManager::TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine)
     , mVisibility(&mGuidanceWindows)
     , mReader(HostRecord::kFromHost)
     , mEditorManager(std::make_unique<TutorialEditor::Manager>())
-    , mLocale(SystemService::getDebugLocale())
+    , mTranslation(std::make_unique<TutorialTranslation>(isMakingSupported(), applicationObject, mEditorManager->mData))
 {
     connect(&mHostWindows, &HostWindows::currentKeyChanged, this, &TutorialManager::currentWindowKeyChanged);
-    updateLocale2(mLocale);
-    Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << mLocale << mLocale2;
-    if (isMakingSupported())
-        QCoreApplication::installTranslator(&mDocumentTranslator);
+    Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << locale() << locale2();
+    connect(mTranslation.get(), &TutorialTranslation::localeChanged, this, &TutorialManager::localeChanged);
+    connect(mTranslation.get(), &TutorialTranslation::locale2Changed, this, &TutorialManager::locale2Changed);
+    connect(mTranslation.get(), &TutorialTranslation::hintsTaken, this, &TutorialManager::documentReplaced);
 
     const QStringList arguments = QCoreApplication::arguments();
     const QString suffix = arguments.size() >= 2 ? arguments.at(1) : QStringLiteral("20180123-0000");

@@ -6,9 +6,7 @@
 #include "Tutorial/guidance/GuidanceWindows.h"
 #include "Tutorial/guidance/HostWindows.h"
 #include "Tutorial/link/HostRecordReader.h"
-#include "Tutorial/translation/DocumentTranslator.h"
 
-#include <QDomDocument>
 #include <QHash>
 #include <QMimeData>
 #include <QObject>
@@ -23,7 +21,7 @@
 class QJSEngine;
 class QLocalSocket;
 class QQmlEngine;
-class TutorialItemData;
+class TutorialTranslation;
 
 namespace TutorialEditor
 {
@@ -127,8 +125,8 @@ public:
     void setPendingJumpLink(const QString &linkInfo) override;
     QString mimeType() const { return mMimeType; }
     QString tutorialName() const { return mTutorialName; }
-    QString locale() const { return mLocale; }
-    QString locale2() const { return mLocale2; }
+    QString locale() const;
+    QString locale2() const;
     void setLocale(const QString &locale);
     void setLocale2(const QString &locale);
 
@@ -188,16 +186,6 @@ private:
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
-    void updateLocale2(const QString &locale);
-    void installTranslator(const QString &locale);
-    void updateDocumentTranslator();
-    void readSecondHints();
-    QString translationPath(const QString &locale) const;
-    bool readTranslation(const QString &locale, QDomDocument &document) const;
-    bool refreshTranslation(const QString &locale, QDomDocument &document) const;
-    void keepLoadedHints(const QString &locale, const QDomDocument &document);
-    void mergeHints(const QString &locale, QDomDocument &document, QString TutorialItemData::*hint);
-    bool writeTranslation(const QString &locale, const QDomDocument &document);
 
     QQmlEngine *mEngine;
     QJSEngine *mScriptEngine;
@@ -214,17 +202,10 @@ private:
     QString mPendingJumpLink;
     QTimer mDeferredTimer;
     std::unique_ptr<TutorialEditor::Manager> mEditorManager;
+    std::unique_ptr<TutorialTranslation> mTranslation; // works on the editor manager's document
     QMimeData mMimeData;
     QString mMimeType;
     QString mTutorialName;
-    QString mTranslationContext; // tutorialName, but kept over an unload
-    QString mLocale;
-    QString mLocale2;
-    QString mHintLocale; // the language of the loaded items' first hints
-    QHash<QString, TranslationSource::Messages> mLoadedHints; // by locale, as the last load or save left them
-    QDomDocument mTranslationDocument;
-    QDomDocument mTranslationDocument2;
-    DocumentTranslator mDocumentTranslator; // answers in the authoring mode only
 };
 
 /// The single instance; null before it is made and after its end.

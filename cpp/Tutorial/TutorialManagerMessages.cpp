@@ -6,6 +6,7 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/translation/TutorialTranslation.h"
 #include "Tutorial/TutorialManager.h"
 
 #include <QMetaObject>
@@ -162,7 +163,7 @@ void TutorialManager::onFromServer(const QStringList &fields)
     if (locale == QLatin1String("Raw"))
         return;
     const bool standard = locale.isEmpty() || locale == QLatin1String("-");
-    installTranslator(standard ? SystemService::getDefaultLocale() : locale);
+    mTranslation->installTranslator(standard ? SystemService::getDefaultLocale() : locale);
 }
 
 void TutorialManager::onRequestPresetData(const QStringList &fields)

@@ -4,7 +4,7 @@
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
 #include "Tutorial/link/HostMessages.h"
-#include "Tutorial/translation/TranslatableText.h"
+#include "Tutorial/translation/TutorialTranslation.h"
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
@@ -28,20 +28,13 @@ QString baseName(const QString &filename)
 
 QString TutorialManager::loadTutorial(const QString &filename)
 {
-    mTranslationContext = baseName(filename);
-    setTutorialName(mTranslationContext);
-    if (isMakingSupported()) {
-        loadTranslation();
-        updateDocumentTranslator();
-        mLoadedHints.clear();
-        keepLoadedHints(mLocale, mTranslationDocument);
-        keepLoadedHints(mLocale2, mTranslationDocument2);
-    }
-    mHintLocale = mLocale;
+    const QString name = baseName(filename);
+    mTranslation->beginLoad(name);
+    setTutorialName(name);
     const QStringList errors = mEditorManager->setContents(filename);
     // What stayed because the file could not be opened keeps its hints.
-    if (isMakingSupported() && mEditorManager->isLoaded())
-        readSecondHints();
+    if (mEditorManager->isLoaded())
+        mTranslation->endLoad();
     Q_EMIT documentReplaced();
     return errors.join(QLatin1Char('\n'));
 }
@@ -89,10 +82,8 @@ QString TutorialManager::getTutorialJson()
         return QString();
     }
     QStringList errors;
-    QString text = TranslatableText::applyToList(
-        ScenarioText::removeAssignment(QString::fromUtf8(bytes), QStringLiteral("list")),
-        QStringLiteral("TutorialList"),
-        [this](const QString &context, const QString &source) { return applyTranslation(context, source); }, errors);
+    const QString array = ScenarioText::removeAssignment(QString::fromUtf8(bytes), QStringLiteral("list"));
+    const QString text = mTranslation->applyTranslationToList(array, errors);
     if (!errors.isEmpty())
         Log::warning(kFolder, "TutorialManager::getTutorialJson", __LINE__) << errors;
     return text;
@@ -133,9 +124,7 @@ QString TutorialManager::leftOut() const
 QString TutorialManager::save()
 {
     // What is not the content of its file must not go into the translations either.
-    if (!mEditorManager->isSaveable())
-        return mEditorManager->save();
-    if (!feedbackTranslation() || !saveTranslation())
+    if (mEditorManager->isSaveable() && !(feedbackTranslation() && saveTranslation()))
         return tr("Failed to save translation.");
     return mEditorManager->save();
 }

@@ -1,5 +1,6 @@
 #include "support/WarningGuard.h"
 #include "Tutorial/translation/TranslationSource.h"
+#include "Tutorial/translation/TranslationXml.h"
 
 #include <QRandomGenerator>
 #include <QTextCodec>
@@ -35,7 +36,7 @@ QByteArray obsolete(const QByteArray &text)
 QDomDocument parse(const QByteArray &bytes)
 {
     QDomDocument result;
-    if (!TranslationSource::parse(bytes, result))
+    if (!TranslationXml::parse(bytes, result))
         qWarning("not well-formed: %s", bytes.constData());
     return result;
 }
@@ -230,7 +231,7 @@ void tst_TranslationSource::readsOtherLineEndsAndEncodings()
     }
     // Bytes that can't be read would be gone from what is written.
     QDomDocument none;
-    QVERIFY(!TranslationSource::parse("<TS>" + context("T", translated("\xef\xbf\xbd\xe9")) + "</TS>", none));
+    QVERIFY(!TranslationXml::parse("<TS>" + context("T", translated("\xef\xbf\xbd\xe9")) + "</TS>", none));
     QVERIFY(none.isNull());
 }
 

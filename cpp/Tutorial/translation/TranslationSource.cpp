@@ -1,161 +1,18 @@
 #include "Tutorial/translation/TranslationSource.h"
 
-#include "tool/DataSupport.h"
-
-#include <QRegularExpression>
-#include <QXmlInputSource>
-#include <QXmlSimpleReader>
-
-#include <algorithm>
+#include "Tutorial/translation/TranslationXml.h"
 
 namespace
 {
+using TranslationXml::setText;
+using TranslationXml::textOf;
+
 const QString kContext = QStringLiteral("context");
 const QString kName = QStringLiteral("name");
 const QString kMessage = QStringLiteral("message");
 const QString kSource = QStringLiteral("source");
 const QString kTranslation = QStringLiteral("translation");
-const QString kByte = QStringLiteral("byte");
-const QString kValue = QStringLiteral("value");
 const QString kType = QStringLiteral("type");
-
-/// Text that holds "byte" elements for what XML can't.
-QString textOf(const QDomElement &element)
-{
-    QString text;
-    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling()) {
-        if (node.isText()) {
-            text += node.nodeValue();
-        } else if (node.nodeName() == kByte) {
-            const QString value = node.toElement().attribute(kValue);
-            const bool hexadecimal = value.startsWith(QLatin1Char('x'));
-            text += QChar(hexadecimal ? value.midRef(1).toUShort(nullptr, 16) : value.toUShort());
-        }
-    }
-    return text;
-}
-
-/// XML 1.0 has no way to write these, and reads a carriage return as a line feed.
-bool needsByteElement(const QString &text, int position)
-{
-    const QChar character = text.at(position);
-    if (character.isHighSurrogate())
-        return position + 1 >= text.size() || !text.at(position + 1).isLowSurrogate();
-    if (character.isLowSurrogate())
-        return position == 0 || !text.at(position - 1).isHighSurrogate();
-    const ushort code = character.unicode();
-    return (code < 0x20 && code != '\t' && code != '\n') || code == 0xfffe || code == 0xffff;
-}
-
-/// The writer puts an indent round an element that has no text beside it, and the indent would count
-/// as text. So each byte element stands between texts, which may be empty.
-void keepInLine(const QDomElement &byte)
-{
-    QDomNode parent = byte.parentNode();
-    const auto emptyText = [&byte] { return byte.ownerDocument().createTextNode(QString()); };
-    if (!byte.previousSibling().isText())
-        parent.insertBefore(emptyText(), byte);
-    if (!byte.nextSibling().isText())
-        parent.insertAfter(emptyText(), byte);
-}
-
-void appendByteElement(QDomElement &element, QChar character)
-{
-    QDomElement byte = element.ownerDocument().createElement(kByte);
-    byte.setAttribute(kValue, QLatin1Char('x') + QString::number(character.unicode(), 16));
-    element.appendChild(byte);
-    keepInLine(byte);
-}
-
-void keepBytesInLine(const QDomDocument &document)
-{
-    // The list is made anew at each look after a change, so it is copied before the first one.
-    const QDomNodeList list = document.elementsByTagName(kByte);
-    QVector<QDomElement> bytes;
-    for (int i = 0; i < list.size(); ++i)
-        bytes.append(list.at(i).toElement());
-    for (const QDomElement &byte : qAsConst(bytes))
-        keepInLine(byte);
-}
-
-bool isBlank(const QDomNode &node)
-{
-    const QString text = node.nodeValue();
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80 && c.isSpace(); });
-}
-
-/// Blanks between elements are the layout of the file, which the writer makes anew. All others are text.
-void removeLayout(QDomNode parent)
-{
-    static const QStringList structure = { QStringLiteral("TS"), kContext, kMessage };
-    bool holdsElements = structure.contains(parent.nodeName());
-    bool holdsText = false;
-    for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
-        holdsElements = holdsElements || (node.isElement() && node.nodeName() != kByte);
-        holdsText = holdsText || (node.isText() && !isBlank(node));
-        removeLayout(node);
-    }
-    QDomNode next;
-    for (QDomNode node = parent.firstChild(); holdsElements && !holdsText && !node.isNull(); node = next) {
-        next = node.nextSibling();
-        if (node.isText())
-            parent.removeChild(node);
-    }
-}
-
-/// The usual way to parse a document drops each text of blanks alone. This older one can keep it.
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED
-bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
-{
-    QXmlSimpleReader reader;
-    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
-    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
-    reader.setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"), true);
-    QXmlInputSource source;
-    source.setData(bytes);
-    QString text = source.data();
-    // What is read in part only must not be written back.
-    if (DataSupport::isDamaged(text, bytes))
-        return false;
-    // It leaves this to its caller, too.
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    source.setData(text);
-    return document.setContent(&source, &reader);
-}
-QT_WARNING_POP
-
-/// The writer writes UTF-8, whatever the file was in.
-void declareUtf8(const QDomDocument &document)
-{
-    static const QRegularExpression encoding(QStringLiteral("encoding='(?!utf-8')[^']*'"),
-                                             QRegularExpression::CaseInsensitiveOption);
-    QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
-    if (declaration.target() == QLatin1String("xml"))
-        declaration.setData(declaration.data().replace(encoding, QStringLiteral("encoding='utf-8'")));
-}
-
-void appendText(QDomElement &element, const QString &text)
-{
-    element.appendChild(element.ownerDocument().createTextNode(text));
-}
-
-void setText(QDomElement &element, const QString &text)
-{
-    while (element.hasChildNodes())
-        element.removeChild(element.firstChild());
-    int start = 0;
-    while (start < text.size()) {
-        int end = start;
-        while (end < text.size() && !needsByteElement(text, end))
-            ++end;
-        if (end > start)
-            appendText(element, text.mid(start, end - start));
-        if (end < text.size())
-            appendByteElement(element, text.at(end));
-        start = end + 1;
-    }
-}
 
 bool isPlainMessage(const QDomElement &message)
 {
@@ -223,18 +80,6 @@ void setTranslation(QDomElement &message, const QString &text)
     setText(translation, text);
 }
 } // namespace
-
-bool TranslationSource::parse(const QByteArray &bytes, QDomDocument &document)
-{
-    QDomDocument parsed;
-    if (!parseWithBlanks(bytes, parsed))
-        return false;
-    removeLayout(parsed);
-    keepBytesInLine(parsed);
-    declareUtf8(parsed);
-    document = parsed;
-    return true;
-}
 
 QHash<QString, TranslationSource::Messages> TranslationSource::readMessages(const QDomDocument &document)
 {

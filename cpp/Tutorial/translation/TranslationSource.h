@@ -19,10 +19,6 @@ struct Entry
     QString translation;
 };
 
-/// Reads a document so that it can be written again with all its texts, those of blanks alone included. False, with
-/// the document left alone, for what is no XML or has bytes that can't be read.
-bool parse(const QByteArray &bytes, QDomDocument &document);
-
 /// The translations that are in force, by context. One that was dropped is not in force, nor is one
 /// that is both unfinished and empty.
 QHash<QString, Messages> readMessages(const QDomDocument &document);

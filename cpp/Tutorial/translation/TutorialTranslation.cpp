@@ -1,0 +1,181 @@
+#include "Tutorial/translation/TutorialTranslation.h"
+
+#include "SystemService/SystemService.h"
+#include "tool/Log.h"
+#include "Tutorial/translation/TranslationFile.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/Tutorial/translation";
+}
+
+TutorialTranslation::TutorialTranslation(bool authoring, QObject *translatorOwner, HintMerge::Document &document)
+    : mAuthoring(authoring)
+    , mTranslatorOwner(translatorOwner)
+    , mDocument(document)
+    , mLocale(SystemService::getDebugLocale())
+{
+    updateLocale2(mLocale);
+    if (mAuthoring)
+        QCoreApplication::installTranslator(&mDocumentTranslator);
+}
+
+QString TutorialTranslation::applyTranslation(const QString &context, const QString &sourceText) const
+{
+    Log::debug(kFolder, "TutorialTranslation::applyTranslation", __LINE__) << context << sourceText;
+    return QCoreApplication::translate(context.toUtf8().constData(), sourceText.toUtf8().constData());
+}
+
+TranslatableText::Translate TutorialTranslation::lookup() const
+{
+    return [this](const QString &context, const QString &source) { return applyTranslation(context, source); };
+}
+
+QString TutorialTranslation::translate(const QString &key) const
+{
+    return applyTranslation(mTranslationContext, key);
+}
+
+QString TutorialTranslation::applyTranslationToText(const QString &text, QStringList &errors) const
+{
+    return TranslatableText::applyToScenario(text, mTranslationContext, lookup(), errors);
+}
+
+QString TutorialTranslation::applyTranslationToList(const QString &text, QStringList &errors) const
+{
+    return TranslatableText::applyToList(text, QStringLiteral("TutorialList"), lookup(), errors);
+}
+
+QString TutorialTranslation::parseStringExpression(const QString &text, const QString &context, QString &rest,
+                                                   QStringList &errors) const
+{
+    return TranslatableText::parseStringExpression(text, context, lookup(), rest, errors);
+}
+
+void TutorialTranslation::setLocale(const QString &locale)
+{
+    if (locale == mLocale)
+        return;
+    Log::debug(kFolder, "TutorialTranslation::setLocale", __LINE__) << locale;
+    SystemService::setDebugLocale(locale);
+    mLocale = locale;
+    updateLocale2(mLocale);
+    installTranslator(locale);
+    if (mAuthoring)
+        loadTranslation();
+    Q_EMIT localeChanged();
+}
+
+void TutorialTranslation::setLocale2(const QString &locale)
+{
+    if (locale == mLocale2)
+        return;
+    Log::debug(kFolder, "TutorialTranslation::setLocale2", __LINE__) << locale;
+    mLocale2 = locale;
+    Q_EMIT locale2Changed();
+}
+
+void TutorialTranslation::updateLocale2(const QString &locale)
+{
+    const QString japanese = QStringLiteral("ja_JP");
+    setLocale2(locale == japanese ? QStringLiteral("en_US") : japanese);
+}
+
+void TutorialTranslation::installTranslator(const QString &locale)
+{
+    const QString folder = QStringLiteral(":/translations");
+    auto *translator = new QTranslator(mTranslatorOwner);
+    const bool loaded = translator->load(locale, folder);
+    Log::debug(kFolder, "TutorialTranslation::installTranslator", __LINE__)
+        << QString(folder + QLatin1Char('/') + locale) << loaded;
+    // Whatever the result is: the earlier translators go on answering for what this one lacks.
+    QCoreApplication::installTranslator(translator);
+    if (mAuthoring) {
+        // What the writer edits takes precedence over all of them.
+        QCoreApplication::removeTranslator(&mDocumentTranslator);
+        QCoreApplication::installTranslator(&mDocumentTranslator);
+    }
+}
+
+void TutorialTranslation::beginLoad(const QString &tutorialName)
+{
+    mTranslationContext = tutorialName;
+    mHintLocale = mLocale;
+    if (!mAuthoring)
+        return;
+    loadTranslation();
+    mLoadedHints = { { mLocale, hintsOf(mTranslationDocument) }, { mLocale2, hintsOf(mTranslationDocument2) } };
+}
+
+void TutorialTranslation::endLoad()
+{
+    if (mAuthoring)
+        HintMerge::readHints(mDocument, &TutorialItemData::mHint2, mLoadedHints.value(mLocale2));
+}
+
+bool TutorialTranslation::loadTranslation()
+{
+    // Both are read in any case: a document of the languages before must not be taken for this one's.
+    const bool first = TranslationFile::read(TranslationFile::path(mLocale, mAuthoring), mTranslationDocument);
+    const bool second = TranslationFile::read(TranslationFile::path(mLocale2, mAuthoring), mTranslationDocument2);
+    updateDocumentTranslator();
+    return first && second;
+}
+
+bool TutorialTranslation::saveTranslation()
+{
+    return write(mLocale, mTranslationDocument) && write(mLocale2, mTranslationDocument2);
+}
+
+bool TutorialTranslation::write(const QString &locale, const QDomDocument &document)
+{
+    if (!TranslationFile::write(TranslationFile::path(locale, mAuthoring), document))
+        return false;
+    mLoadedHints.insert(locale, hintsOf(document));
+    return true;
+}
+
+bool TutorialTranslation::feedbackTranslation()
+{
+    // After a change of the language the items are still in the old one until they are loaded again.
+    const bool exchanged = mHintLocale == mLocale2;
+    const auto first = exchanged ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
+    const auto second = exchanged ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
+    bool taken = false;
+    const bool merged = feedback(mLocale, mTranslationDocument, first, taken)
+        && feedback(mLocale2, mTranslationDocument2, second, taken);
+    updateDocumentTranslator();
+    if (taken)
+        Q_EMIT hintsTaken();
+    return merged;
+}
+
+bool TutorialTranslation::feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken)
+{
+    const QString path = TranslationFile::path(locale, mAuthoring);
+    if (!TranslationFile::refresh(path, locale, document)) {
+        Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__) << "Failed to save" << path;
+        return false;
+    }
+    const HintMerge::Result result = HintMerge::merge(mDocument, hint, mLoadedHints.value(locale), hintsOf(document));
+    for (const TranslationSource::Entry &theirs : result.conflicts) {
+        Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__)
+            << "changed here and in the file" << locale << theirs.source << theirs.translation;
+    }
+    TranslationSource::writeMessages(document, mTranslationContext, result.entries);
+    taken = taken || result.taken;
+    return true;
+}
+
+TranslationSource::Messages TutorialTranslation::hintsOf(const QDomDocument &document) const
+{
+    return TranslationSource::readMessages(document).value(mTranslationContext);
+}
+
+void TutorialTranslation::updateDocumentTranslator()
+{
+    mDocumentTranslator.setMessages(TranslationSource::readMessages(mTranslationDocument));
+    mDocumentTranslator.setOwnContext(mTranslationContext);
+}

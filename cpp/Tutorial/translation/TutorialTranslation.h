@@ -1,0 +1,83 @@
+#pragma once
+
+#include "Tutorial/translation/DocumentTranslator.h"
+#include "Tutorial/translation/HintMerge.h"
+#include "Tutorial/translation/TranslatableText.h"
+
+#include <QDomDocument>
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+
+/// The two languages of a tutorial: the installed translators, from which every lookup is answered, and in the
+/// authoring mode the translation sources of both languages, which hold the hints that the writer edits.
+class TutorialTranslation : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The translators that are installed become children of `translatorOwner`, which may be null. The document must
+    /// outlive this object.
+    TutorialTranslation(bool authoring, QObject *translatorOwner, HintMerge::Document &document);
+
+    /// The text in the installed translators; the text itself when none knows it.
+    QString applyTranslation(const QString &context, const QString &sourceText) const;
+    /// The same under the context of the tutorial.
+    QString translate(const QString &key) const;
+    /// A scenario with its translation calls replaced, under the context of the tutorial.
+    QString applyTranslationToText(const QString &text, QStringList &errors) const;
+    /// The list of tutorials with its translation calls replaced.
+    QString applyTranslationToList(const QString &text, QStringList &errors) const;
+    QString parseStringExpression(const QString &text, const QString &context, QString &rest,
+                                  QStringList &errors) const;
+
+    QString locale() const { return mLocale; }
+    QString locale2() const { return mLocale2; }
+    /// Stores the locale, derives the second one from it and installs its catalog.
+    void setLocale(const QString &locale);
+    void setLocale2(const QString &locale);
+    /// Installs the catalog of a locale, which is asked before all that were installed earlier.
+    void installTranslator(const QString &locale);
+
+    /// To be called before a tutorial of that name is read into the document: sets the context, and in the authoring
+    /// mode reads the sources that its hints come from.
+    void beginLoad(const QString &tutorialName);
+    /// To be called when it was read: gives the items their second hints, in the authoring mode.
+    void endLoad();
+
+    /// Reads the translation sources of both locales; false with a warning when one can't be read.
+    bool loadTranslation();
+    /// Writes both.
+    bool saveTranslation();
+    /// Reads both again and hands the hints of all items to them. An item that was not edited takes over what others
+    /// have written for it since the load. False with a warning when a file can't be read.
+    bool feedbackTranslation();
+
+Q_SIGNALS:
+    void localeChanged();
+    void locale2Changed();
+    /// Items have taken over what others have written.
+    void hintsTaken();
+
+private:
+    Q_DISABLE_COPY(TutorialTranslation)
+
+    TranslatableText::Translate lookup() const;
+    void updateLocale2(const QString &locale);
+    void updateDocumentTranslator();
+    TranslationSource::Messages hintsOf(const QDomDocument &document) const;
+    bool feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken);
+    bool write(const QString &locale, const QDomDocument &document);
+
+    const bool mAuthoring;
+    QObject *const mTranslatorOwner;
+    HintMerge::Document &mDocument;
+    QString mTranslationContext; // the name of the last tutorial that was begun to be read
+    QString mLocale;
+    QString mLocale2;
+    QString mHintLocale; // the language of the loaded items' first hints
+    QHash<QString, TranslationSource::Messages> mLoadedHints; // by locale, as the last load or save left them
+    QDomDocument mTranslationDocument;
+    QDomDocument mTranslationDocument2;
+    DocumentTranslator mDocumentTranslator; // answers in the authoring mode only
+};
