@@ -1,13 +1,14 @@
 import QtQuick 2.9
+import "Singletons"
 
 /// A hidden panel that screens under work write lines to.
 Rectangle {
     property alias debugText: debugText
 
     visible: false
-    color: "white"
+    color: Theme.debugBack
     border.width: 1
-    border.color: "black"
+    border.color: Theme.textFrame
 
     Text {
         id: debugText

@@ -1,6 +1,7 @@
 import QtQuick 2.9
 import QtQuick.Controls.Styles 1.4
 import QtGraphicalEffects 1.0
+import "../Singletons"
 
 /// The layers of an icon button, from the bottom up.
 ButtonStyle {
@@ -17,7 +18,7 @@ ButtonStyle {
         Rectangle {
             id: tint
             anchors.fill: parent
-            color: look.control.enabled ? "#00cf88" : "#808080"
+            color: look.control.enabled ? Theme.toolButton : Theme.disabledToolButton
             visible: false
         }
 

@@ -17,7 +17,7 @@ ButtonStyle {
             width: parent.width
             elide: Text.ElideRight
             text: " " + look.control.text
-            color: look.control.enabled ? "black" : Theme.disabledText
+            color: look.control.enabled ? Theme.menuButtonText : Theme.disabledText
             font.family: Theme.mediumFont
             font.weight: Theme.mediumWeight
         }
@@ -42,7 +42,7 @@ ButtonStyle {
         Rectangle {
             anchors.fill: parent
             anchors.bottomMargin: look.control.pressed ? 0 : -1
-            color: "#10000000"
+            color: Theme.menuButtonShadow
             radius: body.radius
         }
 
@@ -50,22 +50,22 @@ ButtonStyle {
             id: body
             anchors.fill: parent
             radius: look.control.iheight * 0.16
-            border.color: look.control.activeFocus ? "#47b" : "#999"
+            border.color: look.control.activeFocus ? Theme.menuButtonFocus : Theme.menuButtonFrame
             gradient: Gradient {
                 GradientStop {
                     position: 0
-                    color: look.control.pressed ? "#aaa" : "#fefefe"
+                    color: look.control.pressed ? Theme.pressedMenuButton1 : Theme.menuButton1
                 }
                 GradientStop {
                     position: look.control.pressed ? 0.1 : 1
-                    color: look.control.pressed ? "#ccc" : "#e3e3e3"
+                    color: look.control.pressed ? Theme.pressedMenuButton2 : Theme.menuButton2
                 }
             }
 
             Rectangle {
                 anchors.fill: parent
                 radius: parent.radius
-                color: look.control.activeFocus ? "#47b" : "white"
+                color: look.control.activeFocus ? Theme.menuButtonFocus : Theme.menuButtonGlow
                 opacity: look.control.hovered || look.control.activeFocus ? 0.1 : 0
 
                 Behavior on opacity {

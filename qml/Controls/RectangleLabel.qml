@@ -12,9 +12,9 @@ Rectangle {
     property alias elide: label.elide
     property alias verticalAlignmnet: label.verticalAlignment
 
-    color: Theme.toolkitSurfaces ? "white" : Theme.normalBack1
+    color: Theme.normalBack1
     border.width: 1
-    border.color: "black"
+    border.color: Theme.textFrame
 
     Label {
         id: label

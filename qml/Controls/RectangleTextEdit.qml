@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../QtControls"
+import "../Singletons"
 
 /// Lines of text to edit, in a thin black frame.
 Rectangle {
@@ -20,7 +21,7 @@ Rectangle {
     signal editingFinished()
 
     border.width: 1
-    border.color: "black"
+    border.color: Theme.textFrame
 
     TextEdit {
         id: edit

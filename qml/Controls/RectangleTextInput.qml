@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../QtControls"
+import "../Singletons"
 
 /// A line of text to edit, in a thin black frame.
 Rectangle {
@@ -18,7 +19,7 @@ Rectangle {
     signal editingFinished()
 
     border.width: 1
-    border.color: "black"
+    border.color: Theme.textFrame
     clip: true
 
     TextInput {

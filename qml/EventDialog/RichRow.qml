@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../QtControls"
+import "../Singletons"
 
 /// A row of the event dialog: rich text in a stripe.
 Rectangle {
@@ -12,7 +13,11 @@ Rectangle {
 
     signal doubleClicked()
 
-    color: view.currentIndex === row ? "lime" : row % 2 === 0 ? "white" : "lightgray"
+    color: {
+        if (view.currentIndex === row)
+            return Theme.currentEvent;
+        return row % 2 === 0 ? Theme.eventRow1 : Theme.eventRow2;
+    }
 
     Text {
         id: content

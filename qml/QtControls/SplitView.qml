@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4 as Toolkit
+import "../Singletons"
 
 Toolkit.SplitView {
     id: root
@@ -7,6 +8,6 @@ Toolkit.SplitView {
     handleDelegate: Rectangle {
         width: root.orientation === Qt.Horizontal ? 4 : root.width
         height: root.orientation === Qt.Horizontal ? root.height : 4
-        color: "white"
+        color: Theme.splitHandle
     }
 }

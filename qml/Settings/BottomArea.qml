@@ -22,7 +22,7 @@ Rectangle {
     }
 
     height: 40 + Theme.margin
-    color: "lightgray"
+    color: Theme.toolArea
 
     Row {
         anchors {

@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../QtControls"
+import "../Singletons"
 
 /// The lines of a hint, in a thin black frame. Every change of the text is told
 /// at once.
@@ -35,7 +36,7 @@ Rectangle {
     }
 
     border.width: 1
-    border.color: "black"
+    border.color: Theme.textFrame
 
     HistoryKeys {
         id: historyKeys

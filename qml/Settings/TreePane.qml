@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../Controls"
+import "../Singletons"
 
 /// The tree of tutorial items with its tool buttons. Its texts belong to the
 /// screen.
@@ -41,7 +42,7 @@ FocusScope {
             bottom: parent.bottom
         }
         height: row.height
-        color: "lightgray"
+        color: Theme.toolArea
 
         Row {
             id: row

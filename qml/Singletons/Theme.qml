@@ -3,7 +3,7 @@ import QtQuick 2.9
 
 /// The fonts, sizes and colours of all screens. A screen names a role here and
 /// never a font or a colour of its own.
-Item {
+FixedColours {
     id: theme
 
     readonly property int fontSize: 14

@@ -1,10 +1,11 @@
 import QtQuick 2.9
+import "../../Singletons"
 
 /// Marks the folder that a drag would drop into.
 Item {
     Rectangle {
         anchors.fill: parent
-        color: "red"
+        color: Theme.dropFolder
         opacity: 0.25
     }
 
@@ -12,7 +13,7 @@ Item {
         anchors.fill: parent
         color: "transparent"
         border.width: 1
-        border.color: "black"
+        border.color: Theme.dropFolderFrame
         opacity: 0.5
     }
 }

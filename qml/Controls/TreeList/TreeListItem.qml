@@ -224,7 +224,7 @@ MouseArea {
             elide: Text.ElideRight
             maximumLineCount: 1
             textFormat: Text.PlainText
-            color: delegate.rowData.selected ? "black" : Theme.normalText
+            color: delegate.rowData.selected ? Theme.selectedRowText : Theme.normalText
             text: delegate.live && delegate.rowModel.name !== undefined ? delegate.rowModel.name : "?"
         }
 

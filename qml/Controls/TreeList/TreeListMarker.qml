@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import "../../Singletons"
 
 /// Shows the place of a drop: the gap between two rows, and by its left end the
 /// level of the tree.
@@ -21,12 +22,12 @@ Item {
         y: 4
         width: marker.barWidth
         height: 3
-        color: "black"
+        color: Theme.dropMarker
     }
 
     Rectangle {
         width: 3
         height: 11
-        color: "black"
+        color: Theme.dropMarker
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import "../../QtControls" as Kit
+import "../../Singletons"
 
 /// The field that takes the place of a row's name while it is renamed.
 Rectangle {
@@ -37,7 +38,7 @@ Rectangle {
     }
 
     visible: false
-    color: "white"
+    color: Theme.renameBack
     width: Math.min(input.contentWidth + 4, maximumWidth)
     height: 20
     clip: true
@@ -48,7 +49,7 @@ Rectangle {
         y: 2
         width: field.width - 4
         height: 16
-        color: "black"
+        color: Theme.renameText
         verticalAlignment: TextInput.AlignVCenter
         onEditingFinished: field.finish()
         Keys.onEscapePressed: {

@@ -45,7 +45,7 @@ Rectangle {
         if (rowNumber < 0)
             return Theme.outsideArea;
         if (rowData.selected)
-            return "#3399FF";
+            return Theme.selectedRow;
         return rowData.alternate ? Theme.normalBack2 : Theme.normalBack1;
     }
 
