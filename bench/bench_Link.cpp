@@ -1,5 +1,6 @@
 // What comes over the link: bytes to messages, and messages to what they do.
 
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/link/HostRecordReader.h"
 #include "Tutorial/TutorialManager.h"
@@ -12,7 +13,8 @@ constexpr int kReadSize = 65536;
 
 QString sampleMessage(int i)
 {
-    return QStringLiteral("windowPosition\x01key%1\x01%2\x01%3").arg(i % 50).arg(i % 1280).arg(i % 1024);
+    return HostMessages::message(HostMessages::FromHost::kWindowPosition, QStringLiteral("key%1").arg(i % 50), i % 1280,
+                                 i % 1024);
 }
 
 QByteArray sampleStream(int count)

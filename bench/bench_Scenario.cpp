@@ -100,7 +100,8 @@ void send(benchmark::State &state)
         const QString array = sample.manager().applyTranslationToText(
             ScenarioText::removeAssignment(sample.document().getScenario(false)), errors);
         benchmark::DoNotOptimize(HostRecord::encode(
-            HostRecord::kToHost, HostMessages::join({ QStringLiteral("start"), array, QStringLiteral("-1") })));
+            HostRecord::kToHost,
+            HostMessages::message(HostMessages::ToHost::kStart, array, HostMessages::kFromBeginning)));
     }
     state.SetComplexityN(state.range(0));
 }

@@ -1,6 +1,7 @@
 #include "Tutorial/TutorialManager.h"
 
 #include "tool/Log.h"
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/translation/TutorialTranslation.h"
@@ -40,7 +41,7 @@ TutorialManager::TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine)
     connect(mTranslation.get(), &TutorialTranslation::hintsTaken, this, &TutorialManager::documentReplaced);
 
     const QStringList arguments = QCoreApplication::arguments();
-    const QString suffix = arguments.size() >= 2 ? arguments.at(1) : QStringLiteral("20180123-0000");
+    const QString suffix = arguments.size() >= 2 ? arguments.at(1) : QString(HostMessages::kStandardSuffix);
     Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << suffix;
     if (suffix.isEmpty()) {
         // Without a link there is no use for the process.

@@ -30,7 +30,7 @@ void TutorialManager::connectToHost(const QString &suffix)
     connect(mSocket, &QLocalSocket::connected, this, &TutorialManager::onConnected);
     connect(mSocket, &QLocalSocket::disconnected, this, &TutorialManager::onDisconnected);
     connect(this, &TutorialManager::received, this, &TutorialManager::onReceived);
-    mSocket->connectToServer(QStringLiteral("qelm%1").arg(suffix), QIODevice::ReadWrite);
+    mSocket->connectToServer(HostMessages::serverName(suffix), QIODevice::ReadWrite);
 
     if (applicationObject) {
         connect(applicationObject, &QGuiApplication::applicationStateChanged, this,
@@ -61,7 +61,7 @@ void TutorialManager::onReadyRead()
     mSilenceTicks = 0;
     const QStringList messages = mReader.read(mSocket->readAll());
     for (const QString &message : messages) {
-        if (HostMessages::name(message) == QLatin1String("bye")) {
+        if (HostMessages::name(message) == HostMessages::FromHost::kBye) {
             // What the same read holds behind it is lost.
             mReader.clear();
             stopGuidance();
@@ -81,7 +81,7 @@ void TutorialManager::timerEvent(QTimerEvent *event)
         requestClose();
     if (++mAliveTicks >= kAliveTicks) {
         mAliveTicks = 0;
-        sendMessage(QStringLiteral("alive"));
+        sendMessage(HostMessages::ToHost::kAlive);
     }
 }
 

@@ -12,6 +12,8 @@
 #include <QMetaObject>
 #include <QVariant>
 
+using namespace HostMessages;
+
 namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial";
@@ -19,33 +21,32 @@ constexpr char kFolder[] = "cpp/Tutorial";
 /// Messages that come too often to be worth a line of the log each.
 bool isLogged(const QString &text)
 {
-    return !text.startsWith(QLatin1String("alive"))
-        && !text.startsWith(QLatin1String("eventLog\x01"
-                                          "coords"));
+    static const QString coordinates = HostMessages::message(FromHost::kEventLog, FromHost::kCoords);
+    return !text.startsWith(FromHost::kAlive) && !text.startsWith(coordinates);
 }
 } // namespace
 
 const QHash<QString, TutorialManager::MessageHandler> &TutorialManager::messageHandlers()
 {
     static const QHash<QString, MessageHandler> handlers = {
-        { QStringLiteral("coffeeJs"), &TutorialManager::onCoffeeJs },
-        { QStringLiteral("start"), &TutorialManager::onStart },
-        { QStringLiteral("stop"), &TutorialManager::onStop },
-        { QStringLiteral("tutorialList"), &TutorialManager::onTutorialList },
-        { QStringLiteral("indicator"), &TutorialManager::onIndicator },
-        { QStringLiteral("state"), &TutorialManager::onState },
-        { QStringLiteral("windowStack"), &TutorialManager::onWindowStack },
-        { QStringLiteral("windowPosition"), &TutorialManager::onPosition },
-        { QStringLiteral("controlPosition"), &TutorialManager::onPosition },
-        { QStringLiteral("tutorial"), &TutorialManager::onTutorial },
-        { QStringLiteral("fromServer"), &TutorialManager::onFromServer },
-        { QStringLiteral("requestPresetData"), &TutorialManager::onRequestPresetData },
-        { QStringLiteral("showTooltip"), &TutorialManager::onShowTooltip },
-        { QStringLiteral("hideTooltip"), &TutorialManager::onHideTooltip },
+        { FromHost::kCoffeeJs, &TutorialManager::onCoffeeJs },
+        { FromHost::kStart, &TutorialManager::onStart },
+        { FromHost::kStop, &TutorialManager::onStop },
+        { FromHost::kTutorialList, &TutorialManager::onTutorialList },
+        { FromHost::kIndicator, &TutorialManager::onIndicator },
+        { FromHost::kState, &TutorialManager::onState },
+        { FromHost::kWindowStack, &TutorialManager::onWindowStack },
+        { FromHost::kWindowPosition, &TutorialManager::onPosition },
+        { FromHost::kControlPosition, &TutorialManager::onPosition },
+        { FromHost::kTutorial, &TutorialManager::onTutorial },
+        { FromHost::kFromServer, &TutorialManager::onFromServer },
+        { FromHost::kRequestPresetData, &TutorialManager::onRequestPresetData },
+        { FromHost::kShowTooltip, &TutorialManager::onShowTooltip },
+        { FromHost::kHideTooltip, &TutorialManager::onHideTooltip },
         // Accepted, and nothing follows.
-        { QStringLiteral("alive"), &TutorialManager::onIgnored },
-        { QStringLiteral("contents"), &TutorialManager::onIgnored },
-        { QStringLiteral("log"), &TutorialManager::onIgnored },
+        { FromHost::kAlive, &TutorialManager::onIgnored },
+        { FromHost::kContents, &TutorialManager::onIgnored },
+        { FromHost::kLog, &TutorialManager::onIgnored },
     };
     return handlers;
 }
@@ -77,7 +78,7 @@ void TutorialManager::onCoffeeJs(const QStringList &fields)
 void TutorialManager::callbackCoffeeJs(int key, const QString &result)
 {
     Log::debug(kFolder, "TutorialManager::callbackCoffeeJs", __LINE__) << key << result;
-    sendMessage(HostMessages::join({ QStringLiteral("callbackCoffeeJs"), QString::number(key), result }));
+    sendMessage(HostMessages::message(ToHost::kCallbackCoffeeJs, key, result));
 }
 
 void TutorialManager::onStart(const QStringList &fields)
@@ -108,7 +109,7 @@ void TutorialManager::stopGuidance()
 void TutorialManager::onTutorialList(const QStringList &fields)
 {
     Q_UNUSED(fields)
-    sendMessage(HostMessages::join({ QStringLiteral("tutorialList"), getTutorialJson() }));
+    sendMessage(HostMessages::message(ToHost::kTutorialList, getTutorialJson()));
 }
 
 void TutorialManager::onIndicator(const QStringList &fields)
@@ -117,9 +118,9 @@ void TutorialManager::onIndicator(const QStringList &fields)
     if (!indicator)
         return;
     const QString command = HostMessages::text(fields, 1);
-    if (command == QLatin1String("update")) {
+    if (command == FromHost::kUpdate) {
         showStep(fields);
-    } else if (command == QLatin1String("updateXy")) {
+    } else if (command == FromHost::kUpdateXy) {
         indicator->mTargetX = HostMessages::number(fields, 2);
         indicator->mTargetY = HostMessages::number(fields, 3);
     }
@@ -141,9 +142,9 @@ void TutorialManager::onState(const QStringList &fields)
     if (!mGuidanceWindows.indicator())
         return;
     const QString state = HostMessages::text(fields, 1);
-    if (state == QLatin1String("show"))
+    if (state == FromHost::kShow)
         mVisibility.hostShown();
-    else if (state == QLatin1String("hide"))
+    else if (state == FromHost::kHide)
         mVisibility.hostHidden();
 }
 
@@ -160,9 +161,9 @@ void TutorialManager::onTutorial(const QStringList &fields)
 void TutorialManager::onFromServer(const QStringList &fields)
 {
     const QString locale = HostMessages::text(fields, 1);
-    if (locale == QLatin1String("Raw"))
+    if (locale == FromHost::kRawLocale)
         return;
-    const bool standard = locale.isEmpty() || locale == QLatin1String("-");
+    const bool standard = locale.isEmpty() || locale == FromHost::kStandardLocale;
     mTranslation->installTranslator(standard ? SystemService::getDefaultLocale() : locale);
 }
 
@@ -180,7 +181,7 @@ void TutorialManager::onRequestPresetData(const QStringList &fields)
         Log::warning(kFolder, "TutorialManager::onRequestPresetData", __LINE__) << "Failed to read" << path;
         return;
     }
-    sendMessage(HostMessages::join({ QStringLiteral("feedbackPresetData"), QString::fromLatin1(bytes.toBase64()) }));
+    sendMessage(HostMessages::message(ToHost::kFeedbackPresetData, QString::fromLatin1(bytes.toBase64())));
 }
 
 void TutorialManager::onShowTooltip(const QStringList &fields)

@@ -6,12 +6,14 @@
 
 #include <QCursor>
 
+using namespace HostMessages;
+
 void TutorialManager::onWindowStack(const QStringList &fields)
 {
     const QString command = HostMessages::text(fields, 1);
-    if (command == QLatin1String("push"))
+    if (command == FromHost::kPush)
         mHostWindows.push(HostMessages::text(fields, 2));
-    else if (command == QLatin1String("pop"))
+    else if (command == FromHost::kPop)
         mHostWindows.pop();
 }
 
@@ -47,8 +49,7 @@ void TutorialManager::dropPopupWindowKey()
 
 void TutorialManager::updateIndicatorXyWindowKey(int x, int y, const QString &windowKey)
 {
-    sendMessage(HostMessages::join({ QStringLiteral("indicator"), QStringLiteral("updateXYWindowKey"),
-                                     QString::number(x), QString::number(y), windowKey }));
+    sendMessage(HostMessages::message(ToHost::kIndicator, ToHost::kUpdateXYWindowKey, x, y, windowKey));
     if (TutorialIndicator *indicator = mGuidanceWindows.indicator())
         indicator->setTargetWindowOffset(x, y, windowKey, indicator->mArrowVisible);
 }

@@ -70,7 +70,7 @@ void TutorialManager::startFromId(int id)
     const QString array =
         applyTranslationToText(ScenarioText::removeAssignment(mEditorManager->getScenario(false)), errors);
     const QString scenario = QLatin1String("var scenario = ") + array + QLatin1Char(';');
-    sendMessage(HostMessages::join({ QStringLiteral("start"), scenario, QString::number(id) }));
+    sendMessage(HostMessages::message(HostMessages::ToHost::kStart, scenario, id));
 }
 
 QString TutorialManager::getTutorialJson()

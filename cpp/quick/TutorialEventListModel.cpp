@@ -4,6 +4,8 @@
 
 #include <QTextDocumentFragment>
 
+using namespace HostMessages;
+
 namespace
 {
 constexpr int kMostLines = 10000;
@@ -48,15 +50,15 @@ QString TutorialEventListModel::getTagStrippedText(const QString &text) const
 
 void TutorialEventListModel::readMessage(const QString &message)
 {
-    if (HostMessages::name(message) != QLatin1String("eventLog"))
+    if (HostMessages::name(message) != FromHost::kEventLog)
         return;
     const QStringList fields = HostMessages::split(message);
     const QString kind = fields.value(1);
-    if (kind == QLatin1String("coords"))
+    if (kind == FromHost::kCoords)
         setCoordsText(fields.value(2));
-    else if (kind == QLatin1String("append"))
+    else if (kind == FromHost::kAppend)
         addEventText(fields.value(2));
-    else if (kind == QLatin1String("raisedHand"))
+    else if (kind == FromHost::kRaisedHand)
         setRaisedHandList(fields.mid(2));
 }
 

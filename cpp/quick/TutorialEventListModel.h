@@ -26,11 +26,7 @@ public:
     /// The text of a line as the dialog shows it, without its tags.
     Q_INVOKABLE QString getTagStrippedText(const QString &text) const;
 
-    /// Carries out a message of the host editor if it is an "eventLog" message:
-    ///
-    ///     eventLog coords <text>           the coordinates under the cursor
-    ///     eventLog append <line>           a further line
-    ///     eventLog raisedHand <name>...    the tracked controls, all of them
+    /// Carries out a message of the host editor if it is an "eventLog" message.
     Q_INVOKABLE void readMessage(const QString &message);
 
     /// Passes the names of the tracked controls on.

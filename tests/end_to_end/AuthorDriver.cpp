@@ -43,7 +43,7 @@ const QString AuthorDriver::kEnglish = QStringLiteral("translations/en_US.ts");
 
 AuthorDriver::AuthorDriver()
 {
-    connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send({ QStringLiteral("alive") }); });
+    connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send(HostMessages::FromHost::kAlive); });
 }
 
 QPoint AuthorDriver::row(int index)
@@ -175,10 +175,10 @@ QStringList AuthorDriver::startMessage(const QString &keys)
     press(keys);
     // An edit may have restarted the tutorial before: the last one counts.
     QStringList last;
-    QStringList fields = mHost->waitForMessage(QStringLiteral("start"), 2000);
+    QStringList fields = mHost->waitForMessage(HostMessages::ToHost::kStart, 2000);
     while (!fields.isEmpty()) {
         last = fields;
-        fields = mHost->waitForMessage(QStringLiteral("start"), 200);
+        fields = mHost->waitForMessage(HostMessages::ToHost::kStart, 200);
     }
     return last;
 }

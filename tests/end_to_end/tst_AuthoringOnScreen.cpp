@@ -82,8 +82,7 @@ void tst_AuthoringOnScreen::editsAreSavedAndReadAgain()
     QVERIFY(becomes(4, "jump", 3));
 
     // A position over the window that the step tracks, and a text that is still being typed.
-    mHost->send({ QStringLiteral("controlPosition"), QStringLiteral("MainWindow/toolSelect"), QStringLiteral("40"),
-                  QStringLiteral("-50") });
+    mHost->send(HostMessages::FromHost::kControlPosition, QStringLiteral("MainWindow/toolSelect"), 40, -50);
     click(kCondition);
     press(QStringLiteral("ctrl+a"));
     type(QStringLiteral("wait,300"));

@@ -19,7 +19,6 @@ namespace
 {
 const QString kProgram = QStringLiteral(TRELVANE_PROGRAM);
 const QString kSourceFolder = QStringLiteral(TRELVANE_SOURCE_DIR);
-const QString kAnswer = QStringLiteral("callbackCoffeeJs");
 // The page is opened a second after its load.
 constexpr int kFirstAnswer = 60000;
 
@@ -97,20 +96,20 @@ public:
     Service()
     {
         mStarted = mPeer.start(kProgram);
-        QObject::connect(&mAlive, &QTimer::timeout, &mPeer, [this] { mPeer.send({ QStringLiteral("alive") }); });
+        QObject::connect(&mAlive, &QTimer::timeout, &mPeer, [this] { mPeer.send(HostMessages::FromHost::kAlive); });
         mAlive.start(1000);
     }
 
     bool started() const { return mStarted; }
     HostPeer &peer() { return mPeer; }
 
-    void request(int key, const QString &expression)
-    {
-        mPeer.send({ QStringLiteral("coffeeJs"), QString::number(key), expression });
-    }
+    void request(int key, const QString &expression) { mPeer.send(HostMessages::FromHost::kCoffeeJs, key, expression); }
 
     /// The fields behind the name: key and record.
-    QStringList answer(int timeout = kFirstAnswer) { return mPeer.waitForMessage(kAnswer, timeout).mid(1); }
+    QStringList answer(int timeout = kFirstAnswer)
+    {
+        return mPeer.waitForMessage(HostMessages::ToHost::kCallbackCoffeeJs, timeout).mid(1);
+    }
 
 private:
     HostPeer mPeer;

@@ -16,10 +16,13 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace HostMessages;
+
 namespace
 {
 const QString kProgram = QStringLiteral(TRELVANE_PROGRAM);
 const QString kSourceFolder = QStringLiteral(TRELVANE_SOURCE_DIR);
+const QRect kHostRect(0, 0, 1280, 1024);
 
 /// Every hint of a scenario by its item's id, folders' contents included.
 void collectHints(const QJsonArray &items, QHash<int, QString> &hints)
@@ -82,8 +85,8 @@ bool answersAgain(HostPeer &host)
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < 60000) {
-        host.send({ QStringLiteral("tutorialList") });
-        if (!host.waitForMessage(QStringLiteral("tutorialList"), 2000).isEmpty())
+        host.send(FromHost::kTutorialList);
+        if (!host.waitForMessage(ToHost::kTutorialList, 2000).isEmpty())
             return true;
     }
     return false;
@@ -158,7 +161,7 @@ void tst_Link::aliveComesEachSecond()
     QElapsedTimer timer;
     timer.start();
     for (int i = 0; i < 4; ++i)
-        QVERIFY(!host.waitForMessage(QStringLiteral("alive"), 3000).isEmpty());
+        QVERIFY(!host.waitForMessage(ToHost::kAlive, 3000).isEmpty());
     QVERIFY2(timer.elapsed() > 2500 && timer.elapsed() < 8000, qPrintable(QString::number(timer.elapsed())));
 }
 
@@ -166,8 +169,7 @@ void tst_Link::endsWithTheLink()
 {
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("start"), QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("1280"),
-                QStringLiteral("1024") });
+    host.sendMessage(startMessage(kHostRect));
     const qint64 processId = host.process().processId();
     QTRY_VERIFY(!placeOfWindow(processId, 640, 480).isEmpty());
     host.closeLink();
@@ -221,7 +223,7 @@ void tst_Link::logHoldsOneRun()
 {
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("contents"), QStringLiteral("最初 %1 %4") });
+    host.send(FromHost::kContents, QStringLiteral("最初 %1 %4"));
     QTRY_VERIFY(host.log().contains(QStringLiteral("Debug: cpp/Tutorial TutorialManager::onReceived ")));
     const QRegularExpression line(QStringLiteral("^Debug: .*\\(\"contents\", \"最初 %1 %4\"\\) \\(:0, \\)$"),
                                   QRegularExpression::MultilineOption);
@@ -258,9 +260,9 @@ void tst_Link::tutorials()
 
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("fromServer"), locale });
-    host.send({ QStringLiteral("tutorial"), name });
-    const QStringList start = host.waitForMessage(QStringLiteral("start"));
+    host.send(FromHost::kFromServer, locale);
+    host.send(FromHost::kTutorial, name);
+    const QStringList start = host.waitForMessage(ToHost::kStart);
     QCOMPARE(start.size(), 3);
     QCOMPARE(start.at(2), QStringLiteral("-1"));
     const QJsonArray sent = evaluate(start.at(1));
@@ -276,25 +278,14 @@ void tst_Link::hostileBytes()
 {
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("start"), QStringLiteral("a"), QStringLiteral("99999999999"), QString(),
-                QStringLiteral("-5") });
+    host.send(FromHost::kStart, QStringLiteral("a"), QStringLiteral("99999999999"), QString(), -5);
 
     QRandomGenerator random(20180123);
-    const QByteArray names[] = { "indicator",
-                                 "start",
-                                 "state",
-                                 "windowStack",
-                                 "windowPosition",
-                                 "tutorial",
-                                 "fromServer",
-                                 "showTooltip",
-                                 "hideTooltip",
-                                 "coffeeJs",
-                                 "bye",
-                                 "requestPresetData",
-                                 "log",
-                                 "eventLog",
-                                 "" };
+    const QLatin1String names[] = { FromHost::kIndicator,      FromHost::kStart,    FromHost::kState,
+                                    FromHost::kWindowStack,    FromHost::kTutorial, FromHost::kFromServer,
+                                    FromHost::kWindowPosition, FromHost::kCoffeeJs, FromHost::kRequestPresetData,
+                                    FromHost::kShowTooltip,    FromHost::kBye,      FromHost::kHideTooltip,
+                                    FromHost::kEventLog,       FromHost::kLog,      QLatin1String() };
     for (int i = 0; i < 3000; ++i) {
         QByteArray bytes;
         const int kind = random.bounded(4);
@@ -302,11 +293,12 @@ void tst_Link::hostileBytes()
             for (int n = random.bounded(40); n > 0; --n)
                 bytes.append(static_cast<char>(random.bounded(256)));
         } else {
-            bytes = "0\x02" + names[random.bounded(int(sizeof(names) / sizeof(names[0])))];
+            bytes = HostRecord::encode(HostRecord::kFromHost, names[random.bounded(int(std::size(names)))]);
+            bytes.chop(1);
             for (int n = random.bounded(9); n > 0; --n) {
-                bytes.append('\x01');
+                bytes.append(kFieldSeparator.toLatin1());
                 if (random.bounded(3) == 0)
-                    bytes.append("update");
+                    bytes.append(FromHost::kUpdate.data());
                 else if (random.bounded(2) == 0)
                     bytes.append(QByteArray::number(static_cast<qint64>(random.generate64())));
                 else
@@ -327,26 +319,24 @@ void tst_Link::hugeTexts()
 {
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("start"), QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("1280"),
-                QStringLiteral("1024") });
+    host.sendMessage(startMessage(kHostRect));
     const QString text = QStringLiteral("word ").repeated(1024 * 1024);
     const auto update = [&](const QString &hint) {
-        host.send({ QStringLiteral("indicator"), QStringLiteral("update"), QStringLiteral("10"), QStringLiteral("10"),
-                    QStringLiteral("MainWindow"), hint, QStringLiteral("7"), QStringLiteral("0") });
+        host.sendMessage(stepMessage({ 10, 10, QStringLiteral("MainWindow"), hint, true, true, true, 0 }));
     };
     for (int i = 0; i < 3; ++i) {
         update(text);
-        host.send({ QStringLiteral("showTooltip"), text, QStringLiteral("100"), QStringLiteral("100") });
-        host.send({ QStringLiteral("tutorial"), text });
+        host.send(FromHost::kShowTooltip, text, 100, 100);
+        host.send(FromHost::kTutorial, text);
     }
     QVERIFY(answersAgain(host));
     const int after = host.memory();
     for (int i = 0; i < 6; ++i) {
         update(text);
-        host.send({ QStringLiteral("showTooltip"), text, QStringLiteral("100"), QStringLiteral("100") });
+        host.send(FromHost::kShowTooltip, text, 100, 100);
     }
     // A record without an end is given up at 64 MiB.
-    host.sendBytes("0\x02");
+    host.sendBytes(QByteArray("0").append(HostRecord::kMessageStart));
     for (int i = 0; i < 40; ++i) {
         host.sendBytes(QByteArray(2 * 1024 * 1024, 'a'));
         QVERIFY(host.flush());
@@ -360,36 +350,31 @@ void tst_Link::flood()
 {
     HostPeer host;
     QVERIFY(host.start(kProgram));
-    host.send({ QStringLiteral("start"), QStringLiteral("0"), QStringLiteral("0"), QStringLiteral("1280"),
-                QStringLiteral("1024") });
+    host.sendMessage(startMessage(kHostRect));
     QByteArray bytes;
     constexpr int count = 100000;
     for (int i = 0; i < count; ++i) {
         const int kind = i % 4;
         QString message;
         if (kind == 0) {
-            message = QStringLiteral("indicator\x01update\x01%1\x01%2\x01MainWindow\x01step %3\x01%4\x01%5")
-                          .arg(i % 900)
-                          .arg(i % 700)
-                          .arg(i)
-                          .arg(i % 8)
-                          .arg(i % 6);
+            message = stepMessage({ i % 900, i % 700, QStringLiteral("MainWindow"), QStringLiteral("step %1").arg(i),
+                                    i % 2 > 0, i % 3 > 0, i % 5 > 0, i % 6 });
         } else if (kind == 1) {
-            message = QStringLiteral("indicator\x01updateXy\x01%1\x01%2").arg(i % 1000).arg(i % 800);
+            message = HostMessages::message(FromHost::kIndicator, FromHost::kUpdateXy, i % 1000, i % 800);
         } else if (kind == 2) {
-            message = QStringLiteral("windowPosition\x01key%1\x01%2\x01%3").arg(i % 50).arg(i).arg(i);
+            message = HostMessages::message(FromHost::kWindowPosition, QStringLiteral("key%1").arg(i % 50), i, i);
         } else {
-            message =
-                i % 8 == 3 ? QStringLiteral("windowStack\x01push\x01Popup") : QStringLiteral("windowStack\x01pop");
+            message = i % 8 == 3
+                ? HostMessages::message(FromHost::kWindowStack, FromHost::kPush, QStringLiteral("Popup"))
+                : HostMessages::message(FromHost::kWindowStack, FromHost::kPop);
         }
         bytes += HostRecord::encode(HostRecord::kFromHost, message);
     }
     host.sendBytes(bytes);
-    host.send({ QStringLiteral("indicator"), QStringLiteral("update"), QStringLiteral("321"), QStringLiteral("234"),
-                QStringLiteral("MainWindow"), QStringLiteral("the last one"), QStringLiteral("4"),
-                QStringLiteral("0") });
-    host.send({ QStringLiteral("tutorialList") });
-    QVERIFY(!host.waitForMessage(QStringLiteral("tutorialList"), 120000).isEmpty());
+    host.sendMessage(
+        stepMessage({ 321, 234, QStringLiteral("MainWindow"), QStringLiteral("the last one"), false, false, true, 0 }));
+    host.send(FromHost::kTutorialList);
+    QVERIFY(!host.waitForMessage(ToHost::kTutorialList, 120000).isEmpty());
     QTRY_COMPARE_WITH_TIMEOUT(placeOfWindow(host.process().processId(), 640, 480), QStringLiteral("321,234"), 20000);
     QTRY_VERIFY(host.log().contains(QLatin1String("the last one")));
     QCOMPARE(host.log().count(QLatin1String("TutorialManager::onReceived ")), count + 3);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "HostLink.h"
+#include "ProgramLink.h"
 
 #include <QMessageBox>
 #include <QQmlApplicationEngine>
@@ -28,7 +28,7 @@ public:
     bool activate() const;
 
     QQuickWindow *window() const { return mWindow; }
-    HostLink &host() { return mHost; }
+    ProgramLink &host() { return mHost; }
 
     /// Evaluates a script in the context of the window, which has a list "answers" for its use.
     QVariant evaluate(const QString &script) const;
@@ -47,7 +47,7 @@ public:
 
 private:
     QTemporaryDir mFolder;
-    HostLink mHost;
+    ProgramLink mHost;
     QQmlApplicationEngine mEngine;
     QQuickWindow *mWindow = nullptr; // owned by the engine
 };

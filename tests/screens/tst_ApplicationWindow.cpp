@@ -220,17 +220,17 @@ void tst_ApplicationWindow::hostOpensATutorial()
     UndoRedo::instance()->beginSequence(QString());
     UndoRedo::addFolderCommand(-1, -1, QString(), QVariantMap());
     UndoRedo::instance()->endSequence();
-    QSignalSpy sent(&fixture->host(), &HostLink::received);
+    QSignalSpy sent(&fixture->host(), &ProgramLink::received);
     const auto started = [&] {
         return std::any_of(sent.cbegin(), sent.cend(), [](const QVariantList &arguments) {
-            return arguments.first().toStringList().first() == QLatin1String("start");
+            return arguments.first().toStringList().first() == HostMessages::ToHost::kStart;
         });
     };
     for (const char *button : { "cancel", "no" }) {
         QCOMPARE(fixture->window()->title(), QStringLiteral("*Sample"));
         // The one that was wanted last.
         for (const char *name : { "TutorialSideViewStep1", "TutorialTopViewStep1" })
-            fixture->host().send({ QStringLiteral("tutorial"), QLatin1String(name) });
+            fixture->host().send(HostMessages::FromHost::kTutorial, QLatin1String(name));
         QTRY_VERIFY(saveCheckDialog() != nullptr);
         QVERIFY(QTest::qWaitForWindowExposed(saveCheckDialog()));
         QVERIFY(!started());
@@ -243,7 +243,7 @@ void tst_ApplicationWindow::hostOpensATutorial()
     QVERIFY(!UndoRedo::instance()->canUndo());
 
     // Without changes it is opened at once, and what the writer has on disk goes before a resource.
-    fixture->host().send({ QStringLiteral("tutorial"), QStringLiteral("Sample") });
+    fixture->host().send(HostMessages::FromHost::kTutorial, QStringLiteral("Sample"));
     QTRY_COMPARE(fixture->window()->title(), QStringLiteral("Sample"));
     QVERIFY(saveCheckDialog() == nullptr);
     QCOMPARE(managerInstance->save(), QString());

@@ -13,6 +13,8 @@
 
 #include <functional>
 
+using namespace HostMessages;
+
 namespace
 {
 const QString kTranslation = QStringLiteral("tutorial-win/translations/%1.ts");
@@ -330,9 +332,8 @@ void tst_SettingScreen::eventIsTakenOver()
         }
         return nullptr;
     };
-    const QString kind = QStringLiteral("eventLog");
-    mFixture->host().send({ kind, QStringLiteral("append"), QStringLiteral("<b>click</b>,Row &amp; more") });
-    mFixture->host().send({ kind, QStringLiteral("raisedHand"), QStringLiteral("MainWindow/<i>tool</i>") });
+    mFixture->host().send(FromHost::kEventLog, FromHost::kAppend, QStringLiteral("<b>click</b>,Row &amp; more"));
+    mFixture->host().send(FromHost::kEventLog, FromHost::kRaisedHand, QStringLiteral("MainWindow/<i>tool</i>"));
     QTRY_VERIFY(row("eventList") && row("trackingList"));
     // A folder takes none; the item does.
     for (const int id : { 1, 2 }) {
@@ -346,7 +347,7 @@ void tst_SettingScreen::eventIsTakenOver()
 
     // The newest line comes into view; what isn't in view has no row.
     for (int i = 0; i < 500; ++i)
-        mFixture->host().send({ kind, QStringLiteral("append"), QString::number(i) });
+        mFixture->host().send(FromHost::kEventLog, FromHost::kAppend, i);
     QTRY_VERIFY(row("eventList", 500));
     QTRY_VERIFY(!row("eventList", 400));
 }

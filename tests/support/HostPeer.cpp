@@ -1,6 +1,5 @@
 #include "support/HostPeer.h"
 
-#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
 
 #include <QCoreApplication>
@@ -42,7 +41,7 @@ bool HostPeer::start(const QString &program)
 {
     static int count = 0;
     const QString suffix = QStringLiteral("-test-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
-    const QString name = QStringLiteral("qelm%1").arg(suffix);
+    const QString name = HostMessages::serverName(suffix);
     QLocalServer::removeServer(name);
     if (!mServer.listen(name))
         return false;
@@ -61,9 +60,9 @@ bool HostPeer::startAlone(const QString &program, const QStringList &arguments)
     return mProcess.waitForStarted();
 }
 
-void HostPeer::send(const QStringList &fields)
+void HostPeer::sendMessage(const QString &message)
 {
-    sendBytes(HostRecord::encode(HostRecord::kFromHost, HostMessages::join(fields)));
+    sendBytes(HostRecord::encode(HostRecord::kFromHost, message));
 }
 
 void HostPeer::sendBytes(const QByteArray &bytes)

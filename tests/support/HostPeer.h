@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecordReader.h"
 
 #include <QLocalServer>
@@ -25,7 +26,12 @@ public:
     /// Starts the program with these arguments and no server for it.
     bool startAlone(const QString &program, const QStringList &arguments);
 
-    void send(const QStringList &fields);
+    template <typename... Fields>
+    void send(QLatin1String name, const Fields &...fields)
+    {
+        sendMessage(HostMessages::message(name, fields...));
+    }
+    void sendMessage(const QString &message);
     void sendBytes(const QByteArray &bytes);
     /// Waits until all bytes have gone to the program.
     bool flush(int timeout = 30000);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/WarningGuard.h"
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
 #include "Tutorial/link/HostRecordReader.h"
 #include "Tutorial/ProcessGlobals.h"
@@ -36,7 +37,10 @@ public:
     }
 
     /// Fields parted by "|".
-    void receive(const char *fields) { onReceived(QString::fromUtf8(fields).replace(QLatin1Char('|'), QChar(1))); }
+    void receive(const char *fields)
+    {
+        onReceived(QString::fromUtf8(fields).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
+    }
 };
 
 /// The host editor's end of the link.
@@ -45,7 +49,7 @@ class Host
 public:
     Host() : mReader(HostRecord::kToHost)
     {
-        const QString name = QLatin1String("qelm") + QCoreApplication::arguments().at(1);
+        const QString name = HostMessages::serverName(QCoreApplication::arguments().at(1));
         QLocalServer::removeServer(name);
         if (!mServer.listen(name))
             qFatal("cannot listen");
@@ -65,7 +69,7 @@ public:
             mMessages += mReader.read(mSocket->readAll());
             return !mMessages.isEmpty();
         });
-        return came ? mMessages.takeFirst().split(QChar(1)) : QStringList();
+        return came ? HostMessages::split(mMessages.takeFirst()) : QStringList();
     }
 
     /// That nothing was sent before a message that is asked for now.

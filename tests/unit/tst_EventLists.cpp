@@ -1,5 +1,6 @@
 #include "quick/TutorialEventListModel.h"
 #include "quick/TutorialRaisedHandListModel.h"
+#include "Tutorial/link/HostMessages.h"
 
 #include <QTest>
 
@@ -51,7 +52,7 @@ void tst_EventLists::messageIsRead()
     QString coordinates;
     connect(&events, &TutorialEventListModel::coordsTextChanged, this,
             [&coordinates](const QString &text) { coordinates = text; });
-    events.readMessage(message.replace(QLatin1Char('|'), QChar(1)));
+    events.readMessage(message.replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
     QTEST(QStringList({ textOf(events), textOf(controls), coordinates }).join(QLatin1Char(';')), "result");
     QCOMPARE(events.getTagStrippedText(QStringLiteral("<b>a &amp; b</b> &lt;c&gt;")), QStringLiteral("a & b <c>"));
 }

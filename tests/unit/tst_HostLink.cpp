@@ -39,7 +39,7 @@ void tst_HostLink::sendsAliveOnEachTenthTick()
     mManager->tick(9);
     QVERIFY(mHost->silent(*mManager));
     mManager->tick(10);
-    QCOMPARE(mHost->next(), QStringList{ QStringLiteral("alive") });
+    QCOMPARE(mHost->next(), QStringList{ HostMessages::ToHost::kAlive });
     QVERIFY(mHost->silent(*mManager));
 }
 

@@ -6,12 +6,12 @@
 
 namespace
 {
-const QStringList kAlive = { QStringLiteral("alive") };
+const QStringList kAlive = { HostMessages::FromHost::kAlive };
 
 /// "|" stands for the byte in front of a message, "!" for the end of a record.
 QByteArray bytesOf(const char *text)
 {
-    return QByteArray(text).replace('|', '\x02').replace('!', '\0');
+    return QByteArray(text).replace('|', HostRecord::kMessageStart).replace('!', HostRecord::kEnd);
 }
 } // namespace
 

@@ -47,7 +47,7 @@ void tst_TutorialManager::initTestCase()
 void tst_TutorialManager::sendsTheScenarioThatIsThere()
 {
     mManager->startFromId(3);
-    QCOMPARE(mHost->next(), (QStringList{ QStringLiteral("start"), kEmptyScenario, QStringLiteral("3") }));
+    QCOMPARE(mHost->next(), (QStringList{ HostMessages::ToHost::kStart, kEmptyScenario, QStringLiteral("3") }));
     mManager->receive("tutorial|Percent");
     const QStringList loaded = mHost->next();
     QVERIFY(loaded.value(1).contains(QLatin1String("\"name\":\"%2\",")));
@@ -73,7 +73,7 @@ void tst_TutorialManager::sendsTheScenarioThatIsThere()
 void tst_TutorialManager::answersForFilesAlone()
 {
     mManager->receive("requestPresetData|../../qml/Tutorial/Percent.js");
-    QCOMPARE(mHost->next().first(), QStringLiteral("feedbackPresetData"));
+    QCOMPARE(mHost->next().first(), QString(HostMessages::ToHost::kFeedbackPresetData));
     mWarnings.expect(QStringLiteral("Failed to open"));
     mWarnings.expect(QStringLiteral("Failed to read"));
     mManager->receive("requestPresetData|../../qml/Tutorial");

@@ -1,14 +1,21 @@
 #include "EventLog.h"
 
 #include "ControlRegistry.h"
+#include "Tutorial/link/HostMessages.h"
 
 #include <QCursor>
+
+using namespace HostMessages;
 
 namespace
 {
 // The mouse moves far more often than anybody can read.
 constexpr int kPeriod = 200;
-const QString kName = QStringLiteral("eventLog");
+
+QString eventMessage(QLatin1String kind, const QString &text)
+{
+    return HostMessages::message(FromHost::kEventLog, kind, text);
+}
 } // namespace
 
 EventLog::EventLog(const ControlRegistry *registry, QObject *parent) : QObject(parent), mRegistry(registry)
@@ -35,7 +42,7 @@ QString EventLog::line(const HostEvent &event)
 void EventLog::append(const HostEvent &event)
 {
     if (mTimer.isActive())
-        Q_EMIT message({ kName, QStringLiteral("append"), line(event) });
+        Q_EMIT message(eventMessage(FromHost::kAppend, line(event)));
 }
 
 void EventLog::scan()
@@ -55,7 +62,7 @@ void EventLog::scanControls()
     if (shown == mShown)
         return;
     mShown = shown;
-    Q_EMIT message(QStringList{ kName, QStringLiteral("raisedHand") } + shown);
+    Q_EMIT message(HostMessages::join(QStringList{ FromHost::kEventLog, FromHost::kRaisedHand } + shown));
 }
 
 void EventLog::scanCursor()
@@ -72,5 +79,5 @@ void EventLog::scanCursor()
     if (coordinates == mCoordinates)
         return;
     mCoordinates = coordinates;
-    Q_EMIT message({ kName, QStringLiteral("coords"), coordinates });
+    Q_EMIT message(eventMessage(FromHost::kCoords, coordinates));
 }

@@ -28,7 +28,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     /// A message for the program.
-    void message(const QStringList &fields);
+    void message(const QString &message);
 
 private:
     void scan();

@@ -23,8 +23,8 @@ Step readStep(const QVariantMap &item)
     Step step;
     step.id = number(item, "id", 0);
     step.name = text(item, "name");
-    step.x = number(item, "x", kNoPosition);
-    step.y = number(item, "y", kNoPosition);
+    step.x = number(item, "x", HostMessages::kNoPosition);
+    step.y = number(item, "y", HostMessages::kNoPosition);
     step.windowKey = text(item, "windowKey");
     step.condition = text(item, "condition");
     step.hint = text(item, "hint");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tutorial/link/HostMessages.h"
+
 #include <QHash>
 #include <QString>
 #include <QVariantList>
@@ -8,21 +10,16 @@
 /// A tutorial as the host editor walks it: its steps in order, folders laid flat.
 namespace HostScenario
 {
-/// The value of both coordinates of a step without a place on the screen.
-constexpr int kNoPosition = -9999;
 /// The id, and the index, that stand for none.
 constexpr int kNone = -1;
-
-/// Which buttons a step shows, and whether its arrow: the flags of an "indicator" message.
-enum Flag { kNextFlag = 1, kYesNoFlag = 2, kArrowFlag = 4 };
 
 struct Step
 {
     int id = 0;
     QString name;
     /// Pixels from the place that windowKey names.
-    int x = kNoPosition;
-    int y = kNoPosition;
+    int x = HostMessages::kNoPosition;
+    int y = HostMessages::kNoPosition;
     QString windowKey;
     QString condition;
     QString hint;
@@ -32,7 +29,7 @@ struct Step
     bool showArrow = true;
     bool prohibited = false;
 
-    bool hasPlace() const { return x != kNoPosition || y != kNoPosition; }
+    bool hasPlace() const { return x != HostMessages::kNoPosition || y != HostMessages::kNoPosition; }
 };
 
 struct Scenario

@@ -2,11 +2,14 @@
 
 #include "ScriptDialog.h"
 #include "Transcript.h"
+#include "Tutorial/link/HostMessages.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QScreen>
 #include <QStandardPaths>
+
+using namespace HostMessages;
 
 namespace
 {
@@ -33,19 +36,17 @@ HostSession::HostSession(const HostOptions &options)
     , mWalker([this](const StepCondition &condition) { return mRegistry.holds(condition); })
     , mPlayer(options, &mWalker, &mRegistry)
 {
-    connect(&mLink, &HostLink::connected, this, &HostSession::greet);
-    connect(&mLink, &HostLink::disconnected, this, &HostSession::linkEnded);
-    connect(&mLink, &HostLink::received, this, &HostSession::receive);
-    connect(&mReporter, &WindowReporter::message, &mLink, &HostLink::send);
-    connect(&mEventLog, &EventLog::message, &mLink, &HostLink::send);
+    connect(&mLink, &ProgramLink::connected, this, &HostSession::greet);
+    connect(&mLink, &ProgramLink::disconnected, this, &HostSession::linkEnded);
+    connect(&mLink, &ProgramLink::received, this, &HostSession::receive);
+    connect(&mReporter, &WindowReporter::message, &mLink, &ProgramLink::sendMessage);
+    connect(&mEventLog, &EventLog::message, &mLink, &ProgramLink::sendMessage);
     connect(&mRegistry, &ControlRegistry::happened, &mEventLog, &EventLog::append);
     connect(&mReporter, &WindowReporter::moved, this, &HostSession::followTarget);
     // The program then raises its windows over a dialog. A menu stays above them, so steps point beside it.
-    connect(&mReporter, &WindowReporter::covered, this, [this] { sendState(QStringLiteral("show")); });
+    connect(&mReporter, &WindowReporter::covered, this, [this] { mLink.send(FromHost::kState, FromHost::kShow); });
     connect(mWindow.scriptDialog(), &ScriptDialog::conversionRequested, &mLink,
-            [this](int key, const QString &expression) {
-                mLink.send({ QStringLiteral("coffeeJs"), QString::number(key), expression });
-            });
+            [this](int key, const QString &expression) { mLink.send(FromHost::kCoffeeJs, key, expression); });
     connect(&mRegistry, &ControlRegistry::happened, &mWalker, &ScenarioWalker::handleEvent);
     connect(&mWalker, &ScenarioWalker::entered, this, [this] {
         mPictureTaken = false;
@@ -59,11 +60,11 @@ HostSession::HostSession(const HostOptions &options)
         leave(1);
     });
     connect(&mProgram, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this, &HostSession::programEnded);
-    connect(&mWindow, &MainWindow::minimised, this, [this] { sendState(QStringLiteral("hide")); });
-    connect(&mWindow, &MainWindow::restored, this, [this] { sendState(QStringLiteral("show")); });
+    connect(&mWindow, &MainWindow::minimised, this, [this] { mLink.send(FromHost::kState, FromHost::kHide); });
+    connect(&mWindow, &MainWindow::restored, this, [this] { mLink.send(FromHost::kState, FromHost::kShow); });
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state == Qt::ApplicationActive)
-            sendState(QStringLiteral("show"));
+            mLink.send(FromHost::kState, FromHost::kShow);
     });
 }
 
@@ -93,7 +94,7 @@ QString HostSession::begin()
     QString error = mLink.listen(mOptions.suffix);
     if (!error.isEmpty())
         return error;
-    Transcript::remark(QStringLiteral("listening on qelm%1").arg(mOptions.suffix));
+    Transcript::remark(QStringLiteral("listening on %1").arg(HostMessages::serverName(mOptions.suffix)));
 
     mWindow.takePlace();
     mWindow.show();
@@ -126,25 +127,25 @@ void HostSession::greet()
     mReporter.reportAll();
     if (mOptions.eventLog)
         mEventLog.start();
-    mLink.send({ QStringLiteral("fromServer"), mOptions.locale });
-    mLink.send({ QStringLiteral("tutorialList") });
+    mLink.send(FromHost::kFromServer, mOptions.locale);
+    mLink.send(FromHost::kTutorialList);
     if (!mOptions.tutorial.isEmpty())
-        mLink.send({ QStringLiteral("tutorial"), mOptions.tutorial });
+        mLink.send(FromHost::kTutorial, mOptions.tutorial);
 }
 
 void HostSession::receive(const QStringList &fields)
 {
     const QString &name = fields.first();
-    if (name == QLatin1String("start")) {
+    if (name == ToHost::kStart) {
         startTutorial(fields.value(1), fields.value(2).toInt());
-    } else if (name == QLatin1String("next") || name == QLatin1String("yes") || name == QLatin1String("no")) {
+    } else if (name == ToHost::kNext || name == ToHost::kYes || name == ToHost::kNo) {
         mWalker.handleButton(name);
-    } else if (name == QLatin1String("indicator") && fields.value(1) == QLatin1String("updateXYWindowKey")) {
+    } else if (name == ToHost::kIndicator && fields.value(1) == ToHost::kUpdateXYWindowKey) {
         if (!mWalker.isRunning())
             return;
         mWalker.moveStep(fields.value(2).toInt(), fields.value(3).toInt(), fields.value(4));
         showStep();
-    } else if (name == QLatin1String("callbackCoffeeJs")) {
+    } else if (name == ToHost::kCallbackCoffeeJs) {
         mWindow.scriptDialog()->showAnswer(fields.value(1).toInt(), fields.value(2));
     }
 }
@@ -159,9 +160,7 @@ void HostSession::startTutorial(const QString &script, int id)
         return;
     }
     // The whole screen: hints keep clear of its edge, and may lie beside the editor's window.
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    mLink.send({ QStringLiteral("start"), QString::number(screen.x()), QString::number(screen.y()),
-                 QString::number(screen.width()), QString::number(screen.height()) });
+    mLink.sendMessage(HostMessages::startMessage(QGuiApplication::primaryScreen()->availableGeometry()));
     // The program forgets its window stack with the first "start".
     mReporter.reportAll();
     mPlayer.stepLeft();
@@ -176,7 +175,7 @@ bool HostSession::targetKnown() const
 QPoint HostSession::target()
 {
     if (!targetKnown())
-        return QPoint(HostScenario::kNoPosition, HostScenario::kNoPosition);
+        return QPoint(kNoPosition, kNoPosition);
     return mAim.aimAt(mReporter.position(mWalker.step().windowKey) + QPoint(mWalker.step().x, mWalker.step().y));
 }
 
@@ -185,9 +184,10 @@ void HostSession::showStep()
     const HostScenario::Step &step = mWalker.step();
     mPointing = targetKnown();
     const QPoint place = target();
-    mLink.send({ QStringLiteral("indicator"), QStringLiteral("update"), QString::number(place.x()),
-                 QString::number(place.y()), step.windowKey, step.hint, QString::number(mWalker.flags()),
-                 QString::number(HostScenario::iconNumber(step.icon)) });
+    const StepCondition::Waits waits = mWalker.condition().waits;
+    mLink.sendMessage(HostMessages::stepMessage(
+        { place.x(), place.y(), step.windowKey, step.hint, waits == StepCondition::Waits::ForNext,
+          waits == StepCondition::Waits::ForAnswer, step.showArrow, HostScenario::iconNumber(step.icon) }));
     if (mOptions.automatic)
         mPlayer.stepShown();
 }
@@ -202,8 +202,7 @@ void HostSession::followTarget(const QString &key)
         return;
     }
     const QPoint place = target();
-    mLink.send({ QStringLiteral("indicator"), QStringLiteral("updateXy"), QString::number(place.x()),
-                 QString::number(place.y()) });
+    mLink.send(FromHost::kIndicator, FromHost::kUpdateXy, place.x(), place.y());
 }
 
 void HostSession::leaveStep()
@@ -214,14 +213,9 @@ void HostSession::leaveStep()
 
 void HostSession::endTutorial()
 {
-    mLink.send({ QStringLiteral("stop") });
+    mLink.send(FromHost::kStop);
     if (mOptions.automatic)
         QTimer::singleShot(kFarewell, this, [this] { leave(0); });
-}
-
-void HostSession::sendState(const QString &state)
-{
-    mLink.send({ QStringLiteral("state"), state });
 }
 
 void HostSession::takePicture()

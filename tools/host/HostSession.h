@@ -4,9 +4,9 @@
 #include "AutoPlayer.h"
 #include "ControlRegistry.h"
 #include "EventLog.h"
-#include "HostLink.h"
 #include "HostOptions.h"
 #include "MainWindow.h"
+#include "ProgramLink.h"
 #include "ScenarioWalker.h"
 #include "WindowReporter.h"
 
@@ -33,7 +33,6 @@ private:
     void followTarget(const QString &key);
     void leaveStep();
     void endTutorial();
-    void sendState(const QString &state);
     void takePicture();
     void programEnded(int exitCode, QProcess::ExitStatus status);
     void linkEnded();
@@ -47,7 +46,7 @@ private:
     MainWindow mWindow;
     WindowReporter mReporter;
     EventLog mEventLog;
-    HostLink mLink;
+    ProgramLink mLink;
     ScenarioWalker mWalker;
     AutoPlayer mPlayer;
     ArrowAim mAim;

@@ -27,18 +27,6 @@ void ScenarioWalker::start(const HostScenario::Scenario &scenario, int id)
     enter(HostScenario::startIndex(scenario, id));
 }
 
-int ScenarioWalker::flags() const
-{
-    int flags = 0;
-    if (mCondition.waits == StepCondition::Waits::ForNext)
-        flags |= HostScenario::kNextFlag;
-    if (mCondition.waits == StepCondition::Waits::ForAnswer)
-        flags |= HostScenario::kYesNoFlag;
-    if (step().showArrow)
-        flags |= HostScenario::kArrowFlag;
-    return flags;
-}
-
 void ScenarioWalker::moveStep(int x, int y, const QString &windowKey)
 {
     HostScenario::Step &step = mScenario.steps[mIndex];
@@ -57,11 +45,11 @@ void ScenarioWalker::handleButton(const QString &button)
 {
     if (!isRunning())
         return;
-    const bool next = button == QLatin1String("next");
+    const bool next = button == HostMessages::ToHost::kNext;
     if (next && mCondition.waits == StepCondition::Waits::ForNext)
         leave(false, 0);
     else if (!next && mCondition.waits == StepCondition::Waits::ForAnswer)
-        leave(button == QLatin1String("no"), 0);
+        leave(button == HostMessages::ToHost::kNo, 0);
 }
 
 void ScenarioWalker::enter(int index)

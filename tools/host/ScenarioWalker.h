@@ -25,9 +25,8 @@ public:
     bool isRunning() const { return mIndex != HostScenario::kNone; }
     const HostScenario::Step &step() const { return mScenario.steps.at(mIndex); }
     const StepCondition &condition() const { return mCondition; }
-    /// How many steps this walk has entered, and the flags of the current step's message.
+    /// How many steps this walk has entered.
     int count() const { return mCount; }
-    int flags() const;
 
     /// Moves the current step to another place.
     void moveStep(int x, int y, const QString &windowKey);

@@ -1,5 +1,7 @@
 #include "Transcript.h"
 
+#include "Tutorial/link/HostMessages.h"
+
 #include <QStringList>
 #include <QTextStream>
 
@@ -20,7 +22,7 @@ void print(const char *mark, const QString &text)
 QString Transcript::printable(const QString &message)
 {
     QStringList fields;
-    for (QString field : message.split(QChar(1))) {
+    for (QString field : HostMessages::split(message)) {
         const int size = field.size();
         if (size > kLongestField)
             field = field.left(kLongestField) + QStringLiteral("... (%1 characters)").arg(size);

@@ -1,6 +1,9 @@
 #include "WindowReporter.h"
 
 #include "ControlRegistry.h"
+#include "Tutorial/link/HostMessages.h"
+
+using namespace HostMessages;
 
 namespace
 {
@@ -37,8 +40,8 @@ void WindowReporter::scan()
         } else if (known == mPositions.constEnd() || *known != rect.topLeft()) {
             mPositions.insert(key, rect.topLeft());
             const bool control = key.contains(QLatin1Char('/'));
-            Q_EMIT message({ control ? QStringLiteral("controlPosition") : QStringLiteral("windowPosition"), key,
-                             QString::number(rect.x()), QString::number(rect.y()) });
+            Q_EMIT message(HostMessages::message(control ? FromHost::kControlPosition : FromHost::kWindowPosition, key,
+                                                 rect.x(), rect.y()));
             Q_EMIT moved(key);
         }
     }
@@ -56,9 +59,9 @@ void WindowReporter::scanStack()
     while (common < stack.size() && common < mStack.size() && stack.at(common) == mStack.at(common))
         ++common;
     for (int i = mStack.size(); i > common; --i)
-        Q_EMIT message({ QStringLiteral("windowStack"), QStringLiteral("pop") });
+        Q_EMIT message(HostMessages::message(FromHost::kWindowStack, FromHost::kPop));
     for (int i = common; i < stack.size(); ++i)
-        Q_EMIT message({ QStringLiteral("windowStack"), QStringLiteral("push"), stack.at(i) });
+        Q_EMIT message(HostMessages::message(FromHost::kWindowStack, FromHost::kPush, stack.at(i)));
     mStack = stack;
     if (common > 0 && common < stack.size())
         Q_EMIT covered();

@@ -25,7 +25,7 @@ public:
 
 Q_SIGNALS:
     /// A message for the program.
-    void message(const QStringList &fields);
+    void message(const QString &message);
     void moved(const QString &key);
     /// A dialog or a menu has opened over the window.
     void covered();

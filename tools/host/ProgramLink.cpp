@@ -1,4 +1,4 @@
-#include "HostLink.h"
+#include "ProgramLink.h"
 
 #include "Transcript.h"
 #include "Tutorial/link/HostRecord.h"
@@ -8,25 +8,24 @@
 namespace
 {
 constexpr int kAlivePeriod = 1000;
-const QString kAlive = QStringLiteral("alive");
 } // namespace
 
-HostLink::HostLink(QObject *parent) : QObject(parent), mReader(HostRecord::kToHost)
+ProgramLink::ProgramLink(QObject *parent) : QObject(parent), mReader(HostRecord::kToHost)
 {
     mServer.setSocketOptions(QLocalServer::UserAccessOption);
     mAliveTimer.setInterval(kAlivePeriod);
-    connect(&mAliveTimer, &QTimer::timeout, this, &HostLink::sendAlive);
-    connect(&mServer, &QLocalServer::newConnection, this, &HostLink::takeConnection);
+    connect(&mAliveTimer, &QTimer::timeout, this, &ProgramLink::sendAlive);
+    connect(&mServer, &QLocalServer::newConnection, this, &ProgramLink::takeConnection);
 }
 
-HostLink::~HostLink()
+ProgramLink::~ProgramLink()
 {
     close();
 }
 
-QString HostLink::listen(const QString &suffix)
+QString ProgramLink::listen(const QString &suffix)
 {
-    const QString name = QStringLiteral("qelm") + suffix;
+    const QString name = HostMessages::serverName(suffix);
     // What a crash left behind would keep the name taken; a server that answers keeps its name.
     QLocalSocket probe;
     probe.connectToServer(name);
@@ -38,21 +37,20 @@ QString HostLink::listen(const QString &suffix)
     return QString();
 }
 
-bool HostLink::isConnected() const
+bool ProgramLink::isConnected() const
 {
     return mSocket && mSocket->state() == QLocalSocket::ConnectedState;
 }
 
-void HostLink::send(const QStringList &fields)
+void ProgramLink::sendMessage(const QString &message)
 {
     if (!isConnected())
         return;
-    const QString message = fields.join(QChar(1));
     Transcript::sent(message);
     write(message);
 }
 
-void HostLink::close()
+void ProgramLink::close()
 {
     mServer.close();
     if (!mSocket)
@@ -62,7 +60,7 @@ void HostLink::close()
     mSocket->disconnectFromServer();
 }
 
-void HostLink::takeConnection()
+void ProgramLink::takeConnection()
 {
     QLocalSocket *socket = mServer.nextPendingConnection();
     if (mSocket) {
@@ -72,15 +70,15 @@ void HostLink::takeConnection()
         return;
     }
     mSocket = socket;
-    connect(socket, &QLocalSocket::readyRead, this, &HostLink::readMessages);
-    connect(socket, &QLocalSocket::disconnected, this, &HostLink::dropConnection);
+    connect(socket, &QLocalSocket::readyRead, this, &ProgramLink::readMessages);
+    connect(socket, &QLocalSocket::disconnected, this, &ProgramLink::dropConnection);
     mAliveTimer.start();
     Transcript::remark(QStringLiteral("the program has connected"));
     Q_EMIT connected();
     readMessages();
 }
 
-void HostLink::dropConnection()
+void ProgramLink::dropConnection()
 {
     readMessages();
     mAliveTimer.stop();
@@ -91,32 +89,32 @@ void HostLink::dropConnection()
     Q_EMIT disconnected();
 }
 
-void HostLink::readMessages()
+void ProgramLink::readMessages()
 {
     const QStringList messages = mReader.read(mSocket->readAll());
     for (const QString &message : messages) {
-        if (message != kAlive) {
+        if (message != HostMessages::ToHost::kAlive) {
             Transcript::received(message);
         } else if (!mAliveReceivedShown) {
             mAliveReceivedShown = true;
             Transcript::received(message);
         }
-        Q_EMIT received(message.split(QChar(1)));
+        Q_EMIT received(HostMessages::split(message));
     }
 }
 
-void HostLink::sendAlive()
+void ProgramLink::sendAlive()
 {
     if (!isConnected())
         return;
     if (!mAliveSentShown) {
         mAliveSentShown = true;
-        Transcript::sent(kAlive);
+        Transcript::sent(HostMessages::FromHost::kAlive);
     }
-    write(kAlive);
+    write(HostMessages::FromHost::kAlive);
 }
 
-void HostLink::write(const QString &message)
+void ProgramLink::write(const QString &message)
 {
     mSocket->write(HostRecord::encode(HostRecord::kFromHost, message));
 }

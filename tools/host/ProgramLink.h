@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecordReader.h"
 
 #include <QLocalServer>
@@ -12,13 +13,13 @@ class QLocalSocket;
 
 /// The host editor's end of the link: a local server with one client, the program. Each message in
 /// either direction goes to the transcript, "alive" but once.
-class HostLink : public QObject
+class ProgramLink : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit HostLink(QObject *parent = nullptr);
-    ~HostLink() override;
+    explicit ProgramLink(QObject *parent = nullptr);
+    ~ProgramLink() override;
 
     /// Listens on the server of that suffix. Empty on success, else what went wrong.
     QString listen(const QString &suffix);
@@ -26,7 +27,12 @@ public:
     bool isConnected() const;
 
     /// Sends one message; without a client it is dropped.
-    void send(const QStringList &fields);
+    void sendMessage(const QString &message);
+    template <typename... Fields>
+    void send(QLatin1String name, const Fields &...fields)
+    {
+        sendMessage(HostMessages::message(name, fields...));
+    }
 
     /// Ends the link, and with it the program.
     void close();
