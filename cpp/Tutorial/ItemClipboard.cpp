@@ -1,11 +1,11 @@
 #include "Tutorial/ItemClipboard.h"
 
+#include "tool/FreeNames.h"
 #include "tool/IdSet.h"
 #include "tool/Log.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
-#include <QHash>
 #include <QStringList>
 
 #include <memory>
@@ -62,44 +62,6 @@ private:
     int mNext = 1;
 };
 
-/// Gives out names as DataSupport::getUniqueName does in its style of brackets that leaves a free
-/// name as it is, but reads the list only once.
-class FreeNames
-{
-public:
-    explicit FreeNames(const QStringList &used)
-    {
-        for (const QString &name : used)
-            add(name);
-    }
-
-    QString next(const QString &base)
-    {
-        QString name = base;
-        for (qint64 number = mHighest.value(base) + 1; mUsed.contains(name); ++number)
-            name = base + QStringLiteral("(%1)").arg(number);
-        add(name);
-        return name;
-    }
-
-private:
-    void add(const QString &name)
-    {
-        mUsed.insert(name);
-        const int bracket = name.lastIndexOf(QLatin1Char('('));
-        if (bracket < 0 || !name.endsWith(QLatin1Char(')')))
-            return;
-        const QString digits = name.mid(bracket + 1, name.size() - bracket - 2);
-        const int number = digits.toInt();
-        int &highest = mHighest[name.left(bracket)];
-        if (number > highest && QString::number(number) == digits)
-            highest = number;
-    }
-
-    QSet<QString> mUsed;
-    QHash<QString, int> mHighest;
-};
-
 /// The elements of one payload on their way into the document.
 class Insertion
 {
@@ -149,7 +111,7 @@ private:
         const int newId = mIds.next();
         record->setId(newId);
         // Past the setter: the record is not in the document yet.
-        record->mName = mNames.next(record->mName);
+        record->mName = mNames.next(record->mName, -1);
         if (mHistory)
             UndoRedo::insertItemCommand(parentId, -1, newId, item.mFolder, record.release(), QString(), QVariantMap());
         else
@@ -181,8 +143,8 @@ private:
     FreeIds mIds;
     FreeNames mNames;
     bool mHistory;
-    // The records of one element, parents before children, and the place of the next one to be inserted. Ids would not
-    // do: two may be the same.
+    // The records of one element, parents before children, and the place of the next one to be
+    // inserted. Ids would not do: two may be the same.
     std::vector<std::unique_ptr<TutorialItemData>> mRecords;
     std::size_t mNext = 0;
 };

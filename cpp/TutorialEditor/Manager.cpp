@@ -3,6 +3,7 @@
 #include "model/DocumentContext.h"
 #include "model/EditHistory.h"
 #include "tool/DataSupport.h"
+#include "tool/FreeNames.h"
 #include "tool/Log.h"
 #include "TutorialEditor/LoadLosses.h"
 #include "TutorialEditor/ScenarioText.h"
@@ -23,30 +24,6 @@ QByteArray hashOf(const QByteArray &bytes)
 {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
 }
-
-/// Gives out names without an owner's name being looked at twice: the list is searched once for
-/// each base, and the number goes up from there.
-class NameFiller
-{
-public:
-    explicit NameFiller(const QStringList &names) : mNames(names) { }
-
-    QString next(const QString &base)
-    {
-        constexpr int digits = 3;
-        if (!mNumbers.contains(base)) {
-            QString name = DataSupport::getUniqueName(mNames, base, digits);
-            mNumbers.insert(base, name.midRef(base.size()).toLongLong());
-            return name;
-        }
-        const qint64 number = ++mNumbers[base];
-        return base + QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0'));
-    }
-
-private:
-    QStringList mNames;
-    QHash<QString, qint64> mNumbers;
-};
 } // namespace
 
 namespace TutorialEditor
@@ -139,13 +116,13 @@ void Manager::fillInNames()
 {
     QStringList names = mData.getNameList();
     names.removeAll(QString());
-    NameFiller filler(names);
+    FreeNames freeNames(names);
     const QString folderBase = tr("folder");
     const QString itemBase = tr("item");
     mData.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
         TutorialItemData *record = item.mId < 0 ? nullptr : mData.getData(item.mId);
         if (record && record->mName.isEmpty())
-            record->mName = filler.next(item.mFolder ? folderBase : itemBase);
+            record->mName = freeNames.next(item.mFolder ? folderBase : itemBase, 3);
     });
 }
 

@@ -3,28 +3,18 @@
 #include <QCoreApplication>
 
 AddFolderCommand::AddFolderCommand(int targetId, int position, const QString &linkInfo, const QVariantMap &option)
-    : TreeCommand(QStringLiteral("AddFolder(%1, %2)").arg(targetId).arg(position), linkInfo, option)
-    , mTargetId(targetId)
-    , mPosition(position)
+    : AddTreeItemCommand(QStringLiteral("AddFolder(%1, %2)").arg(targetId).arg(position), targetId, position, -1, true,
+                         linkInfo, option)
 { }
 
-bool AddFolderCommand::apply()
+int AddFolderCommand::chooseId() const
 {
-    Document &data = document();
-    const int newId = DataSupport::getInt(option(), QStringLiteral("newId"), data.getNewId());
-    if (!insertAt(mTargetId, mPosition, Item(newId, true)))
-        return false;
-    mNewId = newId;
-    auto record = std::make_unique<TutorialItemData>();
-    record->mId = mNewId;
-    record->mName = data.getNewName(QCoreApplication::translate("TutorialManager", "folder"), 0);
-    data.mDataList.append(record.release());
-    return true;
+    return DataSupport::getInt(option(), QStringLiteral("newId"), document().getNewId());
 }
 
-bool AddFolderCommand::revert()
+AddFolderCommand::Record AddFolderCommand::giveRecord()
 {
-    document().removeItem(mNewId);
-    document().takeData(mNewId);
-    return true;
+    Record record = makeRecord();
+    record->mName = document().getNewName(QCoreApplication::translate("TutorialManager", "folder"), 0);
+    return record;
 }

@@ -1,27 +1,20 @@
 #pragma once
 
-#include "UndoRedo/TreeCommand.h"
+#include "UndoRedo/AddTreeItemCommand.h"
 
 /// Puts a record that already exists into the document, with a node without children. Contents of a
-/// folder come by commands of their own behind this one.
-class InsertTreeItemCommand : public TreeCommand
+/// folder come by commands of their own after this one.
+class InsertTreeItemCommand : public AddTreeItemCommand
 {
 public:
     /// Takes ownership of the record, whose id is newId.
     InsertTreeItemCommand(int targetId, int position, int newId, bool folder, TutorialItemData *data,
                           const QString &linkInfo, const QVariantMap &option);
 
-    QList<int> itemIds() const override { return { mNewId }; }
-
 private:
-    bool apply() override;
-    bool revert() override;
-    bool hasEffect() const override { return !mData; }
+    Record giveRecord() override { return std::move(mData); }
+    void takeRecord(Record record) override { mData = std::move(record); }
 
-    int mTargetId;
-    int mPosition;
-    int mNewId;
-    bool mFolder;
     // The record while it is out of the document.
-    std::unique_ptr<TutorialItemData> mData;
+    Record mData;
 };

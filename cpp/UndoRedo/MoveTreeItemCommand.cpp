@@ -53,7 +53,7 @@ bool MoveTreeItemCommand::apply()
         items.insert(entry.item.mId, entry.item);
     }
 
-    // The target's place counts without the items that stood in front of it.
+    // The target's place counts without the moved items that stood before it.
     int index = -1;
     const Item *parent = mBefore ? data.getParentItem(mTargetId, index) : data.findItem(mTargetId);
     QList<TakenItem<TutorialItemData>> placed;

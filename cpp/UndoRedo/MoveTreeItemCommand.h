@@ -3,15 +3,15 @@
 #include "model/TreeBatch.h"
 #include "UndoRedo/TreeCommand.h"
 
-/// Moves items, each with all below it, in front of another item or to the end of a folder. Only the
-/// shape changes; the order of the record list stays.
+/// Moves items, each with all below it, before another item or to the end of a folder. Only the shape
+/// changes; the order of the record list stays.
 ///
 /// The items move one after the other: the first that has no place to go (its target is unknown, is
-/// the item itself or stands below it) stays where it is, and so do all behind it.
+/// the item itself or stands below it) stays where it is, and so do all after it.
 class MoveTreeItemCommand : public TreeCommand
 {
 public:
-    /// With before the items go in front of the target, else to the end of the folder targetId.
+    /// With before the items go before the target, else to the end of the folder targetId.
     MoveTreeItemCommand(const QList<int> &idList, bool before, int targetId, const QString &linkInfo,
                         const QVariantMap &option);
 

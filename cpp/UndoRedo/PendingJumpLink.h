@@ -2,5 +2,5 @@
 
 class QString;
 
-/// Hands the link to the program round the document, if there is one.
+/// Hands what a command has for the screens to the program round the document, if there is one.
 void setPendingJumpLink(const QString &linkInfo);

@@ -9,7 +9,7 @@
 /// The base of the commands that change the shape of the document. They work on ids and never keep
 /// a pointer to a node; the history makes sure that each runs on the state of its first run.
 ///
-/// After each run but the first, which is the one inside the push, the screens are told by the link.
+/// After each run but the first, which is the one inside the push, the screens are told by linkInfo.
 class TreeCommand : public QUndoCommand
 {
 public:
@@ -31,7 +31,7 @@ protected:
 
     static Document &document();
     /// Puts a node beside or into the target: at that position, or with -1 at the end of a folder
-    /// and right behind an item. False with a warning in the log when there is no such target.
+    /// and right after an item. False with a warning in the log when there is no such target.
     static bool insertAt(int targetId, int position, const Item &item);
     /// An id list for a command's text.
     static QString listText(const QList<int> &idList);
@@ -39,7 +39,7 @@ protected:
     const QVariantMap &option() const { return mOption; }
 
 private:
-    /// False when a step failed; the link then stays unset.
+    /// False when a step failed; the screens are then told nothing.
     virtual bool apply() = 0;
     virtual bool revert() = 0;
     /// Whether the last run has changed the document.

@@ -20,7 +20,7 @@ public:
 
     void undo() override;
     void redo() override;
-    /// Any id but -1 makes the stack offer a new command to the one in front of it.
+    /// Any id but -1 makes the stack offer a new command to the one before it.
     int id() const override { return 0; }
     /// Takes in a command that has run already. True when it did: the caller may then destroy it.
     bool mergeWith(const QUndoCommand *other) override;

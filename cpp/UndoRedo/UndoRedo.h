@@ -40,7 +40,7 @@ public:
     ~UndoRedo() override;
 
     bool canUndo() const;
-    /// Whether the step behind the present one can be done again; the mark of a step that was made
+    /// Whether the next step can be done again; the mark of a step that was made
     /// unredoable can't.
     bool canRedo() const;
 

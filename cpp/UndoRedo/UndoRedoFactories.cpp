@@ -14,7 +14,7 @@
 
 namespace
 {
-/// The ids with all their contents, each folder behind what it holds, and none twice.
+/// The ids with all their contents, each folder after what it holds, and none twice.
 QList<int> withContents(const QList<int> &idList)
 {
     TreeDataTemplate<TutorialItemData> &document = TutorialEditor::Manager::instance()->mData;
@@ -87,7 +87,7 @@ void UndoRedo::renameItemCommand(int id, const QString &name, const QString &lin
 QVariant UndoRedo::deleteItemsCommand(const QList<int> &idList, const QString &linkInfo, const QVariantMap &option)
 {
     const QList<int> all = withContents(idList);
-    // In front of the delete, so that an undo sets the jumps again once the items are back.
+    // Before the delete, so that an undo sets the jumps again once the items are back.
     takeBackJumpsTo(all);
     add<DeleteTreeItemCommand>(idList, all, linkInfo, option);
     return true;

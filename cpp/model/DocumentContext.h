@@ -21,7 +21,7 @@ public:
     /// added to errors as translated messages.
     virtual QString applyTranslationToText(const QString &text, QStringList &errors) const = 0;
 
-    /// Stores the link that the screens are told of a little later, outside any undo command.
+    /// Stores the text that the screens are told a little later, outside any undo command.
     virtual void setPendingJumpLink(const QString &linkInfo) = 0;
 
     virtual void setModified(bool modified) = 0;

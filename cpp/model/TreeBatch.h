@@ -33,7 +33,7 @@ struct TakenRecord
 namespace TreeBatch
 {
 /// Takes the first node of each id out of the tree below this one. What stands below a taken node
-/// stays with it, unless it is taken as well. The places are those in front of the first removal;
+/// stays with it, unless it is taken as well. The places are those before the first removal;
 /// those in one parent come in ascending order.
 template <typename T>
 void takeItems(TreeItem<T> &item, QSet<int> &ids, QList<TakenItem<T>> &taken)

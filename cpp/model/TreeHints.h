@@ -33,7 +33,8 @@ private:
     void noteAll(const Item &item);
 
     QHash<int, Place> mPlaces;
-    // Ids that were seen twice. Which of the two nodes comes first can change without any hint being wrong.
+    // Ids that were seen twice. Which of the two nodes comes first can change without any hint being
+    // wrong.
     QSet<int> mSeveral;
 };
 

@@ -38,7 +38,7 @@ public:
     /// Calls visit for this node and then for all below it, parents before children.
     void visitAll(const std::function<void(const TreeItem<T> &)> &visit) const;
 
-    /// Appends the id of this node behind the ids of all below it.
+    /// Appends the id of this node after the ids of all below it.
     void collectIds(QList<int> &idList) const;
 
     int mId = -1;
@@ -182,7 +182,7 @@ void TreeDataTemplate<T>::indexNewRecords() const
         } else if (*known == kSeveral || mDataList.at(*known)->mId == id) {
             *known = kSeveral;
         } else {
-            // A record was put in front of this one, so that all hints may be wrong.
+            // A record was put before this one, so that all hints may be wrong.
             forgetIndex();
             continue;
         }

@@ -2,8 +2,8 @@
 
 #include <QVector>
 
-/// A row of the tree as the rules of dropping see it. Without a path it is no row: behind the last
-/// row of the list, which counts as a row of depth 0 in the root.
+/// A row of the tree as the rules of dropping see it. Without a path it is no row: the end of the
+/// list, which counts as a row of depth 0 in the root.
 struct TreeDropRow
 {
     /// The ids of the row and of its folders, the row first and the root (-1) last.

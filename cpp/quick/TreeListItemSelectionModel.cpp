@@ -165,8 +165,8 @@ void TreeListItemSelectionModel::selectWanted(const QStandardItem &invisibleRoot
             come.append(index);
     }
     {
-        // Qt compares each range that comes or goes with each that stands. So for a moment, which nobody is told of,
-        // none stands.
+        // Qt compares each range that comes or goes with each that stands. So for a moment, which
+        // nobody is told of, none stands.
         const QSignalBlocker blocker(this);
         clearSelection();
         select(all.finish(), Select);

@@ -37,8 +37,8 @@ public:
     Q_INVOKABLE void setSelectedBetweenCurrentAnd(const QModelIndex &modelIndex);
     /// Selects all rows but the root row.
     Q_INVOKABLE void selectAllItems();
-    /// Like setSelectedBetweenCurrentAnd between two children of the root row; the current index is cleared. Of a known
-    /// and an unknown id the known one is selected alone.
+    /// Like setSelectedBetweenCurrentAnd between two children of the root row; the current index is
+    /// cleared. Of a known and an unknown id the known one is selected alone.
     Q_INVOKABLE void setSelectedBetween(int id1, int id2);
 
 Q_SIGNALS:

@@ -20,13 +20,13 @@ TreeDataTemplate<TutorialItemData> &document()
 QString makeLinkInfo(const QList<int> &idList, QVariantMap &option)
 {
     option.clear();
-    QVariantHash link;
+    QVariantHash info;
     if (idList.size() == 1)
-        link.insert(QStringLiteral("tutorialItemId"), idList.first());
+        info.insert(QStringLiteral("tutorialItemId"), idList.first());
     else
-        link.insert(QStringLiteral("tutorialItemIdList"), DataSupport::getVariantList(idList));
-    link.insert(QStringLiteral("refresh"), true);
-    return JsonWrapper::getJsonString(link);
+        info.insert(QStringLiteral("tutorialItemIdList"), DataSupport::getVariantList(idList));
+    info.insert(QStringLiteral("refresh"), true);
+    return JsonWrapper::getJsonString(info);
 }
 
 int idOf(const QModelIndex &index)
@@ -34,7 +34,7 @@ int idOf(const QModelIndex &index)
     return index.isValid() ? index.data(TutorialItemListModel::RoleId).toInt() : -1;
 }
 
-/// The row of that property in a row's data, or -1.
+/// The role of that property in a row, or -1.
 int roleOf(const QString &propertyName)
 {
     static const QHash<QString, int> roles = { { QStringLiteral("name"), TutorialItemListModel::RoleName },

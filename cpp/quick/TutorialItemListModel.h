@@ -9,8 +9,8 @@
 #include <QVariant>
 #include <QVariantMap>
 
-/// The rows behind the tree of tutorial items: a mirror of the document in one column, whose one top
-/// row stands for the root.
+/// The rows of the tree of tutorial items: a mirror of the document in one column, whose one top row
+/// stands for the root.
 ///
 /// Edits build undo commands, which change the document and not the rows; the rows catch up when
 /// refreshPartial runs. Only setValue writes a row at once. The caller puts edits into a transaction.
@@ -102,7 +102,7 @@ public:
     /// Why a name, key, condition or command can't be that text, for the user; empty if it can.
     Q_INVOKABLE QString getRefusal(const QString &text) const;
 
-    /// Both add behind an item or at the end of a folder, and return the new id.
+    /// Both add right after an item or at the end of a folder, and return the new id.
     Q_INVOKABLE int addItem(int targetId);
     Q_INVOKABLE int addFolder(int targetId);
     Q_INVOKABLE void changeItemName(const QModelIndex &index, const QString &name);

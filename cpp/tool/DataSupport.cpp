@@ -1,5 +1,6 @@
 #include "tool/DataSupport.h"
 
+#include "tool/FreeNames.h"
 #include "tool/Log.h"
 
 #include <QDir>
@@ -7,27 +8,6 @@
 
 #include <algorithm>
 #include <vector>
-
-namespace
-{
-// The number that a name shows behind its base: plain, as digits only, or in round brackets and
-// written in no other way than QString writes it. 0 if it shows none.
-int plainNumber(const QString &name, int baseLength)
-{
-    const QStringRef rest = name.midRef(baseLength);
-    const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
-    return std::all_of(rest.begin(), rest.end(), isDigit) ? rest.toInt() : 0;
-}
-
-int bracketNumber(const QString &name, int baseLength)
-{
-    if (name.size() < baseLength + 3 || name.at(baseLength) != QLatin1Char('(') || !name.endsWith(QLatin1Char(')')))
-        return 0;
-    const QStringRef inner = name.midRef(baseLength + 1, name.size() - baseLength - 2);
-    const int number = inner.toInt();
-    return QString::number(number) == inner ? number : 0;
-}
-} // namespace
 
 QString DataSupport::getPath(const QString &path)
 {
@@ -139,27 +119,7 @@ int DataSupport::getUniqueId(const QList<int> &ids, int firstId)
 
 QString DataSupport::getUniqueName(const QStringList &names, const QString &base, int digits)
 {
-    const bool inBrackets = digits < 0;
-    bool found = false;
-    qint64 number = 0;
-    for (const QString &name : names) {
-        if (name == base)
-            found = true;
-        else if (name.startsWith(base))
-            number = std::max<qint64>(number, (inBrackets ? bracketNumber : plainNumber)(name, base.size()));
-    }
-    if (digits == -1 && !found)
-        return base;
-
-    // The next number is free at once, unless names go on past the numbers that count.
-    QString uniqueName;
-    do {
-        ++number;
-        uniqueName = base
-            + (inBrackets ? QStringLiteral("(%1)").arg(number)
-                          : QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0')));
-    } while (names.contains(uniqueName));
-    return uniqueName;
+    return FreeNames(names).next(base, digits);
 }
 
 QString getExistsFilename(const QString &path)

@@ -56,7 +56,7 @@ public:
 
     /// The smallest number from firstId up that is not in ids.
     static int getUniqueId(const QList<int> &ids, int firstId);
-    /// A name that is not in names: the base with the number behind the highest one in use.
+    /// A name that is not in names: the base with the number after the highest one in use.
     ///
     /// With digits from 0 up the number follows the base, zero-padded to that many places. With -1
     /// and -2 it stands in round brackets, and -1 leaves a base that is free as it is.
