@@ -2,7 +2,7 @@
 
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialItemListModel.h"
-#include "unit/EditingSession.h"
+#include "support/EditingSession.h"
 
 #include <QQmlApplicationEngine>
 #include <QQuickItem>

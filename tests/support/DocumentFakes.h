@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QVector>
 
+#include <utility>
+
 /// Stands in for the program round the document: translates from a table.
 class FakeContext : public DocumentContext
 {
@@ -23,6 +25,9 @@ public:
 
     void setPendingJumpLink(const QString &linkInfo) override { mJumpLink = linkInfo; }
     void setModified(bool modified) override { mModified = modified; }
+
+    /// What was pending; nothing is from then on.
+    QString takeJumpLink() { return std::exchange(mJumpLink, QString()); }
 
     QHash<QString, QString> mTranslations;
     QString mJumpLink;

@@ -1,19 +1,8 @@
-#include "EditingSession.h"
+#include "support/EditingSession.h"
 #include "Tutorial/ItemClipboard.h"
 
 #include <QPointer>
 #include <QtTest>
-
-class ItemClipboardTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void paste();
-    void undoneAndForgotten();
-    void badPayload_data();
-    void badPayload();
-};
 
 using ItemClipboard::SecondHints;
 
@@ -27,37 +16,88 @@ QString payloadOf(const QList<int> &idList)
 }
 } // namespace
 
-void ItemClipboardTest::paste()
+class tst_ItemClipboard : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void givesIdsAndNames_data();
+    void givesIdsAndNames();
+    void copiesFields();
+    void undoneAndForgotten();
+    void badPayload_data();
+    void badPayload();
+};
+
+void tst_ItemClipboard::givesIdsAndNames_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<QString>("expected");
+    // What is copied, and the items and names after it was pasted.
+    const auto row = [](const char *names, const char *copied, const char *expected) {
+        QTest::newRow(copied) << QString::fromLatin1(names) << QString::fromLatin1(expected);
+    };
+    // Each takes the lowest free id, a folder before what it holds.
+    row("a b c d e", "2,1", "1 2[3[4] 6] 5[7[8] 9] 10 a b c d e b(1) c(1) d(1) e(1) a(1)");
+    row("a a(1) a(4) a(3)x a(07)", "1,2",
+        "1 2[3[4] 6] 5 7[8[9] 10] a a(1) a(4) a(3)x a(07) a(5) a(1)(1) a(4)(1) "
+        "a(3)x(1) a(07)(1)");
+    row("a b c d e", "4,4", "1 2[3[4] 6] 5 7 a b c d e d(1) d(2)");
+}
+
+void tst_ItemClipboard::givesIdsAndNames()
+{
+    QFETCH(QString, names);
+    const QString copied = QString::fromLatin1(QTest::currentDataTag());
+    const QList<int> ids = DataSupport::getIntList(copied.split(QLatin1Char(',')));
+    for (const bool inHistory : { false, true }) {
+        EditingSession session;
+        session.load(QStringLiteral("1 2[3[4] 6]"));
+        for (int i = 0; i < 5; ++i)
+            session.data().mDataList.at(i)->mName = names.section(QLatin1Char(' '), i, i);
+        QList<int> tops;
+        const auto paste = [&] { tops = ItemClipboard::insertPayload(payloadOf(ids), SecondHints::Copied); };
+        inHistory ? session.sequence(QString(), paste) : paste();
+        QTEST(QString(session.shape() + QLatin1Char(' ') + session.data().getNameList().join(QLatin1Char(' '))),
+              "expected");
+        QCOMPARE(session.fault(), QString());
+        QList<int> last;
+        for (const auto &item : session.data().mRoot.mChildren.mid(2))
+            last.append(item.mId);
+        QCOMPARE(tops, last);
+    }
+}
+
+void tst_ItemClipboard::copiesFields()
 {
     EditingSession session;
-    session.load(QStringLiteral("1 2[3[4] 6]"));
+    session.load(QStringLiteral("1 2[3]"));
     QString payload = QStringLiteral("before");
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("treeItem not found 9")));
     QVERIFY(!ItemClipboard::makePayload({ 1, 9 }, payload));
     QCOMPARE(payload, QStringLiteral("before"));
 
-    // Each takes the lowest free id, a folder before what it holds.
-    session.record(1)->mHint = QStringLiteral("hint\n\"b\"");
-    session.record(1)->mHint2 = QStringLiteral("second");
-    session.record(4)->mHint2.clear();
-    session.record(1)->mJump = 2;
-    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 2, 1 }), SecondHints::Copied), QList<int>({ 5, 10 }));
-    QCOMPARE(session.record(10)->mHint, session.record(1)->mHint);
-    QCOMPARE(session.record(10)->mHint2, QStringLiteral("second"));
-    QCOMPARE(session.record(8)->mHint2, QString());
-    QCOMPARE(session.record(10)->mJump, 2);
-    QCOMPARE(session.shape(), QStringLiteral("1 2[3[4] 6] 5[7[8] 9] 10"));
+    TutorialItemData &source = *session.record(3);
+    source.mHint = QStringLiteral("hint\n\"b\"");
+    source.mHint2 = QStringLiteral("second");
+    source.mJump = 1;
+    source.mProhibited = true;
+    ItemClipboard::insertPayload(payloadOf({ 2, 1 }), SecondHints::Copied);
+    TutorialItemData expected(source);
+    expected.mId = 5;
+    expected.mName = QStringLiteral("name3(1)");
+    QCOMPARE(session.record(5)->toJsonText(QString()), expected.toJsonText(QString()));
+    QCOMPARE(session.record(6)->mHint2, QString());
     QCOMPARE(ItemClipboard::insertPayload(payloadOf({}), SecondHints::Copied), QList<int>());
-    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::LookedUp), QList<int>({ 11 }));
-    QCOMPARE(session.record(11)->mHint2, QStringLiteral("#1"));
+    QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::LookedUp), QList<int>({ 7 }));
+    QCOMPARE(session.data().mDataList.last()->mHint2, QStringLiteral("#1"));
 }
 
-void ItemClipboardTest::undoneAndForgotten()
+void tst_ItemClipboard::undoneAndForgotten()
 {
     EditingSession session;
     session.load(QStringLiteral("1[2]"));
-    session.sequence(QStringLiteral("paste"),
-                     [] { ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::Copied); });
+    session.sequence(QString(), [] { ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::Copied); });
     QPointer<TutorialItemData> folder = session.record(3);
     QPointer<TutorialItemData> item = session.record(4);
     session.history().undo();
@@ -69,7 +109,7 @@ void ItemClipboardTest::undoneAndForgotten()
     QVERIFY(!folder && !item);
 }
 
-void ItemClipboardTest::badPayload_data()
+void tst_ItemClipboard::badPayload_data()
 {
     QTest::addColumn<QString>("shape");
     QTest::newRow("") << QString();
@@ -82,7 +122,7 @@ void ItemClipboardTest::badPayload_data()
     QTest::newRow("[ {\"id\":1,\"children\":[{\"id\":2}]}, {\"id\":3} ]") << QStringLiteral("1 2");
 }
 
-void ItemClipboardTest::badPayload()
+void tst_ItemClipboard::badPayload()
 {
     EditingSession session;
     ItemClipboard::insertPayload(QString::fromLatin1(QTest::currentDataTag()), SecondHints::Copied);
@@ -90,5 +130,5 @@ void ItemClipboardTest::badPayload()
     QCOMPARE(session.recordIds().size(), session.shape().count(QRegularExpression(QStringLiteral("\\d"))));
 }
 
-QTEST_MAIN(ItemClipboardTest)
+QTEST_MAIN(tst_ItemClipboard)
 #include "tst_ItemClipboard.moc"

@@ -1,15 +1,15 @@
-// Runs random edits on the program and on a plain reference, and compares the two after each.
+// Runs random edits and steps of the history, and looks at the whole document after each. A fault
+// is told with the shortest list of operations that shows it.
 //
-//     tst_RandomSession [--seed N] [--steps N] [--seconds N]
-//
-// runs one session of that seed, or with --seconds session after session with the seeds from N up.
-// A difference is told with the shortest list of operations that shows it.
+// SESSION_SEED=N runs the one session of that seed, SESSION_SECONDS=N session after session for so
+// long, and SESSION_STEPS=N sets how many operations a session has.
 
-#include "session/RandomSession.h"
+#include "RandomSession.h"
 
-#include <QApplication>
-#include <QCommandLineParser>
+#include <QElapsedTimer>
 #include <QtTest>
+
+#include <random>
 
 namespace
 {
@@ -22,65 +22,64 @@ void onMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
         unexpectedWarning = text;
 }
 
-struct Failure
+QVector<Operation> randomOperations(unsigned seed, int count)
 {
-    int step = -1;
-    QString text;
-};
-
-Failure runSession(const QVector<Operation> &operations)
-{
-    const QtMessageHandler previous = qInstallMessageHandler(onMessage);
-    unexpectedWarning.clear();
-    Failure failure;
-    {
-        RandomSession session;
-        for (int i = 0; i < operations.size() && failure.text.isEmpty(); ++i)
-            failure = { i, session.run(operations.at(i)) + unexpectedWarning };
-        if (failure.text.isEmpty())
-            failure = { operations.size(), session.backAndForth() + unexpectedWarning };
-    }
-    qInstallMessageHandler(previous);
-    return failure;
-}
-
-/// The operations without all that the failure does not need.
-QVector<Operation> shortest(QVector<Operation> operations)
-{
-    for (int length = operations.size() / 2; length > 0;) {
-        bool shorter = false;
-        for (int start = 0; start < operations.size();) {
-            QVector<Operation> without = operations;
-            without.remove(start, std::min(length, operations.size() - start));
-            const Failure failure = runSession(without);
-            if (failure.text.isEmpty()) {
-                start += length;
-                continue;
-            }
-            operations = without.mid(0, failure.step + 1);
-            shorter = true;
-        }
-        if (length > 1 || !shorter)
-            length /= 2;
+    std::vector<int> weights;
+    for (const RandomSession::Verb &verb : RandomSession::verbs())
+        weights.push_back(verb.weight);
+    std::mt19937 random(seed);
+    std::discrete_distribution<int> verbs(weights.begin(), weights.end());
+    std::uniform_int_distribution<unsigned> numbers(0, 999);
+    QVector<Operation> operations;
+    for (int i = 0; i < count; ++i) {
+        Operation operation{ verbs(random), 0, 0, 0 };
+        for (unsigned *number : { &operation.a, &operation.b, &operation.c })
+            *number = numbers(random);
+        operations.append(operation);
     }
     return operations;
 }
 
-QString report(unsigned seed, const QVector<Operation> &operations, const Failure &failure)
+/// What went wrong, or nothing. The operations are cut after the one that showed it.
+QString runSession(QVector<Operation> &operations)
 {
-    // First of all, since the search for the shortest list takes its time.
-    qWarning("seed %u, step %d: %s", seed, failure.step, qPrintable(failure.text));
-    const QVector<Operation> few = shortest(operations.mid(0, failure.step + 1));
-    QString text = QStringLiteral("shortest list:\n");
-    for (const Operation &operation : few)
-        text += operation.text() + QLatin1Char('\n');
-    return text + QStringLiteral("which ends with ") + runSession(few).text;
+    const QtMessageHandler previous = qInstallMessageHandler(onMessage);
+    unexpectedWarning.clear();
+    QString wrong;
+    {
+        RandomSession session;
+        for (int i = 0; i < operations.size() && wrong.isEmpty(); ++i) {
+            wrong = session.run(operations.at(i)) + unexpectedWarning;
+            if (!wrong.isEmpty())
+                operations.resize(i + 1);
+        }
+        if (wrong.isEmpty())
+            wrong = session.backAndForth() + unexpectedWarning;
+    }
+    qInstallMessageHandler(previous);
+    return wrong;
 }
 
-unsigned firstSeed = 1;
-int steps = 600;
-int sessionCount = 12;
-int seconds = 0;
+/// The operations without all that the fault does not need, as text.
+QString shortest(QVector<Operation> operations)
+{
+    for (int length = operations.size() / 2; length > 0; length /= 2) {
+        for (int start = 0; start < operations.size();) {
+            QVector<Operation> fewer = operations;
+            fewer.remove(start, qMin(length, operations.size() - start));
+            if (runSession(fewer).isEmpty())
+                start += length;
+            else
+                operations = fewer;
+        }
+    }
+    QString text;
+    for (const Operation &op : qAsConst(operations)) {
+        const char *verb = RandomSession::verbs()[static_cast<std::size_t>(op.verb)].name;
+        text += QStringLiteral("%1 %2 %3 %4\n").arg(QLatin1String(verb)).arg(op.a).arg(op.b).arg(op.c);
+    }
+    return text + QStringLiteral("which ends with ") + runSession(operations);
+}
 } // namespace
 
 class RandomSessionTest : public QObject
@@ -93,42 +92,22 @@ private Q_SLOTS:
 
 void RandomSessionTest::sessions()
 {
+    const bool oneSeed = qEnvironmentVariableIsSet("SESSION_SEED");
+    const qint64 milliseconds = qEnvironmentVariableIntValue("SESSION_SECONDS") * 1000LL;
+    const int steps = qEnvironmentVariableIsSet("SESSION_STEPS") ? qEnvironmentVariableIntValue("SESSION_STEPS") : 600;
+    const int count = oneSeed ? 1 : 12;
     QElapsedTimer running;
     running.start();
-    int sessions = 0;
-    while (seconds > 0 ? running.elapsed() < seconds * 1000LL : sessions < sessionCount) {
-        const unsigned seed = firstSeed + static_cast<unsigned>(sessions++);
-        const QVector<Operation> operations = randomOperations(seed, steps);
-        const Failure failure = runSession(operations);
+    for (int i = 0; i < count || running.elapsed() < milliseconds; ++i) {
+        const unsigned seed = static_cast<unsigned>(oneSeed ? qEnvironmentVariableIntValue("SESSION_SEED") : i + 1);
+        QVector<Operation> operations = randomOperations(seed, steps);
+        const QString wrong = runSession(operations);
         // Longer than a message of Qt Test may be.
-        if (!failure.text.isEmpty())
-            qWarning("%s", qPrintable(report(seed, operations, failure)));
-        QVERIFY2(failure.text.isEmpty(), "the program differs from the reference");
+        if (!wrong.isEmpty())
+            qWarning("seed %u: %s\n%s", seed, qPrintable(wrong), qPrintable(shortest(operations)));
+        QVERIFY2(wrong.isEmpty(), "the document or its history went wrong");
     }
-    qInfo("%d sessions of %d operations", sessions, steps);
 }
 
-int main(int argc, char **argv)
-{
-    const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    parser.addOptions({ { QStringLiteral("seed"), QStringLiteral("Seed of the first session."), QStringLiteral("N") },
-                        { QStringLiteral("steps"), QStringLiteral("Operations of a session."), QStringLiteral("N") },
-                        { QStringLiteral("seconds"), QStringLiteral("How long to go on."), QStringLiteral("N") } });
-    parser.addHelpOption();
-    parser.process(application);
-    if (parser.isSet(QStringLiteral("seed"))) {
-        firstSeed = parser.value(QStringLiteral("seed")).toUInt();
-        sessionCount = 1;
-    }
-    if (parser.isSet(QStringLiteral("steps")))
-        steps = parser.value(QStringLiteral("steps")).toInt();
-    if (parser.isSet(QStringLiteral("seconds")))
-        seconds = parser.value(QStringLiteral("seconds")).toInt();
-    // A difference is searched for its cause, which takes longer than Qt Test allows a function.
-    qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(24 * 60 * 60 * 1000));
-    RandomSessionTest test;
-    return QTest::qExec(&test, { application.arguments().first() });
-}
-
+QTEST_MAIN(RandomSessionTest)
 #include "tst_RandomSession.moc"

@@ -1,4 +1,4 @@
-#include "EditingSession.h"
+#include "support/EditingSession.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialItemListModel.h"
 

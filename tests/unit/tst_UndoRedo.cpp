@@ -1,113 +1,224 @@
-#include "EditingSession.h"
-#include "UndoRedo/AddFolderCommand.h"
-#include "UndoRedo/CreateItemCommand.h"
+#include "support/EditingSession.h"
 
 #include <QtTest>
+#include <QUndoStack>
 
-/// The history's transactions, its limit and the saved state.
-class UndoRedoTest : public QObject
+/// The history and its commands, by short scripts on a document (see EditingSession).
+///
+/// An edit is "1.x=5", "rename:1=a", "item:3" and "folder:3" (with that target, "3@7" for the id 7),
+/// "delete:1,2", "before:1,2>5" or "into:1,2>5". "begin:a" and "end" make a sequence, "single:a" and
+/// "done" a single; "step" is a rename in a sequence of its own. All else is named like what it
+/// calls; "*3" repeats a word.
+class tst_UndoRedo : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void singleInsideASequence();
-    void savedState_data();
-    void savedState();
-    void unredoable();
+    void script_data();
+    void script();
     void temporaryFolders();
 
 private:
-    void step() { UndoRedo::renameItemCommand(1, QStringLiteral("n%1").arg(++mCount), QString(), QVariantMap()); }
-    UndoRedo &history() { return mSession->history(); }
-    QString name() { return mSession->record(1)->mName; }
+    void run(const QString &word);
+    QString state();
+    QString document();
 
     std::unique_ptr<EditingSession> mSession;
-    int mCount = 0;
+    int mNames = 0;
 };
 
-void UndoRedoTest::init()
+void tst_UndoRedo::init()
 {
-    mCount = 0;
+    mNames = 0;
     mSession.reset(); // there is but one history at a time
     mSession = std::make_unique<EditingSession>();
-    mSession->load(QStringLiteral("1 2"));
 }
 
-void UndoRedoTest::singleInsideASequence()
+void tst_UndoRedo::script_data()
 {
-    history().beginSequence(QStringLiteral("outer"));
-    history().beginSingle(QStringLiteral("inner"));
-    mSession->record(1)->setX(1);
-    history().endSingle();
-    QVERIFY(history().inTransaction());
-    QVERIFY(!history().canUndo());
-    mSession->record(1)->setY(2);
-    history().endSequence();
-    history().endSequence(); // of nothing
-    history().undo();
-    QCOMPARE(mSession->record(1)->mX, TutorialItemData::kNoPosition);
-    QCOMPARE(mSession->record(1)->mY, TutorialItemData::kNoPosition);
-    QVERIFY(!history().canUndo());
-}
-
-void UndoRedoTest::savedState_data()
-{
-    QTest::addColumn<bool>("modified");
-    // s: a step in a sequence, u: undo, r: redo, S: save, c: clear, e: an empty sequence, x: commands
-    // that find nothing to do.
-    for (const char *script : { "su", "sSur", "sSe", "sSusc", "ssssssssssSsu", "ssssssssssuuuuuuuuuu", "x",
-                                "sssssssssseuuuuuuuuuu", "ssssssssssxuuuuuuuuuu" })
-        QTest::newRow(script) << false;
-    for (const char *script : { "s", "sSu", "ssSus", "ssSusu", "sSueu", "sssssssssssuuuuuuuuuu" })
-        QTest::newRow(script) << true;
-}
-
-void UndoRedoTest::savedState()
-{
-    QFETCH(bool, modified);
-    const QHash<char, std::function<void()>> actions = {
-        { 's', [this] { mSession->sequence(QStringLiteral("step"), [this] { step(); }); } },
-        { 'x',
-          [] {
-              UndoRedo::renameItemCommand(99, QStringLiteral("n"), QString(), QVariantMap());
-              UndoRedo::moveItemsCommand({ 99 }, true, 1, QString(), QVariantMap());
-              UndoRedo::moveItemsCommand({ 1 }, true, 99, QString(), QVariantMap());
-              UndoRedo::deleteItemsCommand({ 99 }, QString(), QVariantMap());
-              QVERIFY(UndoRedo::createItemCommand(99, -1, QString(), QString(), QVariantMap())->newId() < 0);
-              QVERIFY(UndoRedo::addFolderCommand(99, -1, QString(), QVariantMap())->newId() < 0);
-              UndoRedo::insertItemCommand(99, -1, 98, false, new TutorialItemData, QString(), QVariantMap());
-          } },
-        { 'e', [this] { mSession->sequence(QStringLiteral("empty"), [] {}); } },
-        { 'u', [this] { history().undo(); } },
-        { 'r', [this] { history().redo(); } },
-        { 'S', [this] { history().markClean(); } },
-        { 'c', [this] { history().clear(); } },
+    QTest::addColumn<QString>("tree");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("warning");
+    // What comes of it is the tree and all fields that are not as they were loaded; the steps done
+    // and held; and what the history says of itself.
+    const auto row = [](const char *tree, const char *script, const char *expected, const char *warning = "") {
+        QTest::newRow(script) << QString::fromLatin1(tree) << QString::fromLatin1(expected)
+                              << QString::fromLatin1(warning);
     };
-    for (const char *c = QTest::currentDataTag(); *c; ++c)
-        actions.value (*c)();
-    QCOMPARE(mSession->context().mModified, modified);
+    // The commands of the tree. Only a step back or forth is told to the screens.
+    row("1 2[3 4] 6", "item:3", "1 2[3 5 4] 6 5.name=new 1/1 undo modified");
+    row("1 2[3 4] 6", "item:3 undo", "1 2[3 4] 6 0/1 redo told");
+    row("1 2[3 4] 6", "item:3 undo redo", "1 2[3 5 4] 6 5.name=new 1/1 undo modified told");
+    row("2[3] 4", "folder:2 folder:-1", "2[3 1[]] 4 5[] 1.name=folder1 5.name=folder2 2/2 undo modified");
+    row("1 2", "folder:1@7 undo redo", "1 7[] 2 7.name=folder1 1/1 undo modified told");
+    row("1 2[3 4[5] 6] 7", "delete:3,2", "1 7 1/1 undo modified");
+    row("1 2 3 4", "delete:2,4 item:3 undo*2", "1 2 3 4 0/2 redo told");
+    row("1 2[3] 4", "1.jump=3 4.jumpNo=2 delete:2", "1 4 1/1 undo modified");
+    row("1 2[3] 4", "1.jump=3 4.jumpNo=2 begin:a delete:2 end undo", "1 2[3] 4 1.jump=3 4.jumpNo=2 0/1 redo told");
+    row("1 2 3 4", "before:4,3>1", "4 3 1 2 1/1 undo modified");
+    row("1 2 3 4", "before:1,2,1>4", "3 2 1 4 1/1 undo modified");
+    row("1[2 3 4]", "into:2>1", "1[3 4 2] 1/1 undo modified");
+    row("1[2 3[4]] 5", "before:1,3,4>5", "1[2] 3[] 4 5 1/1 undo modified");
+    for (const char *script : { "into:5>9", "before:5>-1", "before:5>5", "into:1>3", "before:9>5" })
+        row("1[2 3[4]] 5 6", script, "1[2 3[4]] 5 6 0/0", "parent of .* not found");
+    row("1", "rename:9=a", "1 0/0", "not found");
+    row("1", "item:9", "1 0/0", "target not found");
+    row("1", "folder:9", "1 0/0", "target not found");
+    row("1", "insert:9", "1 0/0", "target not found");
+    row("1", "delete:9", "1 0/0");
+
+    // Sequences.
+    row("1", "begin:a single:b 1.x=1 done", "1 1.x=1 0/1 open");
+    row("1", "begin:a single:b 1.x=1 done 1.y=2 end*2 undo", "1 0/1 redo told");
+    row("1", "begin:a begin:b 1.x=1 end", "1 1.x=1 0/1 open");
+    row("1", "begin:a 1.x=5*2 end single:b 1.x=5 done", "1 1.x=5 1/1 undo modified");
+    row("1", "begin:a 1.x=5 rename:1=a 1.x=6 end undo redo", "1 1.x=6 1.name=a 1/1 undo modified told");
+    row("1", "begin:a 1.x=5 end begin:a 1.x=6 end undo", "1 1.x=5 1/2 undo redo modified told");
+    row("1", "1.x=5 begin:a 1.x=6 end undo", "1 1.x=5 0/1 redo told");
+    row("1", "step*2 begin:a end", "1 1.name=n2 2/2 undo modified");
+    row("1", "step*2 undo begin:a end", "1 1.name=n1 1/2 undo modified");
+    row("1", "step begin:a begin:b end*2 single:a done", "1 1.name=n1 1/1 undo modified");
+
+    // Singles.
+    row("1", "single:a 1.x=5 done single:a 1.x=6 1.y=7 done", "1 1.x=6 1.y=7 1/1 undo modified");
+    row("1", "single:a 1.x=5 done single:a 1.x=6 1.y=7 1.x=8 done undo", "1 0/1 redo told");
+    row("1 2", "single:a 1.x=5 2.x=6 done undo redo", "1 2 1.x=5 2.x=6 1/1 undo modified told");
+    row("1", "single:a 1.x=5 done single:b 1.x=6 done", "1 1.x=6 2/2 undo modified");
+    row("1", "single:a 1.x=5 rename:1=a 1.x=6 done", "1 1.x=6 1.name=a 3/3 undo modified");
+    row("1", "single:a 1.x=5 done setUnmergeable single:a 1.x=6 done single:a 1.x=7 done", "1 1.x=7 2/2 undo modified");
+    row("1", "begin:a 1.x=5 rename:1=a 1.y=6 end single:a 1.x=7 done undo", "1 0/1 redo told");
+    row("1", "single:a 1.x=5 done single:b 1.x=6 done undo single:b 1.y=7 done", "1 1.x=5 1.y=7 2/2 undo modified");
+    // Measured from begin to begin. What is merged into the saved state is not saved.
+    row("1", "single:a 1.x=1 done save wait:300 single:a 1.x=2 done wait:1000 single:a 1.x=3 done undo",
+        "1 1.x=2 1/2 undo redo modified told");
+
+    // The limit, the saved state and the end of what can be done again.
+    row("1", "step*11 undo*11", "1 1.name=n1 0/10 redo modified");
+    row("1", "step*10 begin:a end rename:9=a undo*10", "1 0/10 redo told", "not found");
+    row("1", "step save undo", "1 0/1 redo modified told");
+    row("1", "step save undo redo", "1 1.name=n1 1/1 undo told");
+    row("1", "step save undo step", "1 1.name=n2 1/1 undo modified");
+    row("1", "step save begin:a end", "1 1.name=n1 1/1 undo");
+    row("1", "step save undo begin:a end undo", "1 0/1 modified");
+    row("1", "step*2 save undo step undo", "1 1.name=n1 1/2 undo redo modified told");
+    row("1", "step*10 save step undo", "1 1.name=n10 9/10 undo redo told");
+    row("1", "step save undo step clear", "1 1.name=n2 0/0");
+    row("1", "begin:a step clear", "1 1.name=n1 0/0");
+    row("1", "step*2 undoAndMakeUnredoable redo", "1 1.name=n1 1/2 undo modified");
+    row("1", "step*2 undoAndMakeUnredoable step undo", "1 1.name=n1 1/2 undo redo modified told");
 }
 
-void UndoRedoTest::unredoable()
+void tst_UndoRedo::script()
 {
-    step();
-    step();
-    history().undoAndMakeUnredoable();
-    QCOMPARE(name(), QStringLiteral("n1"));
-    QVERIFY(!history().canRedo());
-    history().redo();
-    QCOMPARE(name(), QStringLiteral("n1"));
-    step();
-    history().undo();
-    QVERIFY(history().canRedo());
+    QFETCH(QString, tree);
+    QFETCH(QString, expected);
+    QFETCH(QString, warning);
+    mSession->load(tree);
+    const QList<TutorialItemData *> records = mSession->data().mDataList;
+    if (!warning.isEmpty())
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
+    for (const QString &word : QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' '))) {
+        for (int count = qMax(1, word.section(QLatin1Char('*'), 1).toInt()); count > 0; --count)
+            run(word.section(QLatin1Char('*'), 0, 0));
+    }
+    QCOMPARE(state(), expected);
+
+    // As far back as it goes, with the same records, and forth again.
+    const QString after = document();
+    int steps = 0;
+    for (; mSession->history().canUndo(); ++steps)
+        mSession->history().undo();
+    QCOMPARE(mSession->data().mDataList, records);
+    for (; steps > 0; --steps)
+        mSession->history().redo();
+    QCOMPARE(document(), after);
 }
 
-void UndoRedoTest::temporaryFolders()
+void tst_UndoRedo::run(const QString &word)
 {
-    const QDir former(history().createTemporaryDir());
+    UndoRedo &history = mSession->history();
+    const QString verb = word.section(QLatin1Char(':'), 0, 0);
+    const QString object = word.section(QLatin1Char(':'), 1);
+    const auto part = [&object](char separator, int index) {
+        return object.section(QLatin1Char(separator), index, index);
+    };
+    const QList<int> ids = DataSupport::getIntList(part('>', 0).split(QLatin1Char(',')));
+    const int target = part('>', 1).toInt();
+    const QString jump = QStringLiteral("jump");
+    const QVariantMap none;
+    const QHash<QString, std::function<void()>> verbs = {
+        { QStringLiteral("rename"),
+          [&] { UndoRedo::renameItemCommand(part('=', 0).toInt(), part('=', 1), jump, none); } },
+        { QStringLiteral("item"),
+          [&] { UndoRedo::createItemCommand(object.toInt(), -1, QStringLiteral("new"), jump, none); } },
+        { QStringLiteral("folder"),
+          [&] {
+              const QVariantMap newId{ { QStringLiteral("newId"), part('@', 1).toInt() } };
+              UndoRedo::addFolderCommand(part('@', 0).toInt(), -1, jump, part('@', 1).isEmpty() ? none : newId);
+          } },
+        { QStringLiteral("insert"),
+          [&] { UndoRedo::insertItemCommand(object.toInt(), -1, 98, false, new TutorialItemData, jump, none); } },
+        { QStringLiteral("delete"), [&] { UndoRedo::deleteItemsCommand(ids, jump, none); } },
+        { QStringLiteral("before"), [&] { UndoRedo::moveItemsCommand(ids, true, target, jump, none); } },
+        { QStringLiteral("into"), [&] { UndoRedo::moveItemsCommand(ids, false, target, jump, none); } },
+        { QStringLiteral("begin"), [&] { history.beginSequence(object); } },
+        { QStringLiteral("end"), [&] { history.endSequence(); } },
+        { QStringLiteral("single"), [&] { history.beginSingle(object); } },
+        { QStringLiteral("done"), [&] { history.endSingle(); } },
+        { QStringLiteral("step"),
+          [&] { mSession->sequence(object, [this] { run(QStringLiteral("rename:1=n%1").arg(++mNames)); }); } },
+        { QStringLiteral("save"), [&] { history.markClean(); } },
+        { QStringLiteral("wait"), [&] { QTest::qWait(object.toInt()); } },
+    };
+    mSession->context().takeJumpLink();
+    if (const auto action = verbs.value(verb))
+        action();
+    else if (!verb.contains(QLatin1Char('=')))
+        QVERIFY2(QMetaObject::invokeMethod(&history, verb.toLatin1().constData()), qPrintable(verb));
+    else // "1.x=5"
+        mSession->record(verb.section(QLatin1Char('.'), 0, 0).toInt())
+            ->setValue(verb.section(QLatin1Char('.'), 1).section(QLatin1Char('='), 0, 0),
+                       verb.section(QLatin1Char('='), 1).toInt());
+}
+
+/// The tree and all fields that are not as they were loaded.
+QString tst_UndoRedo::document()
+{
+    QStringList parts{ mSession->shape() };
+    for (const TutorialItemData *record : qAsConst(mSession->data().mDataList)) {
+        const TutorialItemData fresh;
+        for (const char *name : { "x", "y", "jump", "jumpNo" }) {
+            const QVariant value = record->getValue(QLatin1String(name));
+            if (value != fresh.getValue(QLatin1String(name)))
+                parts.append(QStringLiteral("%1.%2=%3").arg(record->mId).arg(QLatin1String(name)).arg(value.toInt()));
+        }
+        if (record->mName != QStringLiteral("name%1").arg(record->mId))
+            parts.append(QStringLiteral("%1.name=%2").arg(record->mId).arg(record->mName));
+    }
+    return parts.join(QLatin1Char(' ')) + mSession->fault();
+}
+
+QString tst_UndoRedo::state()
+{
+    UndoRedo &history = mSession->history();
+    const auto *stack = history.findChild<QUndoStack *>();
+    QString text = QStringLiteral("%1 %2/%3").arg(document()).arg(stack->index()).arg(stack->count());
+    const QPair<const char *, bool> flags[] = { { " undo", history.canUndo() },
+                                                { " redo", history.canRedo() },
+                                                { " open", history.inTransaction() },
+                                                { " modified", mSession->context().mModified },
+                                                { " told", !mSession->context().takeJumpLink().isEmpty() } };
+    for (const auto &flag : flags)
+        text += flag.second ? QLatin1String(flag.first) : QLatin1String();
+    return text;
+}
+
+void tst_UndoRedo::temporaryFolders()
+{
+    const QDir former(UndoRedo::instance()->createTemporaryDir());
     QVERIFY(former.exists());
-    history().removeTemporaryDir();
+    UndoRedo::instance()->removeTemporaryDir();
     QVERIFY(!former.exists());
 
     // Without a place for temporary folders none is made elsewhere.
@@ -116,15 +227,14 @@ void UndoRedoTest::temporaryFolders()
     const QByteArray place = qgetenv("TMPDIR");
     QVERIFY(QDir::setCurrent(current.path()));
     qputenv("TMPDIR", "/dev/null"); // no folder at all
-    mSession.reset();
-    mSession = std::make_unique<EditingSession>();
-    QVERIFY(!history().isTemporaryDirAvailable());
+    init();
+    QVERIFY(!UndoRedo::instance()->isTemporaryDirAvailable());
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to mkdir")));
-    QCOMPARE(history().createTemporaryDir(), QString());
+    QCOMPARE(UndoRedo::instance()->createTemporaryDir(), QString());
     QVERIFY(QDir().isEmpty());
     place.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", place);
     QDir::setCurrent(working);
 }
 
-QTEST_MAIN(UndoRedoTest)
+QTEST_MAIN(tst_UndoRedo)
 #include "tst_UndoRedo.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FakeDocumentContext.h"
+#include "support/DocumentFakes.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
@@ -20,10 +20,10 @@ public:
 
     TreeDataTemplate<TutorialItemData> &data() { return mManager->mData; }
     UndoRedo &history() { return *mHistory; }
-    FakeDocumentContext &context() { return mContext; }
+    FakeContext &context() { return mContext; }
     TutorialItemData *record(int id) { return data().getData(id); }
 
-    /// Replaces the document; names are "name" with the id behind it.
+    /// Replaces the document; names are "name" and the id.
     void load(const QString &text)
     {
         mManager->clear();
@@ -37,12 +37,34 @@ public:
     /// The ids of the records, in the order of their list.
     QList<int> recordIds() { return data().getIdList(); }
 
-    QString sequence(const QString &name, const std::function<void()> &edit)
+    void sequence(const QString &name, const std::function<void()> &edit)
     {
         mHistory->beginSequence(name);
         edit();
         mHistory->endSequence();
-        return shape();
+    }
+
+    /// Empty if each item has one record, one place and a name of its own, and is found there.
+    QString fault()
+    {
+        QHash<int, QPair<int, int>> places;
+        int count = 0;
+        data().mRoot.visitAll([&](const Item &item) {
+            for (int i = 0; i < item.mChildren.size(); ++i, ++count)
+                places.insert(item.mChildren.at(i).mId, { item.mFolder ? item.mId : 0, i });
+        });
+        QSet<QString> names;
+        for (const int id : recordIds()) {
+            int index = -1;
+            const Item *parent = data().getParentItem(id, index);
+            const Item *item = data().findItem(id);
+            if (!item || item->mId != id || !parent || places.value(id) != qMakePair(parent->mId, index))
+                return QStringLiteral("the place of item %1").arg(id);
+            if (data().getDataIndex(id) != names.size() || names.contains(record(id)->mName))
+                return QStringLiteral("the record or the name of item %1").arg(id);
+            names.insert(record(id)->mName);
+        }
+        return names.size() == count && places.size() == count ? QString() : QStringLiteral("the count of the items");
     }
 
 private:
@@ -81,7 +103,7 @@ private:
         return texts.join(QLatin1Char(' '));
     }
 
-    FakeDocumentContext mContext;
+    FakeContext mContext;
     std::unique_ptr<TutorialEditor::Manager> mManager;
     // Goes first: its commands may own records.
     std::unique_ptr<UndoRedo> mHistory;

@@ -1,0 +1,375 @@
+#pragma once
+
+#include "quick/DocumentFollower.h"
+#include "quick/TreeListItemSelectionModel.h"
+#include "support/EditingSession.h"
+#include "support/ModelRows.h"
+#include "tool/IdSet.h"
+#include "Tutorial/ItemClipboard.h"
+
+#include <QAbstractItemModelTester>
+#include <QUndoStack>
+
+/// One operation of a random session. What its numbers stand for depends on the document when it
+/// runs, so that a list stays a list when operations are left out.
+struct Operation
+{
+    int verb;
+    unsigned a;
+    unsigned b;
+    unsigned c;
+};
+
+/// Runs operations on the document and its history, and keeps a picture of the whole document for
+/// each state that the history can go to. After each operation the document is what its picture
+/// shows and hangs together, and so do the rows of the screen.
+class RandomSession
+{
+public:
+    enum Form {
+        Steering, // no edit
+        Values, // makes commands only for what it changes, and only in a transaction
+        Command, // makes one command, also one that changes nothing
+        Commands // makes many, and comes in a sequence
+    };
+
+    struct Verb
+    {
+        const char *name;
+        int weight;
+        Form form;
+        std::function<void(RandomSession &, const Operation &)> run;
+    };
+
+    static const std::vector<Verb> &verbs();
+
+    RandomSession()
+    {
+        mFollower.setHistory(&history());
+        mFollower.setModel(&mModel);
+        forgetHistory();
+    }
+
+    /// Runs one operation. The result is empty, or tells what is wrong.
+    QString run(const Operation &op)
+    {
+        const Verb &verb = verbs()[static_cast<std::size_t>(op.verb)];
+        if (verb.form == Steering)
+            verb.run(*this, op);
+        else
+            edit(data().mDataList.size() > kMaxItems ? verbs().front() : verb, op);
+        return turnAndCheck(verb.form != Steering && op.c % 4 == 0);
+    }
+
+    /// Closes what is open, goes back as far as the history reaches, and forth again.
+    QString backAndForth()
+    {
+        while (mDepth > 0)
+            endSequence();
+        while (mIndex > 0 && mWrong.isEmpty()) {
+            undo();
+            turnAndCheck(false);
+        }
+        while (mIndex + 1 < mStates.size() && mWrong.isEmpty()) {
+            redo();
+            turnAndCheck(false);
+        }
+        return mWrong;
+    }
+
+private:
+    using Item = EditingSession::Item;
+    static constexpr int kLimit = 10;
+    static constexpr int kMaxItems = 50;
+
+    /// The document after so many steps of the history.
+    struct State
+    {
+        QByteArray document;
+        bool saved;
+    };
+
+    UndoRedo &history() { return mSession.history(); }
+    TreeDataTemplate<TutorialItemData> &data() { return mSession.data(); }
+
+    void expect(bool holds, const char *what)
+    {
+        if (!holds && mWrong.isEmpty())
+            mWrong = QLatin1String(what);
+    }
+
+    QByteArray picture()
+    {
+        QByteArray bytes;
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        for (const TutorialItemData *r : qAsConst(data().mDataList)) {
+            out << r->mId << r->mName << r->mX << r->mY << r->mWindowKey << r->mCondition << r->mIcon << r->mHint
+                << r->mHint2 << r->mJump << r->mJumpNo << r->mCommand << r->mShowArrow << r->mProhibited;
+        }
+        data().mRoot.visitAll([&out](const Item &item) { out << item.mId << item.mFolder << item.mChildren.size(); });
+        return bytes;
+    }
+
+    void forgetHistory()
+    {
+        mDocument = picture();
+        mStates = { { mDocument, true } };
+        mIndex = mDepth = 0;
+        mInTransaction = false;
+        mFollower.schedule();
+    }
+
+    void begin(bool sequence, unsigned number)
+    {
+        const QString name = QLatin1String(number % 2 ? "a" : "b");
+        sequence ? history().beginSequence(name) : history().beginSingle(name);
+        mInTransaction = true;
+        if (sequence && mDepth++ == 0) {
+            mStates = mStates.mid(0, mIndex + 1);
+            mCommands = false;
+        }
+    }
+
+    void endSequence()
+    {
+        history().endSequence();
+        if (mDepth == 1)
+            noteStep(mCommands, false);
+        mDepth = qMax(mDepth - 1, 0);
+        mInTransaction = mDepth > 0;
+    }
+
+    void endSingle()
+    {
+        history().endSingle();
+        mInTransaction = mDepth > 0;
+    }
+
+    void undo()
+    {
+        history().undo();
+        move(mIndex - 1);
+    }
+
+    void redo()
+    {
+        history().redo();
+        move(mIndex + 1);
+    }
+
+    void move(int index)
+    {
+        if (mDepth > 0 || index < 0 || index >= mStates.size())
+            return;
+        mIndex = index;
+        mDocument = mStates.at(index).document;
+    }
+
+    void save()
+    {
+        if (mDepth > 0)
+            return;
+        history().markClean();
+        for (State &state : mStates)
+            state.saved = &state == &mStates[mIndex];
+    }
+
+    const QUndoCommand *lastStep() const { return mStack->command(mStack->index() - 1); }
+
+    /// An edit outside a transaction gets one of its own, if it needs one.
+    void edit(const Verb &verb, const Operation &op)
+    {
+        const bool outside =
+            !mInTransaction && op.c % 5 == 0 && (verb.form == Command || (mStates.size() == 1 && verb.form == Values));
+        const bool open = mDepth > 0 || outside || (mInTransaction && verb.form != Commands);
+        const bool sequence = op.c % 5 > 2 || verb.form == Commands;
+        if (!open)
+            begin(sequence, op.c);
+        verb.run(*this, op);
+        const bool changed = picture() != mDocument;
+        mDocument = picture();
+        mCommands = mCommands || changed || verb.form == Command;
+        if (mDepth == 0)
+            noteStep(changed || verb.form == Command, verb.form == Values);
+        if (!open)
+            sequence ? endSequence() : endSingle();
+    }
+
+    /// The history may have one more step, or the last one has taken in an edit.
+    void noteStep(bool mayBeStep, bool mayBeTakenIn)
+    {
+        const bool step = lastStep() != mLastStep;
+        const bool changed = mDocument != mStates.at(mIndex).document;
+        expect(step ? mayBeStep : mayBeTakenIn || !changed, step ? "a step without an edit" : "an edit without a step");
+        if (step) {
+            expect(mStack->index() == qMin(mIndex + 1, kLimit), "several steps of one edit");
+            mStates = mStates.mid(0, mIndex + 1) << State{ mDocument, false };
+            mStates = mStates.mid(qMax(0, mStates.size() - kLimit - 1));
+            mIndex = mStates.size() - 1;
+        } else if (changed && mInTransaction) {
+            expect(mIndex > 0 && mIndex + 1 == mStates.size(), "an edit taken in by no last step");
+            mStates[mIndex] = { mDocument, false };
+        } else if (changed) {
+            mStates[0].document = mDocument;
+            mFollower.schedule();
+        }
+    }
+
+    /// An id of the document, or -1 for the root.
+    int target(unsigned number)
+    {
+        const int index = static_cast<int>(number % static_cast<unsigned>(data().mDataList.size() + 1));
+        return index == data().mDataList.size() ? -1 : data().mDataList.at(index)->mId;
+    }
+
+    QList<int> targets(const QList<unsigned> &numbers)
+    {
+        QList<int> ids;
+        for (const unsigned number : numbers)
+            ids.append(target(number));
+        ids.removeAll(-1);
+        return ids;
+    }
+
+    void rename(int id, unsigned to)
+    {
+        static const char *const names[] = { "a", "a1", "a(2)", "item001", "folder1", "item007", "a(1)(1)", "12" };
+        if (id < 0)
+            return;
+        mModel.refreshPartial();
+        const QString name = mModel.getValidName(QLatin1String(names[to % 8]));
+        mModel.changeItemName(mModel.getModelIndexById(id), name);
+    }
+
+    void moveItems(bool before, const QList<int> &ids, int id)
+    {
+        mModel.refreshPartial();
+        const QModelIndex index = mModel.getModelIndexById(id);
+        if (before)
+            mModel.moveIdListBeforeIndex(index, ids);
+        else if (data().findItem(id)->mFolder)
+            mModel.moveIdListIntoIndex(index, ids);
+    }
+
+    void setProperty(int id, unsigned which, unsigned number)
+    {
+        static const char *const properties[] = { "x",    "y",    "windowKey", "condition", "hint",     "hint2",
+                                                  "icon", "jump", "jumpNo",    "command",   "showArrow" };
+        static const char *const texts[] = { "", "a", "\"%1\"\n" };
+        if (id < 0)
+            return;
+        const QString property = QLatin1String(properties[which % 11]);
+        QVariant value = mModel.getValue(id, property);
+        if (value.type() == QVariant::String)
+            value = QLatin1String(texts[number % 3]);
+        else if (value.type() == QVariant::Bool)
+            value = number % 2 == 0;
+        else
+            value = target(number);
+        mModel.refreshPartial();
+        mModel.setValue(id, property, value);
+    }
+
+    void select(const QList<int> &ids)
+    {
+        mModel.refreshPartial();
+        mSelection.setSelectedIdList(ids);
+        expect(idSet(DataSupport::getIntList(mSelection.getSelectedIdList())) == idSet(ids), "the selection");
+    }
+
+    QString turnAndCheck(bool rowsLag);
+
+    EditingSession mSession;
+    QUndoStack *mStack = history().findChild<QUndoStack *>();
+    TutorialItemListModel mModel;
+    QAbstractItemModelTester mTester{ &mModel, QAbstractItemModelTester::FailureReportingMode::Warning };
+    TreeListItemSelectionModel mSelection{ &mModel };
+    DocumentFollower mFollower;
+    QVector<State> mStates;
+    int mIndex = 0;
+    int mDepth = 0;
+    bool mInTransaction = false;
+    // Whether the open sequence may hold a command.
+    bool mCommands = false;
+    const QUndoCommand *mLastStep = nullptr;
+    QByteArray mDocument;
+    QString mPayload;
+    QString mWrong;
+};
+
+inline const std::vector<RandomSession::Verb> &RandomSession::verbs()
+{
+    using S = RandomSession;
+    using O = Operation;
+    // What comes first keeps the document from growing for ever.
+    static const std::vector<Verb> verbs = {
+        { "delete", 8, Commands,
+          [](S &s, const O &op) {
+              s.mModel.deleteIdList(s.targets({ op.a, op.b, op.c }));
+          } },
+        { "addItem", 14, Command, [](S &s, const O &op) { s.mModel.addItem(s.target(op.a)); } },
+        { "addFolder", 6, Command, [](S &s, const O &op) { s.mModel.addFolder(s.target(op.a)); } },
+        { "rename", 6, Command, [](S &s, const O &op) { s.rename(s.target(op.a), op.b); } },
+        { "moveBefore", 8, Command,
+          [](S &s, const O &op) {
+              s.moveItems(true, s.targets({ op.a, op.b, op.a * op.b }), s.target(op.c));
+          } },
+        { "moveInto", 8, Command,
+          [](S &s, const O &op) {
+              s.moveItems(false, s.targets({ op.a, op.b, op.a * op.b }), s.target(op.c));
+          } },
+        { "setProperty", 16, Values, [](S &s, const O &op) { s.setProperty(s.target(op.a), op.b, op.c); } },
+        { "setProhibited", 4, Values,
+          [](S &s, const O &op) {
+              s.mModel.refreshPartial();
+              s.mModel.setValue(s.target(op.a), QStringLiteral("prohibited"), op.b % 2 == 0);
+          } },
+        { "copy", 4, Steering,
+          [](S &s, const O &op) {
+              ItemClipboard::makePayload(s.targets({ op.a, op.b }), s.mPayload);
+          } },
+        { "paste", 6, Commands,
+          [](S &s, const O &) { ItemClipboard::insertPayload(s.mPayload, ItemClipboard::SecondHints::Copied); } },
+        { "select", 3, Steering,
+          [](S &s, const O &op) {
+              s.select(s.targets({ op.a, op.b, op.c }));
+          } },
+        { "beginSequence", 6, Steering, [](S &s, const O &op) { s.begin(true, op.a); } },
+        { "endSequence", 8, Steering, [](S &s, const O &) { s.endSequence(); } },
+        { "beginSingle", 6, Steering, [](S &s, const O &op) { s.begin(false, op.a); } },
+        { "endSingle", 8, Steering, [](S &s, const O &) { s.endSingle(); } },
+        { "setUnmergeable", 2, Steering, [](S &s, const O &) { s.history().setUnmergeable(); } },
+        { "undo", 16, Steering, [](S &s, const O &) { s.undo(); } },
+        { "redo", 10, Steering, [](S &s, const O &) { s.redo(); } },
+        { "save", 4, Steering, [](S &s, const O &) { s.save(); } },
+        { "clearHistory", 1, Steering,
+          [](S &s, const O &) {
+              s.history().clear();
+              s.forgetHistory();
+          } },
+        { "clearDocument", 1, Steering,
+          [](S &s, const O &) {
+              TutorialEditor::Manager::instance()->clear();
+              s.forgetHistory();
+          } },
+    };
+    return verbs;
+}
+
+/// What a turn of the event loop does for the rows is all that is done for them.
+inline QString RandomSession::turnAndCheck(bool rowsLag)
+{
+    if (!rowsLag)
+        QCoreApplication::sendPostedEvents(&mFollower);
+    expect(picture() == mDocument, "the document");
+    expect(history().canUndo() == (mDepth == 0 && mIndex > 0), "canUndo");
+    expect(history().canRedo() == (mDepth == 0 && mIndex + 1 < mStates.size()), "canRedo");
+    expect(history().inTransaction() == mInTransaction, "inTransaction");
+    expect(mSession.context().mModified != mStates.at(mIndex).saved, "modified");
+    if (mWrong.isEmpty())
+        mWrong = mSession.fault();
+    if (mWrong.isEmpty() && !rowsLag && mDepth == 0)
+        mWrong = ModelRows::difference(mModel);
+    mLastStep = lastStep();
+    return mWrong;
+}
