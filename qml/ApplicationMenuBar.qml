@@ -7,7 +7,7 @@ MenuBar {
     id: root
 
     /// The application window, whose functions the entries call.
-    property var window: null
+    property ApplicationWindow window: null
     /// Whether one of the menus is open, which then has the keys.
     readonly property bool open: fileMenu.__popupVisible || editMenu.__popupVisible || helpMenu.__popupVisible
     readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""

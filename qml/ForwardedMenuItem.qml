@@ -6,9 +6,9 @@ MenuItem {
     id: root
 
     /// The menu of the list that has the focus, or null.
-    property var activeMenu: null
+    property QtObject activeMenu: null
     property string member: ""
-    readonly property var target: activeMenu && activeMenu[member] ? activeMenu[member] : null
+    readonly property QtObject target: activeMenu && activeMenu[member] ? activeMenu[member] : null
 
     enabled: target !== null && target.enabled
 

@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import QtQuick.Controls 1.4
 import Morvi.kess 1.0
 import "Controls"
 
@@ -8,7 +9,7 @@ Item {
     id: root
 
     /// The application window, whose message boxes show what is to be told.
-    property var window: null
+    property ApplicationWindow window: null
     // What the host editor wants to be loaded once the writer has answered.
     property string requestedTutorial: ""
     // The tutorial that the writer was told of, that something of its file is

@@ -14,7 +14,7 @@ ItemFields {
 
     objectName: "TutorialSettingItem"
 
-    /// The event dialog, once it is loaded.
+    /// The event dialog, once it is loaded: whatever has its two signals.
     property var tutorialEventDialog: null
     property var selectedIdList: []
     readonly property var localeList: ["ja_JP", "en_US"]

@@ -14,10 +14,12 @@ ApplicationWindow {
     property alias ready: conversionService.ready
     property alias list: conversionService.list
     property alias webEngineView: conversionService.webEngineView
-    /// The context menu of the list that has the focus, or null.
+    /// The context menu of the list that has the focus, or null: whatever has the
+    /// members that the menu bar forwards to.
     property var activeMenu: null
     property alias debugText: debugPanel.debugText
-    readonly property var settingScreen: settingLoader.item
+    /// The TutorialSettingItem. By its type the guidance mode would load it too.
+    readonly property Item settingScreen: settingLoader.item
     readonly property alias messages: messageBoxes
     /// Where the keys go while the menu bar does not have them.
     property Item typingItem: null

@@ -63,6 +63,7 @@ Rectangle {
 
     readonly property alias selection: selectionModel
     readonly property alias dropArea: dropArea
+    readonly property alias selected: selectedRow
 
     signal itemClicked(int itemId)
     signal itemDoubleClicked(int itemId)
@@ -124,7 +125,7 @@ Rectangle {
         var nextId = treeListModel.getNextId(idList);
         treeListModel.deleteIdList(idList);
         follow();
-        resetSelected();
+        selectedRow.reset();
         if (nextId < 0)
             return;
         // The keys go on from there at once.
@@ -137,7 +138,7 @@ Rectangle {
         if (idList.length === 0)
             return;
         rows.openFoldersOf(idList[0]);
-        selectIds(idList);
+        selectedRow.selectIds(idList);
         timers.startAutoSelect(idList, true);
     }
 
@@ -152,9 +153,9 @@ Rectangle {
         var delegate = getItemById(id);
         if (delegate && view.activeFocus)
             delegate.forceActiveFocus();
-        fillSelected(delegate, id);
+        selectedRow.fill(delegate, id);
         focusId = id;
-        callUpdateSelectedItem();
+        selectedRow.tell();
     }
 
     function scrollBottom() {
@@ -208,64 +209,6 @@ Rectangle {
 
     function rowAt(x, y) {
         return view.indexAt(x < 0 ? 64 : x, y < 0 ? 4 : y);
-    }
-
-    function selectIds(idList) {
-        var first = treeListModel.getModelIndexById(idList[0]);
-        selectionModel.setCurrentIndex(first, ItemSelectionModel.ClearAndSelect);
-        for (var i = 1; i < idList.length; ++i)
-            selectionModel.select(treeListModel.getModelIndexById(idList[i]), ItemSelectionModel.Select);
-    }
-
-    function makeCurrent(index) {
-        selectionModel.setCurrentIndex(index, ItemSelectionModel.ClearAndSelect);
-    }
-
-    function takeFocusIfAsked(delegate) {
-        if (!autoActiveFocus && !autoActiveFocusOneShot)
-            return;
-        autoActiveFocusOneShot = false;
-        delegate.forceActiveFocus();
-    }
-
-    /// Fills the selected state from a row and its delegate, which may be null.
-    function fillSelected(delegate, id) {
-        // The delegate's own index would become another row's together with the delegate.
-        var index = treeListModel.getModelIndexById(id);
-        selectedMouseArea = delegate;
-        selectedIndex = index.row;
-        selectedItem = index;
-    }
-
-    function callUpdateSelectedItem() {
-        if (updateSelectedItem)
-            updateSelectedItem();
-    }
-
-    /// Makes a row the selection, as a click on it does.
-    function selectRow(delegate) {
-        timers.forgetTargets();
-        makeCurrent(delegate.index);
-        delegate.forceActiveFocus();
-        fillSelected(delegate, delegate.rowId);
-        selectedIsFolder = delegate.folder;
-        focusId = delegate.rowId;
-        callUpdateSelectedItem();
-    }
-
-    function resetSelected() {
-        selectedIndex = -1;
-        selectedItem = null;
-        selectedMouseArea = null;
-        selectedIsFolder = false;
-        itemId = -1;
-        focusId = -1;
-    }
-
-    function clearSelection() {
-        selectionModel.clear();
-        resetSelected();
-        callUpdateSelectedItem();
     }
 
     function popupContextMenu() {
@@ -322,16 +265,7 @@ Rectangle {
         anchors.fill: parent
         focus: true
 
-        Keys.onPressed: {
-            var current = selectionModel.currentIndex;
-            if (event.key !== Qt.Key_Plus && event.key !== Qt.Key_Minus || !current.valid)
-                return;
-            if (event.key === Qt.Key_Plus)
-                view.expand(current);
-            else
-                view.collapse(current);
-            event.accepted = true;
-        }
+        Keys.onPressed: event.accepted = keys.pressPlusOrMinus(event.key)
 
         TreeListTree {
             id: view
@@ -361,6 +295,13 @@ Rectangle {
             objectName: "marker"
             barWidth: view.viewport.width
         }
+    }
+
+    TreeListSelectedRow {
+        id: selectedRow
+        tree: root
+        timers: timers
+        selection: selectionModel
     }
 
     TreeListRows {

@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import Morvi.kess 1.0
 import "../Controls"
 import "../QtControls"
 import "../Singletons"
@@ -8,7 +9,7 @@ import "../Singletons"
 Column {
     id: root
 
-    property var eventModel: null
+    property TutorialEventListModel eventModel: null
     property alias coordinates: coordinatesField.text
 
     signal eventChosen(string eventText)

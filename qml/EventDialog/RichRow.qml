@@ -7,7 +7,7 @@ Rectangle {
     id: root
 
     /// The list view of the row.
-    property Item view: null
+    property ListView view: null
     property int row: -1
     property alias content: content
 

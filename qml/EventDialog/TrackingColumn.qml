@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import Morvi.kess 1.0
 import "../Controls"
 import "../QtControls"
 import "../Singletons"
@@ -7,7 +8,7 @@ import "../Singletons"
 Column {
     id: root
 
-    property var trackingModel: null
+    property TutorialRaisedHandListModel trackingModel: null
 
     signal controlChosen(string controlName)
 

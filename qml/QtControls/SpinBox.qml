@@ -17,10 +17,11 @@ Toolkit.SpinBox {
     property bool completed: false
     /// False where the toolkit can't lay the arrows side by side.
     property bool arrowsMovable: true
-    /// The window whose input method this control holds off, or null.
+    /// The window whose input method this control holds off, or null. One that was
+    /// not made in QML is no Window to QML.
     property var inputMethodWindow: null
     readonly property bool windowVisible: Window.window ? Window.window.visible : false
-    readonly property var panel: root.__panel
+    readonly property Item panel: root.__panel
 
     // Each request to turn it off is taken back exactly once and at the same
     // window, however focus and visibility change together.

@@ -7,13 +7,13 @@ import Morvi.kess 1.0
 DropArea {
     id: dropArea
 
-    property var tree
-    property var view
-    property var timers
-    property var marker
+    property Item tree: null
+    property TreeListTree view: null
+    property TreeListTimers timers: null
+    property TreeListMarker marker: null
 
     readonly property bool dragging: enteredIndex !== null
-    /// The row where the drag began.
+    /// The row where the drag began. There is no type for an index but var.
     property var enteredIndex: null
     property int enteredId: -1
     /// The pending move: before a row, or into a folder.
@@ -27,7 +27,7 @@ DropArea {
     property int dragX: 0
     property int dragY: 0
     /// The dragged delegate.
-    property var dragSource: null
+    property TreeListItem dragSource: null
 
     /// Where the rows begin below the header.
     readonly property real rowsTop: view.flickableItem.headerItem ? view.flickableItem.headerItem.height : 0
@@ -211,7 +211,7 @@ DropArea {
         // A fast drag is past the row already where it began.
         var index = tree.treeListModel.getModelIndexById(drag.source.rowId);
         if (!tree.selection.isSelected(index))
-            tree.makeCurrent(index);
+            tree.selected.makeCurrent(index);
         if (drag.source.rowId < 0)
             return;
         enteredIndex = index;

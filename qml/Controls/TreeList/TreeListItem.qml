@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import QtQuick.Controls 1.4 as Toolkit
 import QtQml.Models 2.2
 import "../../QtControls"
 import "../../Singletons"
@@ -8,10 +9,13 @@ import "../../Singletons"
 MouseArea {
     id: delegate
 
-    property var tree
-    property var view
-    property var dropArea
-    property var rowData
+    /// The TreeListView, the TreeListTree and the TreeListDropArea, which know
+    /// this type.
+    property Item tree: null
+    property Toolkit.TreeView view: null
+    property DropArea dropArea: null
+    property QtObject rowData: null
+    /// What the toolkit calls the model of a delegate; undefined where there is no row.
     property var rowModel
 
     readonly property bool live: rowData.row >= 0 && !!rowModel
@@ -75,7 +79,7 @@ MouseArea {
     function clickWith(modifiers) {
         var selection = tree.selection;
         if (!index.valid) {
-            tree.clearSelection();
+            tree.selected.clear();
         } else if (tree.multiple && modifiers & Qt.ControlModifier) {
             toggle();
             view.keys.leadId = rowId;
@@ -86,7 +90,7 @@ MouseArea {
                    && tree.clickRenameEnabled) {
             renameTimer.start();
         } else {
-            tree.selectRow(delegate);
+            tree.selected.select(delegate);
             tree.itemClicked(rowId);
         }
     }
@@ -107,16 +111,16 @@ MouseArea {
         var restId = tree.getIdByIndex(selection.getFirstSelectedModelIndex());
         if (tree.getIdByIndex(selection.currentIndex) === restId)
             return;
-        tree.fillSelected(tree.getItemById(restId), restId);
-        tree.callUpdateSelectedItem();
+        tree.selected.fill(tree.getItemById(restId), restId);
+        tree.selected.tell();
         tree.itemClicked(rowId);
     }
 
     function rightClick() {
         if (rowId < 0)
-            tree.clearSelection();
+            tree.selected.clear();
         else if (tree.selection.getSelectedIdList().indexOf(rowId) < 0)
-            tree.selectRow(delegate);
+            tree.selected.select(delegate);
         tree.popupContextMenu();
     }
 

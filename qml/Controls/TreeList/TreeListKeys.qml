@@ -6,9 +6,10 @@ import QtQml.Models 2.2
 QtObject {
     id: keys
 
-    property var tree
-    property var view
-    property var dropArea
+    /// The TreeListView and its TreeListDropArea, which know this type.
+    property Item tree: null
+    property DropArea dropArea: null
+    property TreeListTree view: null
     /// The row to which the selection was extended last; -2 is no id.
     property int leadId: -2
 
@@ -73,6 +74,17 @@ QtObject {
         return true;
     }
 
+    function pressPlusOrMinus(key) {
+        var index = tree.selection.currentIndex;
+        if (key !== Qt.Key_Plus && key !== Qt.Key_Minus || !index.valid)
+            return false;
+        if (key === Qt.Key_Plus)
+            view.expand(index);
+        else
+            view.collapse(index);
+        return true;
+    }
+
     function renaming() {
         var index = tree.selection.currentIndex;
         var delegate = index.valid ? tree.getItemById(tree.getIdByIndex(index)) : null;
@@ -123,7 +135,7 @@ QtObject {
         if (!delegate)
             return;
         if (!extend || !tree.selection.currentIndex.valid) {
-            tree.selectRow(delegate);
+            tree.selected.select(delegate);
             return;
         }
         delegate.forceActiveFocus();

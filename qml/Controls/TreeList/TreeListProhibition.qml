@@ -5,7 +5,8 @@ import Morvi.kess 1.0
 Row {
     id: toggle
 
-    property var delegate
+    /// The TreeListItem, which knows this type.
+    property MouseArea delegate: null
 
     Image {
         width: 20

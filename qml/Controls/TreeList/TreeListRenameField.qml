@@ -6,7 +6,8 @@ import "../../Singletons"
 Rectangle {
     id: field
 
-    property var delegate
+    /// The TreeListItem, which knows this type.
+    property MouseArea delegate: null
     property real maximumWidth: 0
     property string oldText: ""
 

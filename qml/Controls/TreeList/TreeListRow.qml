@@ -1,13 +1,15 @@
 import QtQuick 2.9
+import QtQuick.Controls 1.4
 import "../../Singletons"
 
 /// The background of a row, and its mouse where the item does not cover it.
 Rectangle {
     id: row
 
-    property var tree
-    property var view
-    property var rowData
+    /// The TreeListView and the TreeListTree, which know this type.
+    property Item tree: null
+    property TreeView view: null
+    property QtObject rowData: null
     /// Whether the row is a folder's. The item delegate knows and says so.
     property bool folder: false
     /// -1 where there is no row.
@@ -35,9 +37,9 @@ Rectangle {
             return;
         var delegate = id >= 0 ? tree.getItemById(id) : null;
         if (delegate)
-            tree.selectRow(delegate);
+            tree.selected.select(delegate);
         else
-            tree.clearSelection();
+            tree.selected.clear();
     }
 
     height: folder || tree.simpleDisplay ? tree.simpleDisplayHeight : tree.richDisplayHeight

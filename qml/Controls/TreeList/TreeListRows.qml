@@ -7,11 +7,11 @@ import Morvi.kess 1.0
 QtObject {
     id: rows
 
-    /// The TreeListView and its drop area, which know this type.
+    /// The TreeListView, which knows this type.
     property Item tree: null
-    property DropArea dropArea: null
+    property TreeListDropArea dropArea: null
     property TreeListTree view: null
-    property var model: null
+    property TutorialItemListModel model: null
 
     /// While the rows change: how far the view was scrolled, and the folders that
     /// were open.

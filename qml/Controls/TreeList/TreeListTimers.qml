@@ -15,9 +15,10 @@ import QtQuick 2.9
 Item {
     id: timers
 
-    property var tree
-    property var view
-    property var keys
+    /// The TreeListView, which knows this type.
+    property Item tree: null
+    property TreeListTree view: null
+    property TreeListKeys keys: null
 
     /// Walks that path of ids, opening folders, and selects the row of its last.
     function startAutoFocus(idList) {
@@ -109,12 +110,12 @@ Item {
                 start();
                 return false;
             }
-            tree.makeCurrent(delegate.index);
-            tree.takeFocusIfAsked(delegate);
-            tree.fillSelected(delegate, delegate.rowId);
+            tree.selected.makeCurrent(delegate.index);
+            tree.selected.takeFocusIfAsked(delegate);
+            tree.selected.fill(delegate, delegate.rowId);
             tree.selectedIsFolder = delegate.folder;
             tree.focusId = id;
-            tree.callUpdateSelectedItem();
+            tree.selected.tell();
             delaySelectTimer.select = false;
             startDelaySelect(id);
             return true;
@@ -137,7 +138,7 @@ Item {
         onTriggered: {
             if (idList.length === 0)
                 return;
-            tree.selectIds(idList);
+            tree.selected.selectIds(idList);
             if (showAll) {
                 keys.showId(idList[idList.length - 1]);
                 keys.showId(idList[0]);
@@ -147,10 +148,10 @@ Item {
                 console.log("TreeListView.autoSelectTimer: id not found: " + id);
             var delegate = tree.getItemById(id);
             if (delegate) {
-                tree.takeFocusIfAsked(delegate);
-                tree.fillSelected(delegate, delegate.rowId);
+                tree.selected.takeFocusIfAsked(delegate);
+                tree.selected.fill(delegate, delegate.rowId);
                 tree.focusId = id;
-                tree.callUpdateSelectedItem();
+                tree.selected.tell();
             }
             idList = [];
             delaySelectTimer.select = false;
@@ -171,9 +172,9 @@ Item {
             if (tree.selectedItem !== null || selection.getSelectedCount() !== 1
                     || tree.getIdByIndex(selection.getFirstSelectedModelIndex()) !== delegate.rowId)
                 return;
-            tree.takeFocusIfAsked(delegate);
-            tree.fillSelected(delegate, delegate.rowId);
-            tree.callUpdateSelectedItem();
+            tree.selected.takeFocusIfAsked(delegate);
+            tree.selected.fill(delegate, delegate.rowId);
+            tree.selected.tell();
         }
 
         interval: 1
@@ -198,11 +199,11 @@ Item {
                 return;
             }
             select = false;
-            tree.takeFocusIfAsked(delegate);
-            tree.makeCurrent(delegate.index);
-            tree.fillSelected(delegate, delegate.rowId);
+            tree.selected.takeFocusIfAsked(delegate);
+            tree.selected.makeCurrent(delegate.index);
+            tree.selected.fill(delegate, delegate.rowId);
             tree.focusId = id;
-            tree.callUpdateSelectedItem();
+            tree.selected.tell();
         }
     }
 }

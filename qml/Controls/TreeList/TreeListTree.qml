@@ -7,14 +7,16 @@ import "../../Singletons"
 TreeView {
     id: treeView
 
-    property var tree
-    property var dropArea
-    property var keys
+    /// The TreeListView, its TreeListDropArea and its TreeListKeys, which know
+    /// this type.
+    property Item tree: null
+    property DropArea dropArea: null
+    property QtObject keys: null
     /// The row delegates by row number, for the item delegates that know more of a row.
     property var rowIndexMapper: ({})
     /// The delegate of the id in searchId, while it is set; -2 is no id.
     property int searchId: -2
-    property var searchedItem: null
+    property TreeListItem searchedItem: null
 
     /// Changes when all icons are to be read anew.
     property int iconRound: 0
@@ -116,13 +118,13 @@ TreeView {
         var id = tree.getIdByIndex(index);
         if (tree.getFolderByIndex(index) && !isExpanded(index))
             return;
-        tree.makeCurrent(index);
+        tree.selected.makeCurrent(index);
         var delegate = tree.getItemById(id);
         if (delegate)
             delegate.forceActiveFocus();
-        tree.fillSelected(delegate, id);
+        tree.selected.fill(delegate, id);
         tree.focusId = id;
-        tree.callUpdateSelectedItem();
+        tree.selected.tell();
         tree.itemClicked(id);
     }
     onDoubleClicked: tree.itemDoubleClicked(tree.getIdByIndex(index))
@@ -155,7 +157,7 @@ TreeView {
                 treeView.forceActiveFocus();
         }
         onClicked: {
-            treeView.tree.clearSelection();
+            treeView.tree.selected.clear();
             if (mouse.button === Qt.RightButton)
                 treeView.tree.popupContextMenu();
         }
