@@ -5,6 +5,7 @@
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/HintText.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
+#include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowPlatform.h"
 #include "Tutorial/guidance/WindowShape.h"
 
@@ -182,13 +183,7 @@ void TutorialIndicator::closeEvent(QCloseEvent *event)
 void TutorialIndicator::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange)
-        return;
-    if (isActiveWindow())
-        mManager->dropPopupWindowKey();
-    else
-        activateWindow();
-    mManager->updateGuidanceVisibility();
+    WindowActivation::follow(this, *event, mManager, WindowActivation::TakeBack);
 }
 
 void TutorialIndicator::makeTooltip()

@@ -1,8 +1,6 @@
 #include "Tutorial/guidance/TutorialLog.h"
 
-#include "Tutorial/guidance/GuidanceContext.h"
-
-#include <QEvent>
+#include "Tutorial/guidance/WindowActivation.h"
 
 TutorialLog::TutorialLog(QWidget *parent, GuidanceContext *manager) : QWidget(parent), mManager(manager)
 {
@@ -18,9 +16,5 @@ TutorialLog::~TutorialLog() = default;
 void TutorialLog::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange)
-        return;
-    if (isActiveWindow())
-        mManager->dropPopupWindowKey();
-    mManager->updateGuidanceVisibility();
+    WindowActivation::follow(this, *event, mManager, WindowActivation::AcceptLoss);
 }

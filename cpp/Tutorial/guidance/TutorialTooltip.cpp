@@ -6,6 +6,7 @@
 #include "Tutorial/guidance/GuidanceStep.h"
 #include "Tutorial/guidance/HintText.h"
 #include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowShape.h"
 
 #include <QEvent>
@@ -116,11 +117,5 @@ void TutorialTooltip::closeEvent(QCloseEvent *event)
 void TutorialTooltip::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange)
-        return;
-    if (isActiveWindow())
-        mIndicator->mManager->dropPopupWindowKey();
-    else
-        activateWindow();
-    mIndicator->mManager->updateGuidanceVisibility();
+    WindowActivation::follow(this, *event, mIndicator->mManager, WindowActivation::TakeBack);
 }
