@@ -24,8 +24,11 @@ void update(QWidget *window, const std::function<QRegion()> &drawn)
     // An empty mask would be none.
     if (shape.isEmpty())
         shape = QRegion(-1, -1, 1, 1);
-    if (shape != window->mask())
+    if (shape != window->mask()) {
         window->setMask(shape);
+        // An empty shape leaves nothing to paint that would send it.
+        WindowPlatform::flush();
+    }
 }
 
 void updateFixed(QWidget *window)
