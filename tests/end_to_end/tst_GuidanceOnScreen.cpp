@@ -1,300 +1,383 @@
-#include "Neighbour.h"
-#include "ScreenWindows.h"
-
-#include "Tutorial/guidance/EditorTooltip.h"
-#include "Tutorial/guidance/GuidanceContext.h"
-#include "Tutorial/guidance/TutorialIndicator.h"
-#include "Tutorial/guidance/TutorialLog.h"
-#include "Tutorial/guidance/TutorialTooltip.h"
+#include "support/HostPeer.h"
+#include "support/Screen.h"
 
 #include <QApplication>
-#include <QProcess>
-#include <QPushButton>
-#include <QScreen>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimer>
 #include <QtTest>
+#include <QWidget>
 
-#include <algorithm>
 #include <memory>
 
 namespace
 {
+const QString kProgram = QStringLiteral(TRELVANE_PROGRAM);
+const QSize kHintWindow(640, 480);
+const QSize kButton(64, 32);
+const QSize kTip(320, 240);
 const QRect kHostRect(0, 0, 1000, 700);
+// The program's own window, of one pixel, which a window manager keeps on the screen.
+const QRect kOwnWindow(0, 0, 8, 8);
+const QPoint kElsewhere(20, 20);
+constexpr int kNext = 1;
+constexpr int kYesNo = 2;
+constexpr int kArrow = 4;
+constexpr int kNoIcon = 6;
+constexpr int kArrowAtRest = 16;
+// How long the program may take for what it does at once.
+constexpr int kLimit = 20000;
 
-/// The manager's part in showing and hiding the windows, without a link.
-class Guidance : public GuidanceContext
+/// The host editor's window, which writes down what input reaches it.
+class Neighbour : public QWidget
 {
 public:
-    void sendMessage(const QString &text) override { mSent.append(text); }
-    void dropPopupWindowKey() override { }
-    QRect hostRect() const override { return kHostRect; }
-    bool isGuidanceRunning() const override { return true; }
-    void editorTooltipClosed() override { }
-
-    void updateGuidanceVisibility() override
+    Neighbour()
     {
-        if (mLog)
-            mLog->show();
-        if (!mIndicator)
-            return;
-        mIndicator->mTooltip->show();
-        mIndicator->showButtons();
-        if (mEditorTooltip)
-            mEditorTooltip->setVisible(true);
+        setFocusPolicy(Qt::StrongFocus);
+        setGeometry(kHostRect);
+        show();
     }
 
-    void start()
-    {
-        mLog = std::make_unique<TutorialLog>(nullptr, this);
-        mIndicator = std::make_unique<TutorialIndicator>(nullptr, this);
-    }
+    QString mTyped;
+    QList<QPoint> mClicks;
 
-    void update(const QPoint &target, const QString &hint, int flags, int icon)
-    {
-        mIndicator->setTargetWindowOffset(target.x(), target.y(), QString(), flags & 4);
-        mIndicator->setHint(hint);
-        mIndicator->init(flags & 1, flags & 2);
-        mIndicator->mIconType = icon;
-        mIndicator->mTooltip->show();
-    }
-
-    void hide()
-    {
-        mLog->hide();
-        mIndicator->mTooltip->hide();
-        mIndicator->hideButtons();
-        if (mEditorTooltip)
-            mEditorTooltip->hide();
-    }
-
-    /// All but the log window: without a size it never comes to the screen.
-    QVector<QWidget *> windows() const
-    {
-        return { mEditorTooltip.get(), mIndicator->mTooltip, mIndicator->mNextButton, mIndicator->mYesButton,
-                 mIndicator->mNoButton };
-    }
-
-    QStringList mSent;
-    std::unique_ptr<TutorialLog> mLog;
-    std::unique_ptr<TutorialIndicator> mIndicator;
-    std::unique_ptr<EditorTooltip> mEditorTooltip;
+protected:
+    void keyPressEvent(QKeyEvent *event) override { mTyped += event->text(); }
+    void mousePressEvent(QMouseEvent *event) override { mClicks.append(event->globalPos()); }
 };
 
-QPoint windowPlace(const TutorialIndicator &indicator)
+struct Step
 {
-    return { indicator.mCurrentX, indicator.mCurrentY };
-}
+    QPoint target;
+    bool below; ///< the windows lie below the target's place
+    bool left;
+    int icon;
+};
 
-/// Runs xdotool to its end while the windows of this process go on living.
-bool xdotool(const QStringList &arguments)
+/// The arrow and the icon as they are to stand in the window of the hint.
+QImage drawing(const Step &step)
 {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(QStringLiteral("xdotool"), arguments);
-    return QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 60000)
-        && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-}
-
-bool isAbove(WId window, const Neighbour &other)
-{
-    return ScreenWindows::isKeptAbove(window)
-        && ScreenWindows::stackingPlace(window) > ScreenWindows::stackingPlace(other.window().toULongLong());
-}
-
-bool click(const QPoint &point)
-{
-    return xdotool({ QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y()),
-                     QStringLiteral("click"), QStringLiteral("1") });
+    const QStringList icons = { QStringLiteral("click"), QStringLiteral("double_click"), QStringLiteral("right_click"),
+                                QStringLiteral("eye"),   QStringLiteral("wait"),         QStringLiteral("keyboard") };
+    const auto load = [](const QString &name) { return QImage(QStringLiteral(":/resource/png/%1.png").arg(name)); };
+    QImage image(kHintWindow, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    const QImage arrow = load(QStringLiteral("arrow")).mirrored(step.left, step.below);
+    painter.drawImage(step.left ? 256 : 0, step.below ? -kArrowAtRest : kArrowAtRest, arrow);
+    if (step.icon < icons.size()) {
+        const QImage icon = load(icons.at(step.icon));
+        painter.drawImage(step.left ? 256 - icon.width() : 128, 0, icon);
+    }
+    return image;
 }
 } // namespace
 
-/// The guidance windows over the window of a second application, with real keys and clicks.
+/// The guidance of the real program over a window of this process, with real keys and clicks, and
+/// what the screen then shows.
 class tst_GuidanceOnScreen : public QObject
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<Neighbour> mNeighbour;
-    std::unique_ptr<Guidance> mGuidance;
-
-    bool moveTo(const QPoint &target, int flags)
-    {
-        mGuidance->update(target, QStringLiteral("Click the button."), flags, 0);
-        const QPoint rest = mGuidance->mIndicator->mFlipHorizontal ? target - QPoint(308, 0) : target;
-        return QTest::qWaitFor([&] {
-            return !mGuidance->mIndicator->mHintChanged
-                && (windowPlace(*mGuidance->mIndicator) - rest).manhattanLength() <= 6;
-        });
-    }
-
 private Q_SLOTS:
-    void init()
-    {
-        mNeighbour = std::make_unique<Neighbour>();
-        QTRY_VERIFY(!mNeighbour->window().isEmpty());
-        mGuidance = std::make_unique<Guidance>();
-        mGuidance->start();
-        // The log window may ask for the activation once; the user goes back to work after that.
-        QVERIFY(xdotool({ QStringLiteral("windowfocus"), mNeighbour->window() }));
-        QTRY_VERIFY(mNeighbour->isFocused());
-    }
+    void initTestCase();
+    void init();
+    void cleanup();
 
-    void cleanup()
-    {
-        mGuidance.reset();
-        mNeighbour.reset();
-    }
+    void isFirstSeenWhereItIsPlaced();
+    void neighbourKeepsTheKeyboard();
+    void clicksGoThrough();
+    void buttonsTakeClicksAndNoKeys();
+    void staysAbove();
+    void drawsEachStepAndLeavesNothing();
+    void tipComesAndGoes();
 
-    void neighbourKeepsTheKeyboard()
+private:
+    void send(const char *fields) { mHost->send(QString::fromUtf8(fields).split(QLatin1Char('|'))); }
+    /// Sends a step, its buttons and arrow by the flags.
+    void update(const QPoint &target, const QString &hint, int flags, int icon)
     {
-        const QString alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
-        const QString text = alphabet.repeated(40);
-        QProcess typist;
-        typist.start(QStringLiteral("xdotool"),
-                     { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
-        for (int i = 0; i < 1000; ++i) {
-            const QPoint target(i % 3 * 400, i % 5 * 150 - 200);
-            mGuidance->update(target, QStringLiteral("Step %1").arg(i), i % 8, i % 7);
-            if (i % 10 == 0)
-                mGuidance->hide();
-            if (i % 10 == 5)
-                mGuidance->updateGuidanceVisibility();
-            QTest::qWait(5);
+        mHost->send({ QStringLiteral("indicator"), QStringLiteral("update"), QString::number(target.x()),
+                      QString::number(target.y()), QStringLiteral("MainWindow"), hint, QString::number(flags),
+                      QString::number(icon) });
+    }
+    QVector<Screen::Window> windows() const { return Screen::windows(mHost->process().processId()); }
+    /// The places of the windows of that size.
+    QVector<QRect> places(const QSize &size) const
+    {
+        QVector<QRect> places;
+        for (const Screen::Window &window : windows()) {
+            if (window.place.size() == size)
+                places.append(window.place);
         }
-        QTRY_COMPARE_WITH_TIMEOUT(typist.state(), QProcess::NotRunning, 60000);
-        QTRY_COMPARE(mNeighbour->typed().size(), text.size());
-        QCOMPARE(mNeighbour->typed(), text);
-        QVERIFY(mNeighbour->isFocused());
+        return places;
     }
-
-    void clicksGoThrough()
+    /// Whether a window stands there; it may come to rest up to three pixels short.
+    bool isSeenAt(const QPoint &place, const QSize &size) const
     {
-        for (int round = 0; round < 3; ++round) {
-            QVERIFY(moveTo({ 100 + round * 40, 80 }, 7));
-            const QPoint window = windowPlace(*mGuidance->mIndicator);
-            QList<QPoint> points{ QPoint(0, 0) };
-            // The arrow's tip, the icon, the hint, the empty rest of the window.
-            for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
-                points.append(window + inside);
-            mNeighbour->forget();
-            for (const QPoint &point : qAsConst(points))
-                QVERIFY(click(point));
-            QTRY_COMPARE(mNeighbour->clicks(), points);
-            // A window that was hidden gets a new frame.
-            mGuidance->hide();
-            mGuidance->updateGuidanceVisibility();
-        }
+        const QRect around(place - QPoint(3, 3), QSize(7, 7));
+        const QVector<QRect> all = places(size);
+        return std::any_of(all.begin(), all.end(), [&](const QRect &each) { return around.contains(each.topLeft()); });
     }
-
-    void isFirstSeenWhereItIsPlaced()
+    bool isAbove(WId other) const;
+    bool shows(const QImage &drawing, const QRegion &uncompared, bool composed) const;
+    bool showsStep(const Step &step, bool composed) const;
+    /// Not by QTRY_VERIFY, which asks once more: the arrow doesn't stay at rest.
+    bool waitForStep(const Step &step, bool composed) const
     {
-        EditorTooltip editorTooltip(nullptr, mGuidance.get());
-        editorTooltip.setVisible(true);
-        const TutorialTooltip tooltip(mGuidance->mIndicator.get());
-        for (const QWidget *window :
-             { static_cast<const QWidget *>(&editorTooltip), static_cast<const QWidget *>(&tooltip) }) {
-            QTRY_VERIFY(ScreenWindows::stackingPlace(window->winId()) >= 0);
-            QCOMPARE(ScreenWindows::place(window->winId()), QPoint(0, 0));
-        }
+        return QTest::qWaitFor([&] { return showsStep(step, composed); }, kLimit);
     }
+    bool showsNothing() const { return shows(QImage(), QRegion(), false); }
 
-    // Hidden and shown in one go, the windows stay above a neighbour that is raised by each click.
-    void staysAbove()
-    {
-        mGuidance->mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, mGuidance.get());
-        mGuidance->mEditorTooltip->show(QStringLiteral("tip"), 600, 300);
-        QVERIFY(moveTo({ 200, 100 }, 7));
-        QVector<int> lost(mGuidance->windows().size());
-        for (int round = 0; round < 50; ++round) {
-            QVERIFY(xdotool({ QStringLiteral("windowraise"), mNeighbour->window() }));
-            mGuidance->hide();
-            mGuidance->updateGuidanceVisibility();
-            mNeighbour->forget();
-            QVERIFY(click({ 700 + round, 600 }));
-            QTRY_COMPARE(mNeighbour->clicks().size(), 1);
-            for (int i = 0; i < lost.size(); ++i) {
-                const WId window = mGuidance->windows().at(i)->winId();
-                lost[i] += !QTest::qWaitFor([&] { return isAbove(window, *mNeighbour); }, 1000);
-            }
-        }
-        QCOMPARE(lost, QVector<int>(lost.size()));
-
-        // A window that opens later goes below them too; without a window manager, once they are shown again.
-        const Neighbour dialog;
-        QTRY_VERIFY(ScreenWindows::stackingPlace(dialog.window().toULongLong()) >= 0);
-        for (const bool shownAgain : { false, true }) {
-            if (shownAgain) {
-                mGuidance->hide();
-                mGuidance->updateGuidanceVisibility();
-            }
-            for (const QWidget *window : mGuidance->windows())
-                QTRY_VERIFY(isAbove(window->winId(), dialog) || !(shownAgain || ScreenWindows::areManaged()));
-        }
-    }
-
-    // Where the screen isn't composed, the windows have the shape of what they draw.
-    void hidesNothingElse()
-    {
-        mGuidance->mEditorTooltip = std::make_unique<EditorTooltip>(nullptr, mGuidance.get());
-        EditorTooltip &tip = *mGuidance->mEditorTooltip;
-        QVERIFY(moveTo({ 200, 100 }, 5));
-        const QPoint place = windowPlace(*mGuidance->mIndicator);
-        const auto pixel = [](const QPoint &point) {
-            return QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(), 1, 1).toImage().pixel(0, 0);
-        };
-        const QRgb beneath = pixel({ 950, 650 });
-        QVERIFY(beneath != qRgb(0, 0, 0));
-        // The hint, the middle of the button, the arrow, the text of the editor tooltip.
-        const QVector<QPoint> seen{ place + QPoint(380, 70), mGuidance->mIndicator->mNextButton->geometry().center(),
-                                    place + QPoint(66, 78), QPoint(100, 606) };
-        const QVector<QPoint> unseen{ place + QPoint(500, 400), place + QPoint(5, 5),
-                                      mGuidance->mIndicator->mNextButton->pos(), QPoint(300, 690) };
-        const auto showsOnlyWhatItDraws = [&](int from = 0) {
-            const auto isBeneath = [&](const QPoint &point) { return pixel(point) == beneath; };
-            return std::all_of(unseen.begin(), unseen.end(), isBeneath)
-                && std::none_of(seen.begin(), seen.end() - from, isBeneath);
-        };
-        tip.show(QStringLiteral("tip"), 100, 600);
-
-        QTRY_VERIFY(showsOnlyWhatItDraws(1) && pixel(seen.last()) == beneath);
-        tip.mDelayTicks = 1;
-        QTRY_COMPARE(tip.windowOpacity(), 1.0);
-        QTRY_VERIFY(showsOnlyWhatItDraws());
-        {
-            QProcess compositor;
-            compositor.start(QStringLiteral("picom"),
-                             { QStringLiteral("--backend"), QStringLiteral("xrender"), QStringLiteral("--config"),
-                               QStringLiteral("/dev/null") });
-            QTRY_VERIFY_WITH_TIMEOUT(mGuidance->mIndicator->mTooltip->mask().isEmpty() && tip.mask().isEmpty(), 20000);
-            QTRY_VERIFY_WITH_TIMEOUT(showsOnlyWhatItDraws(), 20000);
-            compositor.terminate();
-            QTRY_COMPARE(compositor.state(), QProcess::NotRunning);
-        }
-        QTRY_VERIFY(showsOnlyWhatItDraws());
-        tip.mHoldTicks = 1;
-        QTRY_COMPARE(pixel(seen.last()), beneath);
-    }
-
-    void buttonsTakeClicksAndNoKeys()
-    {
-        QVERIFY(moveTo({ 200, 100 }, 7));
-        mGuidance->mIndicator->mYesButton->hide();
-        mNeighbour->forget();
-        for (QPushButton *button : { mGuidance->mIndicator->mNextButton, mGuidance->mIndicator->mNoButton })
-            QVERIFY(click(button->geometry().center() + QPoint(10, 0)));
-        QTRY_COMPARE(mGuidance->mSent, QStringList({ QStringLiteral("next"), QStringLiteral("no") }));
-        QVERIFY(xdotool({ QStringLiteral("type"), QStringLiteral("after") }));
-        QTRY_COMPARE(mNeighbour->typed(), QStringLiteral("after"));
-        QVERIFY(mNeighbour->clicks().isEmpty());
-    }
+    std::unique_ptr<Neighbour> mNeighbour;
+    std::unique_ptr<HostPeer> mHost;
+    QImage mBefore;
+    QTimer mAlive;
 };
 
-int main(int argc, char **argv)
+void tst_GuidanceOnScreen::initTestCase()
 {
-    QApplication application(argc, argv);
-    if (QCoreApplication::arguments().contains(Neighbour::argument()))
-        return Neighbour::run();
-    tst_GuidanceOnScreen test;
-    return QTest::qExec(&test, argc, argv);
+    connect(&mAlive, &QTimer::timeout, this, [this] { send("alive"); });
 }
 
+void tst_GuidanceOnScreen::init()
+{
+    mNeighbour = std::make_unique<Neighbour>();
+    QVERIFY(QTest::qWaitForWindowExposed(mNeighbour.get()));
+    mHost = std::make_unique<HostPeer>();
+    QVERIFY(mHost->start(kProgram));
+    mAlive.start(1000);
+
+    mBefore = Screen::pixels(kHostRect);
+    send("start|0|0|1000|700");
+    QTRY_COMPARE(places(kHintWindow), QVector<QRect>{ QRect(QPoint(), kHintWindow) });
+    // The log window may ask for the activation once; the user goes back to work after that.
+    Screen::xdotool({ QStringLiteral("windowfocus"), QString::number(mNeighbour->winId()) });
+    QTRY_VERIFY_WITH_TIMEOUT(mNeighbour->isActiveWindow(), kLimit);
+}
+
+void tst_GuidanceOnScreen::cleanup()
+{
+    mAlive.stop();
+    mHost.reset();
+    mNeighbour.reset();
+}
+
+void tst_GuidanceOnScreen::isFirstSeenWhereItIsPlaced()
+{
+    // The window of the hint was looked at by init().
+    send("showTooltip|<table width=100 height=60><tr><td>tip</table>|300|200");
+    QTRY_VERIFY_WITH_TIMEOUT(!places(kTip).isEmpty(), kLimit);
+    const QRect near(QPoint(230, 150), QPoint(260, 180));
+    QVERIFY(near.contains(places(kTip).first().topLeft()));
+}
+
+void tst_GuidanceOnScreen::neighbourKeepsTheKeyboard()
+{
+    const QString text = QStringLiteral("abcdefghijklmnopqrstuvwxyz").repeated(40);
+    QProcess typist;
+    typist.start(QStringLiteral("xdotool"),
+                 { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
+    const char *const changes[] = { "stop", "start", "state|hide", "state|show" };
+    for (int i = 0; i < 1000; ++i) {
+        update(QPoint(i % 3 * 400, i % 5 * 150 - 200), QStringLiteral("Step %1").arg(i), i % 8, i % 7);
+        if (i % 5 == 0)
+            send(changes[i / 5 % 4]);
+        QTest::qWait(5);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(typist.state(), QProcess::NotRunning, 60000);
+    QTRY_COMPARE(mNeighbour->mTyped.size(), text.size());
+    QCOMPARE(mNeighbour->mTyped, text);
+    QVERIFY(mNeighbour->isActiveWindow());
+}
+
+void tst_GuidanceOnScreen::clicksGoThrough()
+{
+    for (int round = 0; round < 3; ++round) {
+        const QPoint place(100 + round * 40, 80);
+        update(place, QStringLiteral("Click the button."), kArrow, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place, kHintWindow), kLimit);
+        QList<QPoint> points{ kElsewhere };
+        // The arrow's tip, the icon, the hint, the empty rest of the window.
+        for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
+            points.append(place + inside);
+        mNeighbour->mClicks.clear();
+        for (const QPoint &point : qAsConst(points))
+            Screen::click(point);
+        QTRY_COMPARE(mNeighbour->mClicks, points);
+        // A window that was hidden gets a new frame.
+        send("state|show");
+    }
+}
+
+void tst_GuidanceOnScreen::buttonsTakeClicksAndNoKeys()
+{
+    const QPoint place(200, 100);
+    const auto press = [&](int flags, int x, const char *answer) {
+        update(place, QStringLiteral("Now?"), flags, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place, kHintWindow) && places(kButton).size() == flags, kLimit);
+        const QRect button = places(kButton).first();
+        Screen::click(QPoint(place.x() + x, button.center().y()));
+        QVERIFY2(!mHost->waitForMessage(QLatin1String(answer)).isEmpty(), answer);
+    };
+    press(kNext, 160, "next");
+    press(kYesNo, 140, "yes");
+    press(kYesNo, 220, "no");
+    Screen::xdotool({ QStringLiteral("type"), QStringLiteral("after") });
+    QTRY_COMPARE(mNeighbour->mTyped, QStringLiteral("after"));
+    QVERIFY(mNeighbour->mClicks.isEmpty());
+}
+
+/// Whether the windows of the step stand above that one, and those that the window manager raises.
+bool tst_GuidanceOnScreen::isAbove(WId other) const
+{
+    const QVector<Screen::Window> neighbours = Screen::windows(QCoreApplication::applicationPid());
+    const auto below = std::find_if(neighbours.begin(), neighbours.end(),
+                                    [other](const Screen::Window &window) { return window.id == other; });
+    if (below == neighbours.end())
+        return false;
+    int count = 0;
+    for (const Screen::Window &window : windows()) {
+        const QSize size = window.place.size();
+        const bool counts = size == kHintWindow || size == kButton || (size == kTip && Screen::isManaged());
+        count += counts && window.keptAbove && window.level > below->level;
+    }
+    return count == (Screen::isManaged() ? 5 : 4);
+}
+
+// Hidden and shown in one go, the windows stay above a neighbour that is raised by each click.
+void tst_GuidanceOnScreen::staysAbove()
+{
+    send("showTooltip|tip|600|300");
+    update(QPoint(200, 100), QStringLiteral("Now?"), kNext | kYesNo | kArrow, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(isAbove(mNeighbour->winId()), kLimit);
+    int lost = 0;
+    for (int round = 0; round < 50; ++round) {
+        Screen::xdotool({ QStringLiteral("windowraise"), QString::number(mNeighbour->winId()) });
+        send("state|show");
+        Screen::click({ 700 + round, 600 });
+        QTRY_COMPARE(mNeighbour->mClicks.size(), round + 1);
+        lost += !QTest::qWaitFor([this] { return isAbove(mNeighbour->winId()); }, 1000);
+    }
+    QCOMPARE(lost, 0);
+
+    // A window that opens later goes below them too; without a window manager, once they are shown again.
+    const Neighbour dialog;
+    QTRY_VERIFY_WITH_TIMEOUT(!Screen::isManaged() || isAbove(dialog.winId()), kLimit);
+    send("state|show");
+    QTRY_VERIFY_WITH_TIMEOUT(isAbove(dialog.winId()), kLimit);
+}
+
+/// Whether the host editor's window shows the drawing in the place of the hint's window and is as it
+/// was before in all other places. Where nothing composes the screen, translucent pixels are cut off
+/// or drawn in full.
+bool tst_GuidanceOnScreen::shows(const QImage &drawing, const QRegion &uncompared, bool composed) const
+{
+    const QPoint corner = places(kHintWindow).value(0).topLeft();
+    const QImage screen = Screen::pixels(kHostRect);
+    for (int y = 0; y < screen.height(); ++y) {
+        for (int x = 0; x < screen.width(); ++x) {
+            const QPoint inside = QPoint(x, y) - corner;
+            const QRgb over = drawing.rect().contains(inside) ? drawing.pixel(inside) : qRgba(0, 0, 0, 0);
+            const QRgb before = mBefore.pixel(x, y);
+            const QRgb seen = screen.pixel(x, y);
+            const auto differs = [&](int (*part)(QRgb)) {
+                const int wanted = (part(over) * qAlpha(over) + part(before) * (255 - qAlpha(over))) / 255;
+                return std::abs(part(seen) - wanted) > 3;
+            };
+            const bool compared = composed || qAlpha(over) == 0 || qAlpha(over) == 255;
+            if (compared && (differs(qRed) || differs(qGreen) || differs(qBlue)) && !uncompared.contains({ x, y })
+                && !kOwnWindow.contains(x, y))
+                return false;
+        }
+    }
+    return true;
+}
+
+/// Whether the step is on the screen and at rest: arrow and icon, a hint of dark words on white and
+/// the button below it.
+bool tst_GuidanceOnScreen::showsStep(const Step &step, bool composed) const
+{
+    const QPoint rest = step.target + QPoint(step.left ? -308 : 0, step.below ? 165 : 0);
+    const QVector<QRect> buttons = places(kButton);
+    if (!isSeenAt(rest, kHintWindow) || buttons.size() != 1)
+        return false;
+    const QRect window = places(kHintWindow).first();
+    const QPoint corner = window.topLeft() + QPoint(step.left ? 0 : 128, 56);
+    const QRect hint(corner, QSize(256, buttons.first().y() - corner.y()));
+    const QImage text = Screen::pixels(hint & kHostRect);
+    int white = 0;
+    int dark = 0;
+    for (int y = 0; y < text.height(); ++y) {
+        for (int x = 0; x < text.width(); ++x) {
+            white += text.pixel(x, y) == qRgb(255, 255, 255);
+            dark += qGray(text.pixel(x, y)) < 100;
+        }
+    }
+    return dark > 50 && white > text.width() * text.height() / 2
+        && shows(drawing(step), QRegion(hint) + buttons.first(), composed);
+}
+
+void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()
+{
+    const Step normal{ { 300, 200 }, false, false, 0 };
+    const auto send = [this](const Step &step) {
+        update(step.target, QStringLiteral("Click the button."), kNext | kArrow, step.icon);
+    };
+    for (const Step &step : { normal, Step{ normal.target, false, false, 1 }, Step{ normal.target, false, false, 2 },
+                              Step{ normal.target, false, false, kNoIcon }, Step{ { 900, 200 }, false, true, 3 },
+                              Step{ { 900, -60 }, true, true, 4 }, Step{ { 300, -60 }, true, false, 5 }, normal }) {
+        send(step);
+        QVERIFY(waitForStep(step, false));
+    }
+    // The arrow rises and comes back.
+    const QPoint head = places(kHintWindow).first().topLeft() + QPoint(104, 14);
+    const auto isSeen = [&] { return Screen::pixels(kHostRect).pixel(head) != mBefore.pixel(head); };
+    QVERIFY(QTest::qWaitFor([&] { return !isSeen(); }, kLimit));
+    QVERIFY(QTest::qWaitFor(isSeen, kLimit));
+
+    QProcess compositor;
+    compositor.start(QStringLiteral("picom"),
+                     { QStringLiteral("--backend"), QStringLiteral("xrender"), QStringLiteral("--config"),
+                       QStringLiteral("/dev/null") });
+    QVERIFY(waitForStep(normal, true));
+    send({ { 900, 200 }, false, true, 3 });
+    QVERIFY(waitForStep({ { 900, 200 }, false, true, 3 }, true));
+    update({ 900, 200 }, QString(), 0, kNoIcon);
+    QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+    send(normal);
+    QVERIFY(waitForStep(normal, true));
+    compositor.terminate();
+    QTRY_COMPARE(compositor.state(), QProcess::NotRunning);
+    QVERIFY(waitForStep(normal, false));
+
+    for (const char *message : { "state|hide", "stop" }) {
+        this->send(message);
+        QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+        this->send(qstrcmp(message, "stop") == 0 ? "start|0|0|1000|700" : "state|show");
+        QVERIFY(waitForStep(normal, false));
+    }
+    update(normal.target, QString(), 0, kNoIcon);
+    QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+}
+
+void tst_GuidanceOnScreen::tipComesAndGoes()
+{
+    update({ 300, 200 }, QString(), 0, kNoIcon);
+    QTRY_VERIFY_WITH_TIMEOUT(isSeenAt({ 300, 200 }, kHintWindow) && showsNothing(), kLimit);
+    const auto isSeen = [&] { return Screen::pixels(kHostRect).pixel(100, 600) != mBefore.pixel(100, 600); };
+    for (const bool hidden : { true, false }) {
+        send("showTooltip|<table width=40 height=20><tr><td>tip</table>|100|600");
+        QTRY_VERIFY_WITH_TIMEOUT(!places(kTip).isEmpty(), kLimit);
+        QVERIFY(showsNothing());
+        QTRY_VERIFY_WITH_TIMEOUT(isSeen(), kLimit);
+        if (hidden)
+            send("hideTooltip");
+        QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+    }
+}
+
+QTEST_MAIN(tst_GuidanceOnScreen)
 #include "tst_GuidanceOnScreen.moc"
