@@ -5,7 +5,7 @@
 #include "Tutorial/guidance/GuidanceVisibility.h"
 #include "Tutorial/guidance/GuidanceWindows.h"
 #include "Tutorial/guidance/HostWindows.h"
-#include "Tutorial/link/HostRecordReader.h"
+#include "Tutorial/link/HostLink.h"
 
 #include <QHash>
 #include <QMimeData>
@@ -13,13 +13,10 @@
 #include <QPoint>
 #include <QStringList>
 #include <QTimer>
-#include <QVector>
 
-#include <functional>
 #include <memory>
 
 class QJSEngine;
-class QLocalSocket;
 class QQmlEngine;
 class TutorialTranslation;
 
@@ -51,8 +48,9 @@ public:
     static QObject *create(QQmlEngine *engine, QJSEngine *scriptEngine);
 
     // The link.
-    void sendMessage(const QString &text) override;
-    Q_INVOKABLE bool connected() const { return mHostConnected; }
+    /// Sends one message. It is dropped without a word while there is no link.
+    void sendMessage(const QString &text);
+    Q_INVOKABLE bool connected() const { return mLink.isConnected(); }
     /// Closes the log and ends the process with the exit code 0. Does not return.
     Q_INVOKABLE void requestClose();
     Q_INVOKABLE void callbackCoffeeJs(int key, const QString &result);
@@ -69,6 +67,7 @@ public:
     void setPosition(const QString &key, int x, int y);
     void dropPopupWindowKey() override;
     void updateGuidanceVisibility() override;
+    void pressed(Button button) override;
     void editorTooltipClosed() override;
     QRect hostRect() const override { return mHostWindows.hostRect(); }
     bool isGuidanceRunning() const override { return mVisibility.isRunning(); }
@@ -177,12 +176,10 @@ private:
     void onRequestPresetData(const QStringList &fields);
     void onShowTooltip(const QStringList &fields);
     void onHideTooltip(const QStringList &fields);
-    void onIgnored(const QStringList &fields);
 
     void connectToHost(const QString &suffix);
     void startGuidance();
     void stopGuidance();
-    void showStep(const QStringList &fields);
 
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
@@ -192,12 +189,8 @@ private:
     HostWindows mHostWindows;
     GuidanceWindows mGuidanceWindows;
     GuidanceVisibility mVisibility;
-    QLocalSocket *mSocket = nullptr; // a child; null when there is no link
-    HostRecordReader mReader;
+    HostLink mLink;
     int mTickTimerId = 0;
-    int mSilenceTicks = 0;
-    int mAliveTicks = 0;
-    bool mHostConnected = false;
     bool mModified = false;
     QString mPendingJumpLink;
     QTimer mDeferredTimer;

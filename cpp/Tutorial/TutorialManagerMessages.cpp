@@ -21,7 +21,7 @@ constexpr char kFolder[] = "cpp/Tutorial";
 /// Messages that come too often to be worth a line of the log each.
 bool isLogged(const QString &text)
 {
-    static const QString coordinates = HostMessages::message(FromHost::kEventLog, FromHost::kCoords);
+    static const QString coordinates = message(FromHost::kEventLog, FromHost::kCoords);
     return !text.startsWith(FromHost::kAlive) && !text.startsWith(coordinates);
 }
 } // namespace
@@ -43,26 +43,17 @@ const QHash<QString, TutorialManager::MessageHandler> &TutorialManager::messageH
         { FromHost::kRequestPresetData, &TutorialManager::onRequestPresetData },
         { FromHost::kShowTooltip, &TutorialManager::onShowTooltip },
         { FromHost::kHideTooltip, &TutorialManager::onHideTooltip },
-        // Accepted, and nothing follows.
-        { FromHost::kAlive, &TutorialManager::onIgnored },
-        { FromHost::kContents, &TutorialManager::onIgnored },
-        { FromHost::kLog, &TutorialManager::onIgnored },
     };
     return handlers;
 }
 
 void TutorialManager::onReceived(const QString &text)
 {
-    const QStringList fields = HostMessages::split(text);
+    const QStringList fields = split(text);
     if (isLogged(text))
         Log::debug(kFolder, "TutorialManager::onReceived", __LINE__) << fields;
-    const MessageHandler handler = messageHandlers().value(fields.first(), &TutorialManager::onIgnored);
-    (this->*handler)(fields);
-}
-
-void TutorialManager::onIgnored(const QStringList &fields)
-{
-    Q_UNUSED(fields)
+    if (const MessageHandler handler = messageHandlers().value(fields.first()))
+        (this->*handler)(fields);
 }
 
 void TutorialManager::onCoffeeJs(const QStringList &fields)
@@ -71,20 +62,13 @@ void TutorialManager::onCoffeeJs(const QStringList &fields)
         return;
     QVariant result;
     QMetaObject::invokeMethod(rootObject, "requestCoffeeJs", Q_RETURN_ARG(QVariant, result),
-                              Q_ARG(QVariant, HostMessages::text(fields, 1)),
-                              Q_ARG(QVariant, HostMessages::text(fields, 2)));
-}
-
-void TutorialManager::callbackCoffeeJs(int key, const QString &result)
-{
-    Log::debug(kFolder, "TutorialManager::callbackCoffeeJs", __LINE__) << key << result;
-    sendMessage(HostMessages::message(ToHost::kCallbackCoffeeJs, key, result));
+                              Q_ARG(QVariant, text(fields, 1)), Q_ARG(QVariant, text(fields, 2)));
 }
 
 void TutorialManager::onStart(const QStringList &fields)
 {
-    if (HostMessages::hasHostRect(fields))
-        mHostWindows.setHostRect(HostMessages::readHostRect(fields));
+    if (hasHostRect(fields))
+        mHostWindows.setHostRect(readHostRect(fields));
     startGuidance();
 }
 
@@ -109,7 +93,7 @@ void TutorialManager::stopGuidance()
 void TutorialManager::onTutorialList(const QStringList &fields)
 {
     Q_UNUSED(fields)
-    sendMessage(HostMessages::message(ToHost::kTutorialList, getTutorialJson()));
+    sendMessage(message(ToHost::kTutorialList, getTutorialJson()));
 }
 
 void TutorialManager::onIndicator(const QStringList &fields)
@@ -117,40 +101,48 @@ void TutorialManager::onIndicator(const QStringList &fields)
     TutorialIndicator *indicator = mGuidanceWindows.indicator();
     if (!indicator)
         return;
-    const QString command = HostMessages::text(fields, 1);
+    const QString command = text(fields, 1);
     if (command == FromHost::kUpdate) {
-        showStep(fields);
+        const Step step = readStep(fields);
+        indicator->setTargetWindowOffset(step.x, step.y, step.windowKey, step.arrowVisible);
+        indicator->setHint(step.hint);
+        indicator->init(step.nextVisible, step.yesNoVisible);
+        indicator->mIconType = step.iconType;
+        mGuidanceWindows.showTooltip();
     } else if (command == FromHost::kUpdateXy) {
-        indicator->mTargetX = HostMessages::number(fields, 2);
-        indicator->mTargetY = HostMessages::number(fields, 3);
+        indicator->mTargetX = number(fields, 2);
+        indicator->mTargetY = number(fields, 3);
     }
-}
-
-void TutorialManager::showStep(const QStringList &fields)
-{
-    const HostMessages::Step step = HostMessages::readStep(fields);
-    TutorialIndicator *indicator = mGuidanceWindows.indicator();
-    indicator->setTargetWindowOffset(step.x, step.y, step.windowKey, step.arrowVisible);
-    indicator->setHint(step.hint);
-    indicator->init(step.nextVisible, step.yesNoVisible);
-    indicator->mIconType = step.iconType;
-    mGuidanceWindows.showTooltip();
 }
 
 void TutorialManager::onState(const QStringList &fields)
 {
     if (!mGuidanceWindows.indicator())
         return;
-    const QString state = HostMessages::text(fields, 1);
+    const QString state = text(fields, 1);
     if (state == FromHost::kShow)
         mVisibility.hostShown();
     else if (state == FromHost::kHide)
         mVisibility.hostHidden();
 }
 
+void TutorialManager::onWindowStack(const QStringList &fields)
+{
+    const QString command = text(fields, 1);
+    if (command == FromHost::kPush)
+        mHostWindows.push(text(fields, 2));
+    else if (command == FromHost::kPop)
+        mHostWindows.pop();
+}
+
+void TutorialManager::onPosition(const QStringList &fields)
+{
+    setPosition(text(fields, 1), number(fields, 2), number(fields, 3));
+}
+
 void TutorialManager::onTutorial(const QStringList &fields)
 {
-    const QString name = HostMessages::text(fields, 1);
+    const QString name = text(fields, 1);
     // The writer may have unsaved changes, and what is being typed is known to the screens alone.
     if (isMakingSupported())
         Q_EMIT tutorialRequested(name);
@@ -160,7 +152,7 @@ void TutorialManager::onTutorial(const QStringList &fields)
 
 void TutorialManager::onFromServer(const QStringList &fields)
 {
-    const QString locale = HostMessages::text(fields, 1);
+    const QString locale = text(fields, 1);
     if (locale == FromHost::kRawLocale)
         return;
     const bool standard = locale.isEmpty() || locale == FromHost::kStandardLocale;
@@ -169,7 +161,7 @@ void TutorialManager::onFromServer(const QStringList &fields)
 
 void TutorialManager::onRequestPresetData(const QStringList &fields)
 {
-    const QString name = HostMessages::text(fields, 1);
+    const QString name = text(fields, 1);
     const QString path = getExistsFilename(QStringLiteral("resource/preset/") + name);
     if (!DataSupport::fileExists(path)) {
         Log::warning(kFolder, "TutorialManager::onRequestPresetData", __LINE__)
@@ -181,13 +173,12 @@ void TutorialManager::onRequestPresetData(const QStringList &fields)
         Log::warning(kFolder, "TutorialManager::onRequestPresetData", __LINE__) << "Failed to read" << path;
         return;
     }
-    sendMessage(HostMessages::message(ToHost::kFeedbackPresetData, QString::fromLatin1(bytes.toBase64())));
+    sendMessage(message(ToHost::kFeedbackPresetData, QString::fromLatin1(bytes.toBase64())));
 }
 
 void TutorialManager::onShowTooltip(const QStringList &fields)
 {
-    mGuidanceWindows.showEditorTooltip(HostMessages::text(fields, 1), HostMessages::number(fields, 2),
-                                       HostMessages::number(fields, 3));
+    mGuidanceWindows.showEditorTooltip(text(fields, 1), number(fields, 2), number(fields, 3));
 }
 
 void TutorialManager::onHideTooltip(const QStringList &fields)
@@ -196,7 +187,30 @@ void TutorialManager::onHideTooltip(const QStringList &fields)
     mGuidanceWindows.setEditorTooltipVisible(false);
 }
 
-void TutorialManager::editorTooltipClosed()
+void TutorialManager::callbackCoffeeJs(int key, const QString &result)
 {
-    mGuidanceWindows.forgetEditorTooltip();
+    Log::debug(kFolder, "TutorialManager::callbackCoffeeJs", __LINE__) << key << result;
+    sendMessage(message(ToHost::kCallbackCoffeeJs, key, result));
+}
+
+void TutorialManager::pressed(Button button)
+{
+    switch (button) {
+    case Button::Next:
+        sendMessage(ToHost::kNext);
+        break;
+    case Button::Yes:
+        sendMessage(ToHost::kYes);
+        break;
+    case Button::No:
+        sendMessage(ToHost::kNo);
+        break;
+    }
+}
+
+void TutorialManager::updateIndicatorXyWindowKey(int x, int y, const QString &windowKey)
+{
+    sendMessage(message(ToHost::kIndicator, ToHost::kUpdateXYWindowKey, x, y, windowKey));
+    if (TutorialIndicator *indicator = mGuidanceWindows.indicator())
+        indicator->setTargetWindowOffset(x, y, windowKey, indicator->mArrowVisible);
 }

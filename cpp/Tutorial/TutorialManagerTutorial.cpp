@@ -1,8 +1,10 @@
-// The loaded tutorial: from its file to the host editor and back to its file.
+// The loaded tutorial: from its file to the host editor and back to its file. And the item clipboard, which is the
+// program's own, not the system's.
 
 #include "model/EditHistory.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
+#include "Tutorial/ItemClipboard.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/translation/TutorialTranslation.h"
 #include "Tutorial/TutorialManager.h"
@@ -16,6 +18,7 @@ namespace
 constexpr char kFolder[] = "cpp/Tutorial";
 
 const QLatin1String kSuffix(".js");
+const QString kItemListType = QStringLiteral("TutorialItemData/ItemList");
 
 QString baseName(const QString &filename)
 {
@@ -142,4 +145,40 @@ void TutorialManager::setTutorialName(const QString &name)
         return;
     mTutorialName = name;
     Q_EMIT tutorialNameChanged();
+}
+
+void TutorialManager::copyTutorialItemList(const QList<int> &idList)
+{
+    QString payload;
+    if (ItemClipboard::makePayload(idList, payload))
+        setMimeData(kItemListType, payload.toUtf8());
+}
+
+QList<int> TutorialManager::pasteTutorialItemList()
+{
+    const auto secondHints =
+        isMakingSupported() ? ItemClipboard::SecondHints::Copied : ItemClipboard::SecondHints::LookedUp;
+    return ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)), secondHints);
+}
+
+void TutorialManager::clearMimeData()
+{
+    mMimeData.clear();
+    setMimeType(QStringLiteral("Empty"));
+}
+
+void TutorialManager::setMimeData(const QString &mimeType, const QByteArray &data)
+{
+    Log::debug(kFolder, "TutorialManager::setMimeData", __LINE__) << mimeType << QString::fromUtf8(data);
+    mMimeData.clear();
+    mMimeData.setData(mimeType, data);
+    setMimeType(mimeType);
+}
+
+void TutorialManager::setMimeType(const QString &mimeType)
+{
+    if (mimeType == mMimeType)
+        return;
+    mMimeType = mimeType;
+    Q_EMIT mimeTypeChanged();
 }

@@ -1,11 +1,15 @@
 #include "support/FileBytes.h"
 #include "support/FileSizeLimit.h"
 #include "support/ManagerFixture.h"
+#include "support/WarningGuard.h"
 #include "Tutorial/translation/TranslationXml.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTranslator>
 
 namespace
 {
@@ -270,7 +274,7 @@ void tst_Authoring::movesPlainHintsIntoTheSources()
 
 int main(int argc, char *argv[])
 {
-    const ManagerFixture::Application application(argv[0], ManagerFixture::Application::ownSuffix());
+    const ManagerFixture::Application application(argv[0]);
     tst_Authoring test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -1,83 +1,96 @@
-#include "support/ManagerFixture.h"
+#include "support/HostEnd.h"
+#include "Tutorial/link/HostLink.h"
 
-#include <QProcess>
-
-#include <cstdio>
-
-using namespace ManagerFixture;
-
-namespace
-{
-/// Runs in a process of its own, since the end of the link is the end of the process.
-int runChild()
-{
-    constexpr int survived = 7;
-    closeLogFileHook = [] { std::puts("log closed"); };
-    Manager manager;
-    manager.tick(99);
-    std::puts("99 ticks");
-    manager.tick();
-    return survived;
-}
-} // namespace
-
-class tst_HostLink : public QObject, private Link
+class tst_HostLink : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { begin(); }
-    void cleanup() { end(); }
+    void init();
 
     void sendsAliveOnEachTenthTick();
-    void losesWhatStandsBehindBye();
-    void endsTheProcessWithoutASignOfLife();
+    void losesWhatComesAfterBye();
+    void tellsOfSilence();
+    void isOverWithTheConnection();
+
+private:
+    void tick(int times)
+    {
+        while (times-- > 0)
+            mLink->tick();
+    }
+
+    std::unique_ptr<HostEnd> mHost;
+    std::unique_ptr<HostLink> mLink;
+    QString mEvents;
 };
+
+void tst_HostLink::init()
+{
+    mLink = std::make_unique<HostLink>();
+    mHost = std::make_unique<HostEnd>();
+    mEvents.clear();
+    connect(mLink.get(), &HostLink::connected, this, [this] { mEvents += QLatin1String("connected "); });
+    connect(mLink.get(), &HostLink::received, this,
+            [this](const QString &message) { mEvents += message + QLatin1Char(' '); });
+    connect(mLink.get(), &HostLink::bye, this, [this] { mEvents += QLatin1String("(bye) "); });
+    connect(mLink.get(), &HostLink::silent, this, [this] { mEvents += QLatin1String("silent "); });
+    connect(mLink.get(), &HostLink::disconnected, this, [this] { mEvents += QLatin1String("disconnected "); });
+    // Without a link nothing is sent, kept or missed.
+    tick(200);
+    mLink->send(QStringLiteral("lost"));
+
+    const QString suffix = QStringLiteral("-link-%1").arg(QCoreApplication::applicationPid());
+    QVERIFY(mHost->listen(suffix));
+    mLink->open(HostMessages::serverName(suffix));
+    QVERIFY(mHost->accept());
+    QTRY_COMPARE(mEvents, QStringLiteral("connected "));
+    QVERIFY(mLink->isConnected());
+    mEvents.clear();
+}
 
 void tst_HostLink::sendsAliveOnEachTenthTick()
 {
-    mManager->tick(9);
-    QVERIFY(mHost->silent(*mManager));
-    mManager->tick(10);
-    QCOMPARE(mHost->next(), QStringList{ HostMessages::ToHost::kAlive });
-    QVERIFY(mHost->silent(*mManager));
+    const QStringList alive{ HostMessages::ToHost::kAlive };
+    const QStringList marker{ QStringLiteral("marker") };
+    tick(9);
+    mLink->send(marker.first());
+    tick(10);
+    mLink->send(marker.first());
+    tick(1);
+    for (const QStringList &message : { marker, alive, marker, alive })
+        QCOMPARE(mHost->next(), message);
 }
 
-void tst_HostLink::losesWhatStandsBehindBye()
+void tst_HostLink::losesWhatComesAfterBye()
 {
-    QSignalSpy received(mManager.get(), &TutorialManager::received);
-    mHost->mSocket->write(QByteArray("0\x02start\x02windowStack\x01push\x01"
-                                     "A\x02"
-                                     "bye\x02windowStack\x01push\x01"
-                                     "B\0"
-                                     "0\x02windowStack\x01push\x01"
-                                     "C\0"
-                                     "0\x02windowSt",
-                                     81));
-    QTRY_COMPARE(received.size(), 2);
-    QVERIFY(!mManager->isGuidanceRunning());
-    QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("A"));
-    mHost->mSocket->write(HostRecord::encode(HostRecord::kFromHost, QStringLiteral("windowStack\x01push\x01次")));
-    QTRY_COMPARE(mManager->getCurrentWindowKey(), QStringLiteral("次"));
+    // "|" stands for the byte before a message, "!" for the end of a record.
+    mHost->sendBytes(QByteArray("0|start|A|bye|B!0|C!0|D").replace('|', '\x02').replace('!', '\0'));
+    QTRY_COMPARE(mEvents, QStringLiteral("start A (bye) "));
+    mHost->sendMessage(QStringLiteral("次"));
+    QTRY_COMPARE(mEvents, QStringLiteral("start A (bye) 次 "));
 }
 
-void tst_HostLink::endsTheProcessWithoutASignOfLife()
+void tst_HostLink::tellsOfSilence()
 {
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--child") });
-    QVERIFY(process.waitForFinished(30000));
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("99 ticks\nlog closed\n"));
+    tick(99);
+    mHost->sendMessage(QStringLiteral("A"));
+    QTRY_COMPARE(mEvents, QStringLiteral("A "));
+    tick(99);
+    QCOMPARE(mEvents, QStringLiteral("A "));
+    tick(1);
+    QCOMPARE(mEvents, QStringLiteral("A silent "));
 }
 
-int main(int argc, char *argv[])
+void tst_HostLink::isOverWithTheConnection()
 {
-    const Application application(argv[0], Application::ownSuffix());
-    if (argc == 2 && qstrcmp(argv[1], "--child") == 0)
-        return runChild();
-    tst_HostLink test;
-    return QTest::qExec(&test, argc, argv);
+    mHost->socket().disconnectFromServer();
+    QTRY_COMPARE(mEvents, QStringLiteral("disconnected "));
+    mLink->send(QStringLiteral("lost"));
+    tick(200);
+    QCOMPARE(mEvents, QStringLiteral("disconnected "));
 }
+
+QTEST_GUILESS_MAIN(tst_HostLink)
 
 #include "tst_HostLink.moc"

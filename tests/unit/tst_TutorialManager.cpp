@@ -1,83 +1,138 @@
 #include "support/FileBytes.h"
+#include "support/HostEnd.h"
 #include "support/ManagerFixture.h"
+#include "support/WarningGuard.h"
 
-#include <QLibraryInfo>
 #include <QProcess>
-#include <QResource>
-
-using namespace ManagerFixture;
+#include <QTemporaryDir>
+#include <QTranslator>
 
 namespace
 {
-const QString kEmptyScenario = QStringLiteral("var scenario = [\n\n];");
+/// Runs in a process of its own, which the end of the link ends.
+int runChild()
+{
+    closeLogFileHook = [] { std::puts("log closed"); };
+    ManagerFixture::Manager().tick(100);
+    return 7;
+}
 } // namespace
 
-class tst_TutorialManager : public QObject, private Link
+class tst_TutorialManager : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init() { begin(); }
-    void cleanup() { end(); }
+    void init();
+    void cleanup();
 
+    void carriesOutWhatTheLinkBrings();
     void sendsTheScenarioThatIsThere();
-    void answersForFilesAlone();
+    void answersWithPresetData();
     void defersJumpLinks();
     void switchesTheLocale();
+    void closesTheLogAtTheEnd();
+
+private:
+    /// What has gone to the host editor since the last call: the messages, their fields parted by "|".
+    QString sent()
+    {
+        const QString end = QStringLiteral("end");
+        mManager->sendMessage(end);
+        QStringList messages;
+        for (QStringList fields = mHost->next(); fields.value(0, end) != end; fields = mHost->next())
+            messages += fields.join(QLatin1Char('|'));
+        return messages.join(QLatin1Char(' '));
+    }
+
+    QTemporaryDir mFolder;
+    std::unique_ptr<HostEnd> mHost;
+    std::unique_ptr<ManagerFixture::Manager> mManager;
+    WarningGuard mWarnings;
 };
 
-void tst_TutorialManager::initTestCase()
+void tst_TutorialManager::init()
 {
-    const QTemporaryDir folder;
-    writeAll(folder.filePath(QStringLiteral("Broken.js")), "var scenario = [{\"id\":1,\"hint\":qsTr(\"open];");
-    writeAll(folder.filePath(QStringLiteral("Percent.js")),
-             "var scenario = [{\"id\":7,\"name\":\"%2\",\"hint\":\"%1 and %3\"}];");
-    writeAll(
-        folder.filePath(QStringLiteral("a.qrc")),
-        "<RCC><qresource prefix=\"/qml/Tutorial\"><file>Broken.js</file><file>Percent.js</file></qresource></RCC>");
-    const QString packed = folder.filePath(QStringLiteral("a.rcc"));
-    QCOMPARE(QProcess::execute(QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/rcc"),
-                               { QStringLiteral("--binary"), folder.filePath(QStringLiteral("a.qrc")),
-                                 QStringLiteral("-o"), packed }),
-             0);
-    QVERIFY(QResource::registerResource(packed));
+    mWarnings.begin();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder.path());
+    QSettings().clear();
+    mHost = std::make_unique<HostEnd>();
+    QVERIFY(mHost->listen(QCoreApplication::arguments().at(1)));
+    mManager = std::make_unique<ManagerFixture::Manager>();
+    QVERIFY(mHost->accept());
+    QTRY_VERIFY(mManager->connected());
+}
+
+void tst_TutorialManager::cleanup()
+{
+    mManager.reset();
+    mHost.reset();
+    qDeleteAll(qApp->findChildren<QTranslator *>());
+    mWarnings.end();
+}
+
+void tst_TutorialManager::carriesOutWhatTheLinkBrings()
+{
+    const QSignalSpy keys(mManager.get(), &TutorialManager::currentWindowKeyChanged);
+    for (const char *message : { "start", "windowPosition|A|-3|4", "windowPosition||5|6", "controlPosition|B|7|8",
+                                 "windowStack|push|A", "windowStack|push|Popup", "bye" })
+        mHost->sendMessage(QString::fromLatin1(message).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
+    QTRY_COMPARE(keys.size(), 3);
+    QTRY_VERIFY(!mManager->isGuidanceRunning());
+    QCOMPARE(mManager->getXy(QStringLiteral("A")), QPoint(-3, 4));
+    QCOMPARE(mManager->getXy(QStringLiteral("B")), QPoint(7, 8));
+    QCOMPARE(mManager->getXy(QString()), QPoint());
+    mManager->dropPopupWindowKey();
+    QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("A"));
+    mManager->receive({ "windowStack|pop", "windowStack|pop" });
+    QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("ApplicationWindow"));
+    QCOMPARE(keys.size(), 5);
+
+    mManager->updateIndicatorXyWindowKey(-1, 2, QStringLiteral("A"));
+    QCOMPARE(sent(), QStringLiteral("indicator|updateXYWindowKey|-1|2|A"));
 }
 
 void tst_TutorialManager::sendsTheScenarioThatIsThere()
 {
+    const QString nothing = QStringLiteral("start|var scenario = [\n\n];|");
     mManager->startFromId(3);
-    QCOMPARE(mHost->next(), (QStringList{ HostMessages::ToHost::kStart, kEmptyScenario, QStringLiteral("3") }));
-    mManager->receive("tutorial|Percent");
-    const QStringList loaded = mHost->next();
-    QVERIFY(loaded.value(1).contains(QLatin1String("\"name\":\"%2\",")));
-    QVERIFY(loaded.value(1).contains(QLatin1String("\"hint\":\"%1 and %3\",")));
-    mManager->receive("tutorial|Missing");
-    QCOMPARE(mHost->next(), loaded);
+    QCOMPARE(sent(), QString(nothing + QLatin1Char('3')));
 
-    // A broken one leaves nothing, and does not start.
+    const QString file = mFolder.filePath(QStringLiteral("a.js"));
+    writeAll(file, "var scenario = [{\"id\":7,\"name\":\"%2\",\"hint\":\"%1 and %3\"}];");
+    QCOMPARE(mManager->loadTutorial(file), QString());
+    // One that is missing changes nothing but the name.
+    mManager->receive({ "tutorial|Missing" });
+    QCOMPARE(mManager->tutorialName(), QStringLiteral("Missing"));
+    const QString loaded = sent();
+    QVERIFY(loaded.contains(QLatin1String("\"name\":\"%2\",")) && loaded.endsWith(QLatin1String("|-1")));
+    QVERIFY(loaded.contains(QLatin1String("\"hint\":\"%1 and %3\",")));
+
+    // One that is none leaves nothing, and does not start.
     mWarnings.expect(QStringLiteral("Json parse error"));
-    mWarnings.expect(QStringLiteral("Failed to loadTutorial \"not matched"));
-    mManager->receive("tutorial|Broken");
-    QVERIFY(mHost->silent(*mManager));
+    mWarnings.expect(QStringLiteral("Failed to loadTutorial"));
+    mManager->receive({ "tutorial|TutorialList" });
+    QCOMPARE(sent(), QString());
     mManager->startFromId();
-    QCOMPARE(mHost->next().value(1), kEmptyScenario);
-
-    mManager->loadTutorial(QStringLiteral(":/qml/Tutorial/Percent.js"));
+    QCOMPARE(sent(), QString(nothing + QLatin1String("-1")));
+    mManager->loadTutorial(file);
     mManager->unload();
     mManager->startFromId();
-    QCOMPARE(mHost->next().value(1), kEmptyScenario);
+    QCOMPARE(sent(), QString(nothing + QLatin1String("-1")));
     QCOMPARE(mManager->save(), QStringLiteral("Tutorial not loaded yet."));
 }
 
-void tst_TutorialManager::answersForFilesAlone()
+void tst_TutorialManager::answersWithPresetData()
 {
-    mManager->receive("requestPresetData|../../qml/Tutorial/Percent.js");
-    QCOMPARE(mHost->next().first(), QString(HostMessages::ToHost::kFeedbackPresetData));
+    mManager->receive({ "requestPresetData|../png/click.png" });
+    const QString picture = QString::fromLatin1(readAll(QStringLiteral(":/resource/png/click.png")).toBase64());
+    QCOMPARE(sent(), QString(QLatin1String("feedbackPresetData|") + picture));
+    // Neither one that is missing nor a folder has an answer.
+    mWarnings.expect(QStringLiteral("presetData not found \":/resource/preset/missing\""));
     mWarnings.expect(QStringLiteral("Failed to open"));
     mWarnings.expect(QStringLiteral("Failed to read"));
-    mManager->receive("requestPresetData|../../qml/Tutorial");
-    QVERIFY(mHost->silent(*mManager));
+    mManager->receive({ "requestPresetData|missing", "requestPresetData|../png" });
+    QCOMPARE(sent(), QString());
 }
 
 void tst_TutorialManager::defersJumpLinks()
@@ -117,13 +172,24 @@ void tst_TutorialManager::switchesTheLocale()
     mManager->setLocale(english);
     QCOMPARE(QCoreApplication::translate("TutorialIndicator", "Next"), QString::fromUtf8("次へ"));
     mManager->setLocale(raw);
-    mManager = std::make_unique<Manager>();
+    mManager = std::make_unique<ManagerFixture::Manager>();
     QCOMPARE(state(), QStringLiteral("Raw ja_JP 4 Raw"));
+}
+
+void tst_TutorialManager::closesTheLogAtTheEnd()
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--child") });
+    QVERIFY(process.waitForFinished(30000));
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("log closed\n"));
 }
 
 int main(int argc, char *argv[])
 {
-    const Application application(argv[0], Application::ownSuffix());
+    const ManagerFixture::Application application(argv[0]);
+    if (argc == 2 && qstrcmp(argv[1], "--child") == 0)
+        return runChild();
     tst_TutorialManager test;
     return QTest::qExec(&test, argc, argv);
 }

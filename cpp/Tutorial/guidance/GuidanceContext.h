@@ -1,18 +1,19 @@
 #pragma once
 
 #include <QRect>
-#include <QString>
 
-/// What the guidance windows need of the program round them. The manager of the link implements it;
-/// a test stands in for it with a few lines. The windows don't own it, and it outlives them.
+/// What the guidance windows need of the program round them. The manager implements it; a test stands in
+/// for it with a few lines. The windows don't own it, and it outlives them.
 class GuidanceContext
 {
 public:
+    enum class Button { Next, Yes, No };
+
     GuidanceContext() = default;
     virtual ~GuidanceContext();
 
-    /// Sends one message to the host editor. It is dropped without a word while there is no link.
-    virtual void sendMessage(const QString &text) = 0;
+    /// The user has pressed a button of the step.
+    virtual void pressed(Button button) = 0;
     /// One of the windows has become the active one: a "Popup" on top of the host's window stack is gone.
     virtual void dropPopupWindowKey() = 0;
     /// Shows or hides every guidance window by the state of the host editor and of this process.

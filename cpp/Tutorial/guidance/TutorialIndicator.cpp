@@ -128,17 +128,17 @@ void TutorialIndicator::showButtons()
 
 void TutorialIndicator::nextClicked()
 {
-    mManager->sendMessage(QStringLiteral("next"));
+    mManager->pressed(GuidanceContext::Button::Next);
 }
 
 void TutorialIndicator::yesClicked()
 {
-    mManager->sendMessage(QStringLiteral("yes"));
+    mManager->pressed(GuidanceContext::Button::Yes);
 }
 
 void TutorialIndicator::noClicked()
 {
-    mManager->sendMessage(QStringLiteral("no"));
+    mManager->pressed(GuidanceContext::Button::No);
 }
 
 void TutorialIndicator::timerEvent(QTimerEvent *)

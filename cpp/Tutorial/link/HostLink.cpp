@@ -1,0 +1,77 @@
+#include "Tutorial/link/HostLink.h"
+
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
+
+#include <QLocalSocket>
+
+namespace
+{
+constexpr int kSilentTicks = 100;
+constexpr int kAliveTicks = 10;
+} // namespace
+
+HostLink::HostLink() : mReader(HostRecord::kFromHost) { }
+
+HostLink::~HostLink()
+{
+    // Its signals must not reach an object that is half gone.
+    if (mSocket)
+        mSocket->disconnect(this);
+}
+
+void HostLink::open(const QString &serverName)
+{
+    mSocket = new QLocalSocket(this);
+    connect(mSocket, &QLocalSocket::readyRead, this, &HostLink::onReadyRead);
+    connect(mSocket, &QLocalSocket::connected, this, &HostLink::onConnected);
+    connect(mSocket, &QLocalSocket::disconnected, this, &HostLink::onDisconnected);
+    mSocket->connectToServer(serverName, QIODevice::ReadWrite);
+}
+
+void HostLink::onConnected()
+{
+    mHostConnected = true;
+    Q_EMIT connected();
+}
+
+void HostLink::onDisconnected()
+{
+    mSocket = nullptr;
+    Q_EMIT disconnected();
+}
+
+void HostLink::send(const QString &message)
+{
+    if (mSocket && mHostConnected)
+        mSocket->write(HostRecord::encode(HostRecord::kToHost, message));
+}
+
+void HostLink::onReadyRead()
+{
+    if (!mSocket)
+        return;
+    // Any byte is a sign of life.
+    mSilenceTicks = 0;
+    const QStringList messages = mReader.read(mSocket->readAll());
+    for (const QString &message : messages) {
+        if (HostMessages::name(message) == HostMessages::FromHost::kBye) {
+            mReader.clear();
+            Q_EMIT bye();
+            return;
+        }
+        Q_EMIT received(message);
+    }
+}
+
+void HostLink::tick()
+{
+    if (!mSocket)
+        return;
+    if (++mSilenceTicks >= kSilentTicks)
+        Q_EMIT silent();
+    if (++mAliveTicks >= kAliveTicks) {
+        mAliveTicks = 0;
+        send(HostMessages::ToHost::kAlive);
+    }
+}

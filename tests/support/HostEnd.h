@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Tutorial/link/HostMessages.h"
+#include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/HostRecordReader.h"
+
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QtTest>
+
+#include <memory>
+
+/// The host editor's end of the link: listens, takes one connection, and keeps what comes over it.
+class HostEnd
+{
+public:
+    HostEnd() : mReader(HostRecord::kToHost) { }
+
+    bool listen(const QString &suffix)
+    {
+        const QString name = HostMessages::serverName(suffix);
+        QLocalServer::removeServer(name);
+        return mServer.listen(name);
+    }
+
+    /// Waits for the connection.
+    bool accept(int timeout = 20000)
+    {
+        const bool came = QTest::qWaitFor([this] { return mServer.hasPendingConnections(); }, timeout);
+        mSocket.reset(mServer.nextPendingConnection());
+        return came;
+    }
+
+    QLocalSocket &socket() { return *mSocket; }
+    void sendBytes(const QByteArray &bytes) { mSocket->write(bytes); }
+    void sendMessage(const QString &message) { sendBytes(HostRecord::encode(HostRecord::kFromHost, message)); }
+
+    /// The fields of the next message; empty when none comes within the time in milliseconds.
+    QStringList next(int timeout = 10000)
+    {
+        const bool came = QTest::qWaitFor(
+            [this] {
+                mMessages += mReader.read(mSocket->readAll());
+                return !mMessages.isEmpty();
+            },
+            timeout);
+        return came ? HostMessages::split(mMessages.takeFirst()) : QStringList();
+    }
+
+private:
+    QLocalServer mServer;
+    std::unique_ptr<QLocalSocket> mSocket; // goes before the server, which would free it too
+    HostRecordReader mReader;
+    QStringList mMessages;
+};
