@@ -95,13 +95,15 @@ private Q_SLOTS:
     void tipComesAndGoes();
 
 private:
-    void send(const char *fields) { mHost->send(QString::fromUtf8(fields).split(QLatin1Char('|'))); }
+    void send(const char *fields)
+    {
+        mHost->sendMessage(QString::fromUtf8(fields).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
+    }
     /// Sends a step, its buttons and arrow by the flags.
     void update(const QPoint &target, const QString &hint, int flags, int icon)
     {
-        mHost->send({ QStringLiteral("indicator"), QStringLiteral("update"), QString::number(target.x()),
-                      QString::number(target.y()), QStringLiteral("MainWindow"), hint, QString::number(flags),
-                      QString::number(icon) });
+        mHost->send(HostMessages::FromHost::kIndicator, HostMessages::FromHost::kUpdate, target.x(), target.y(),
+                    QStringLiteral("MainWindow"), hint, flags, icon);
     }
     QVector<Screen::Window> windows() const { return Screen::windows(mHost->process().processId()); }
     /// The places of the windows of that size.
