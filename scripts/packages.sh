@@ -23,7 +23,7 @@ packages_to_run=(
 packages_without_display=(xvfb openbox picom xdotool x11-utils)
 
 # shellcheck disable=SC2034
-packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck)
+packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3)
 
 # Fetch the script compiler. They come from many places other than Debian's
 # packages, so the commands themselves are looked for.
