@@ -7,6 +7,7 @@ that the program shows. With --auto the buttons are pressed by xdotool instead o
 
 import argparse
 import os
+import shutil
 import socket
 import subprocess
 import sys
@@ -144,6 +145,8 @@ def main():
     parser.add_argument("program", help="the program to start")
     parser.add_argument("--auto", action="store_true", help="press the buttons with xdotool")
     arguments = parser.parse_args()
+    if arguments.auto and not shutil.which("xdotool"):
+        parser.error("--auto needs xdotool")
 
     link = Link(arguments.program)
     link.send("fromServer", "en_US")
