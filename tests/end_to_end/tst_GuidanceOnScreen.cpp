@@ -1,5 +1,6 @@
 #include "support/HostPeer.h"
 #include "support/Screen.h"
+#include "Tutorial/link/HostMessages.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -13,6 +14,8 @@
 
 namespace
 {
+using namespace HostMessages::FromHost;
+
 const QString kProgram = QStringLiteral(TRELVANE_PROGRAM);
 const QSize kHintWindow(640, 480);
 const QSize kButton(64, 32);
@@ -21,8 +24,8 @@ const QRect kHostRect(0, 0, 1000, 700);
 // The program's own window, of one pixel, which a window manager keeps on the screen.
 const QRect kOwnWindow(0, 0, 8, 8);
 const QPoint kElsewhere(20, 20);
-constexpr int kNext = 1;
-constexpr int kYesNo = 2;
+constexpr int kNextButton = 1;
+constexpr int kYesNoButtons = 2;
 constexpr int kArrow = 4;
 constexpr int kNoIcon = 6;
 constexpr int kArrowAtRest = 16;
@@ -81,12 +84,16 @@ class tst_GuidanceOnScreen : public QObject
 {
     Q_OBJECT
 
+public:
+    tst_GuidanceOnScreen()
+    {
+        connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send(kAlive); });
+    }
+
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
 
-    void isFirstSeenWhereItIsPlaced();
     void neighbourKeepsTheKeyboard();
     void clicksGoThrough();
     void buttonsTakeClicksAndNoKeys();
@@ -95,16 +102,12 @@ private Q_SLOTS:
     void tipComesAndGoes();
 
 private:
-    void send(const char *fields)
-    {
-        mHost->sendMessage(QString::fromUtf8(fields).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
-    }
-    /// Sends a step, its buttons and arrow by the flags.
+    /// A step, its buttons and arrow by the flags.
     void update(const QPoint &target, const QString &hint, int flags, int icon)
     {
-        mHost->send(HostMessages::FromHost::kIndicator, HostMessages::FromHost::kUpdate, target.x(), target.y(),
-                    QStringLiteral("MainWindow"), hint, flags, icon);
+        mHost->send(kIndicator, kUpdate, target.x(), target.y(), QStringLiteral("MainWindow"), hint, flags, icon);
     }
+    void start() { mHost->send(kStart, kHostRect.x(), kHostRect.y(), kHostRect.width(), kHostRect.height()); }
     QVector<Screen::Window> windows() const { return Screen::windows(mHost->process().processId()); }
     /// The places of the windows of that size.
     QVector<QRect> places(const QSize &size) const
@@ -116,12 +119,11 @@ private:
         }
         return places;
     }
-    /// Whether a window stands there; it may come to rest up to three pixels short.
-    bool isSeenAt(const QPoint &place, const QSize &size) const
+    /// Whether the window of the hint stands there; it may come to rest up to three pixels short.
+    bool isSeenAt(const QPoint &place) const
     {
-        const QRect around(place - QPoint(3, 3), QSize(7, 7));
-        const QVector<QRect> all = places(size);
-        return std::any_of(all.begin(), all.end(), [&](const QRect &each) { return around.contains(each.topLeft()); });
+        const QVector<QRect> all = places(kHintWindow);
+        return !all.isEmpty() && QRect(place - QPoint(3, 3), QSize(7, 7)).contains(all.first().topLeft());
     }
     bool isAbove(WId other) const;
     bool shows(const QImage &drawing, const QRegion &uncompared, bool composed) const;
@@ -139,11 +141,6 @@ private:
     QTimer mAlive;
 };
 
-void tst_GuidanceOnScreen::initTestCase()
-{
-    connect(&mAlive, &QTimer::timeout, this, [this] { send("alive"); });
-}
-
 void tst_GuidanceOnScreen::init()
 {
     mNeighbour = std::make_unique<Neighbour>();
@@ -153,7 +150,8 @@ void tst_GuidanceOnScreen::init()
     mAlive.start(1000);
 
     mBefore = Screen::pixels(kHostRect);
-    send("start|0|0|1000|700");
+    start();
+    // First seen where it is placed.
     QTRY_COMPARE(places(kHintWindow), QVector<QRect>{ QRect(QPoint(), kHintWindow) });
     // The log window may ask for the activation once; the user goes back to work after that.
     Screen::xdotool({ QStringLiteral("windowfocus"), QString::number(mNeighbour->winId()) });
@@ -167,26 +165,20 @@ void tst_GuidanceOnScreen::cleanup()
     mNeighbour.reset();
 }
 
-void tst_GuidanceOnScreen::isFirstSeenWhereItIsPlaced()
-{
-    // The window of the hint was looked at by init().
-    send("showTooltip|<table width=100 height=60><tr><td>tip</table>|300|200");
-    QTRY_VERIFY_WITH_TIMEOUT(!places(kTip).isEmpty(), kLimit);
-    const QRect near(QPoint(230, 150), QPoint(260, 180));
-    QVERIFY(near.contains(places(kTip).first().topLeft()));
-}
-
 void tst_GuidanceOnScreen::neighbourKeepsTheKeyboard()
 {
-    const QString text = QStringLiteral("abcdefghijklmnopqrstuvwxyz").repeated(40);
+    const QString text = QStringLiteral("abcdefghijklmnopqrstuvwxyz").repeated(20);
     QProcess typist;
     typist.start(QStringLiteral("xdotool"),
                  { QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("5"), text });
-    const char *const changes[] = { "stop", "start", "state|hide", "state|show" };
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 500; ++i) {
         update(QPoint(i % 3 * 400, i % 5 * 150 - 200), QStringLiteral("Step %1").arg(i), i % 8, i % 7);
-        if (i % 5 == 0)
-            send(changes[i / 5 % 4]);
+        if (i % 20 == 0)
+            mHost->send(kStop);
+        if (i % 20 == 5)
+            start();
+        if (i % 10 == 8)
+            mHost->send(kState, i % 20 == 8 ? kHide : kShow);
         QTest::qWait(5);
     }
     QTRY_COMPARE_WITH_TIMEOUT(typist.state(), QProcess::NotRunning, 60000);
@@ -200,7 +192,7 @@ void tst_GuidanceOnScreen::clicksGoThrough()
     for (int round = 0; round < 3; ++round) {
         const QPoint place(100 + round * 40, 80);
         update(place, QStringLiteral("Click the button."), kArrow, 0);
-        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place, kHintWindow), kLimit);
+        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place), kLimit);
         QList<QPoint> points{ kElsewhere };
         // The arrow's tip, the icon, the hint, the empty rest of the window.
         for (const QPoint &inside : { QPoint(38, 130), QPoint(140, 20), QPoint(200, 70), QPoint(500, 400) })
@@ -210,23 +202,23 @@ void tst_GuidanceOnScreen::clicksGoThrough()
             Screen::click(point);
         QTRY_COMPARE(mNeighbour->mClicks, points);
         // A window that was hidden gets a new frame.
-        send("state|show");
+        mHost->send(kState, kShow);
     }
 }
 
 void tst_GuidanceOnScreen::buttonsTakeClicksAndNoKeys()
 {
     const QPoint place(200, 100);
-    const auto press = [&](int flags, int x, const char *answer) {
+    const auto press = [&](int flags, int x, QLatin1String answer) {
         update(place, QStringLiteral("Now?"), flags, 0);
-        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place, kHintWindow) && places(kButton).size() == flags, kLimit);
+        QTRY_VERIFY_WITH_TIMEOUT(isSeenAt(place) && places(kButton).size() == flags, kLimit);
         const QRect button = places(kButton).first();
         Screen::click(QPoint(place.x() + x, button.center().y()));
-        QVERIFY2(!mHost->waitForMessage(QLatin1String(answer)).isEmpty(), answer);
+        QVERIFY2(!mHost->waitForMessage(answer).isEmpty(), answer.data());
     };
-    press(kNext, 160, "next");
-    press(kYesNo, 140, "yes");
-    press(kYesNo, 220, "no");
+    press(kNextButton, 160, HostMessages::ToHost::kNext);
+    press(kYesNoButtons, 140, HostMessages::ToHost::kYes);
+    press(kYesNoButtons, 220, HostMessages::ToHost::kNo);
     Screen::xdotool({ QStringLiteral("type"), QStringLiteral("after") });
     QTRY_COMPARE(mNeighbour->mTyped, QStringLiteral("after"));
     QVERIFY(mNeighbour->mClicks.isEmpty());
@@ -252,13 +244,13 @@ bool tst_GuidanceOnScreen::isAbove(WId other) const
 // Hidden and shown in one go, the windows stay above a neighbour that is raised by each click.
 void tst_GuidanceOnScreen::staysAbove()
 {
-    send("showTooltip|tip|600|300");
-    update(QPoint(200, 100), QStringLiteral("Now?"), kNext | kYesNo | kArrow, 0);
+    mHost->send(kShowTooltip, QStringLiteral("tip"), 600, 300);
+    update(QPoint(200, 100), QStringLiteral("Now?"), kNextButton | kYesNoButtons | kArrow, 0);
     QTRY_VERIFY_WITH_TIMEOUT(isAbove(mNeighbour->winId()), kLimit);
     int lost = 0;
-    for (int round = 0; round < 50; ++round) {
+    for (int round = 0; round < 20; ++round) {
         Screen::xdotool({ QStringLiteral("windowraise"), QString::number(mNeighbour->winId()) });
-        send("state|show");
+        mHost->send(kState, kShow);
         Screen::click({ 700 + round, 600 });
         QTRY_COMPARE(mNeighbour->mClicks.size(), round + 1);
         lost += !QTest::qWaitFor([this] { return isAbove(mNeighbour->winId()); }, 1000);
@@ -268,7 +260,7 @@ void tst_GuidanceOnScreen::staysAbove()
     // A window that opens later goes below them too; without a window manager, once they are shown again.
     const Neighbour dialog;
     QTRY_VERIFY_WITH_TIMEOUT(!Screen::isManaged() || isAbove(dialog.winId()), kLimit);
-    send("state|show");
+    mHost->send(kState, kShow);
     QTRY_VERIFY_WITH_TIMEOUT(isAbove(dialog.winId()), kLimit);
 }
 
@@ -304,7 +296,7 @@ bool tst_GuidanceOnScreen::showsStep(const Step &step, bool composed) const
 {
     const QPoint rest = step.target + QPoint(step.left ? -308 : 0, step.below ? 165 : 0);
     const QVector<QRect> buttons = places(kButton);
-    if (!isSeenAt(rest, kHintWindow) || buttons.size() != 1)
+    if (!isSeenAt(rest) || buttons.size() != 1)
         return false;
     const QRect window = places(kHintWindow).first();
     const QPoint corner = window.topLeft() + QPoint(step.left ? 0 : 128, 56);
@@ -326,7 +318,7 @@ void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()
 {
     const Step normal{ { 300, 200 }, false, false, 0 };
     const auto send = [this](const Step &step) {
-        update(step.target, QStringLiteral("Click the button."), kNext | kArrow, step.icon);
+        update(step.target, QStringLiteral("Click the button."), kNextButton | kArrow, step.icon);
     };
     for (const Step &step : { normal, Step{ normal.target, false, false, 1 }, Step{ normal.target, false, false, 2 },
                               Step{ normal.target, false, false, kNoIcon }, Step{ { 900, 200 }, false, true, 3 },
@@ -355,12 +347,14 @@ void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()
     QTRY_COMPARE(compositor.state(), QProcess::NotRunning);
     QVERIFY(waitForStep(normal, false));
 
-    for (const char *message : { "state|hide", "stop" }) {
-        this->send(message);
-        QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
-        this->send(qstrcmp(message, "stop") == 0 ? "start|0|0|1000|700" : "state|show");
-        QVERIFY(waitForStep(normal, false));
-    }
+    mHost->send(kState, kHide);
+    QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+    mHost->send(kState, kShow);
+    QVERIFY(waitForStep(normal, false));
+    mHost->send(kStop);
+    QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+    start();
+    QVERIFY(waitForStep(normal, false));
     update(normal.target, QString(), 0, kNoIcon);
     QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
 }
@@ -368,15 +362,16 @@ void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()
 void tst_GuidanceOnScreen::tipComesAndGoes()
 {
     update({ 300, 200 }, QString(), 0, kNoIcon);
-    QTRY_VERIFY_WITH_TIMEOUT(isSeenAt({ 300, 200 }, kHintWindow) && showsNothing(), kLimit);
+    QTRY_VERIFY_WITH_TIMEOUT(isSeenAt({ 300, 200 }) && showsNothing(), kLimit);
     const auto isSeen = [&] { return Screen::pixels(kHostRect).pixel(100, 600) != mBefore.pixel(100, 600); };
     for (const bool hidden : { true, false }) {
-        send("showTooltip|<table width=40 height=20><tr><td>tip</table>|100|600");
+        mHost->send(kShowTooltip, QStringLiteral("<table width=40 height=20><tr><td>tip</table>"), 100, 600);
+        // It is unseen for a second, and in its place from the start.
         QTRY_VERIFY_WITH_TIMEOUT(!places(kTip).isEmpty(), kLimit);
-        QVERIFY(showsNothing());
+        QVERIFY(QRect(50, 570, 50, 30).contains(places(kTip).first().topLeft()) && showsNothing());
         QTRY_VERIFY_WITH_TIMEOUT(isSeen(), kLimit);
         if (hidden)
-            send("hideTooltip");
+            mHost->send(kHideTooltip);
         QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
     }
 }
