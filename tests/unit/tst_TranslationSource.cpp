@@ -2,7 +2,6 @@
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/translation/TranslationXml.h"
 
-#include <QRandomGenerator>
 #include <QTextCodec>
 #include <QtTest>
 
@@ -46,19 +45,6 @@ QDomDocument document(const QByteArray &contexts)
     return parse("<?xml version='1.0' encoding='utf-8'?>\n<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"ja_JP\">"
                  + contexts + "</TS>\n");
 }
-
-QString nastyText(QRandomGenerator &random)
-{
-    static const QStringList parts =
-        QString::fromUtf8(" |\n|\t|\r|\r\n|\x01|\x1f|\x7f|\u0085|\u00a0|\u2028|\u3000|😀|次へ|שלום|<b>&amp;|]]>|\"'|%1|"
-                          "<byte value=\"x9\"/>|a|a")
-            .split(QLatin1Char('|'))
-        + QStringList{ QChar(0xfffe), QChar(0xffff), QChar(0xd800), QChar(0xdc00) };
-    QString text;
-    for (int count = random.bounded(6); count > 0; --count)
-        text += parts.at(random.bounded(parts.size()));
-    return text;
-}
 } // namespace
 
 class tst_TranslationSource : public QObject
@@ -74,7 +60,6 @@ private Q_SLOTS:
     void keepsBlanks();
     void leavesAllElseUntouched();
     void writes();
-    void keepsTexts();
     void readsOtherLineEndsAndEncodings();
 
 private:
@@ -194,27 +179,6 @@ void tst_TranslationSource::writes()
             TranslationSource::writeMessages(source, kContext, QVector<Entry>(1 + round, entry));
             QCOMPARE(source.toByteArray(4), document(row.after).toByteArray(4));
         }
-    }
-}
-
-void tst_TranslationSource::keepsTexts()
-{
-    QRandomGenerator random(99);
-    for (int round = 0; round < 500; ++round) {
-        const QString name = nastyText(random) + kContext;
-        const Entry former = { kKey, nastyText(random) };
-        const Entry first = { kKey, nastyText(random) };
-        const Entry second = { QStringLiteral(" \r\x01<#2> "), nastyText(random) };
-        QDomDocument source = TranslationSource::emptyDocument(QStringLiteral("en_US"));
-        TranslationSource::writeMessages(source, name, { former, second });
-        TranslationSource::writeMessages(source, name, { first, second });
-        const QByteArray bytes = source.toByteArray(4);
-        source = parse(bytes);
-        QCOMPARE(source.toByteArray(4), bytes);
-        const auto messages = TranslationSource::readMessages(source).value(name);
-        QCOMPARE(messages.size(), 2);
-        for (const Entry &entry : { first, second })
-            QCOMPARE(messages.value(entry.source), entry.translation);
     }
 }
 
