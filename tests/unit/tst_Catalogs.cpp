@@ -49,7 +49,7 @@ void tst_Catalogs::messagesKeepTheirShape()
                 continue; // The source text is shown.
             QVERIFY2(matches(words, "%\\d") == matches(source, "%\\d"), qPrintable(source));
             QVERIFY2(matches(words, "&\\w").size() == matches(source, "&\\w").size(), qPrintable(source));
-            // Behind the colon of an error comes the text at fault.
+            // After the colon of an error comes the text at fault.
             QVERIFY2(words.endsWith(QLatin1Char(' ')) == source.endsWith(QLatin1Char(' ')), qPrintable(source));
         }
     }

@@ -1,6 +1,6 @@
-#include "support/EditingSession.h"
 #include "quick/TreeDropRules.h"
 #include "quick/TutorialItemListModel.h"
+#include "support/EditingSession.h"
 
 #include <QRandomGenerator>
 #include <QtTest>

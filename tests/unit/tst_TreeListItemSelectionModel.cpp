@@ -1,6 +1,6 @@
-#include "support/EditingSession.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialItemListModel.h"
+#include "support/EditingSession.h"
 
 #include <QtTest>
 
