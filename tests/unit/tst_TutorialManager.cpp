@@ -30,7 +30,6 @@ private Q_SLOTS:
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
     void defersJumpLinks();
-    void switchesTheLocale();
     void closesTheLogAtTheEnd();
 
 private:
@@ -148,32 +147,6 @@ void tst_TutorialManager::defersJumpLinks()
     mManager->setPendingJumpLink(QStringLiteral("b"));
     QVERIFY(links.isEmpty());
     QTRY_COMPARE(links, (QStringList{ QStringLiteral("b"), QStringLiteral("c") }));
-}
-
-void tst_TutorialManager::switchesTheLocale()
-{
-    const auto state = [this] {
-        return QStringList{ mManager->locale(), mManager->locale2(),
-                            QString::number(qApp->findChildren<QTranslator *>().size()),
-                            QSettings().value(QStringLiteral("debugLocale")).toString() }
-            .join(QLatin1Char(' '));
-    };
-    const QString japanese = QStringLiteral("ja_JP");
-    const QString english = QStringLiteral("en_US");
-    const QString raw = QStringLiteral("Raw");
-    mManager->setLocale(japanese);
-    QCOMPARE(state(), QStringLiteral("ja_JP en_US 0 "));
-    mManager->setLocale(english);
-    mManager->setLocale2(raw);
-    QCOMPARE(state(), QStringLiteral("en_US Raw 1 en_US"));
-    mManager->setLocale(japanese);
-    QCOMPARE(state(), QStringLiteral("ja_JP en_US 2 ja_JP"));
-    // The catalog of before goes on answering for what the new one lacks.
-    mManager->setLocale(english);
-    QCOMPARE(QCoreApplication::translate("TutorialIndicator", "Next"), QString::fromUtf8("次へ"));
-    mManager->setLocale(raw);
-    mManager = std::make_unique<ManagerFixture::Manager>();
-    QCOMPARE(state(), QStringLiteral("Raw ja_JP 4 Raw"));
 }
 
 void tst_TutorialManager::closesTheLogAtTheEnd()

@@ -38,7 +38,7 @@ public:
     struct Expression
     {
         QString literal;
-        // Behind the expression; at the end of the text after a failure.
+        // After the expression; at the end of the text after a failure.
         int end;
     };
 
@@ -179,7 +179,7 @@ void Scanner::readArguments(Expression &expression, int depth)
 }
 
 /// Replaces the expressions that begin with the marker. A literal that holds a marker is not looked
-/// at again, nor are the first skipped characters behind it.
+/// at again, nor are the first skipped characters after it.
 QString replaceExpressions(const QString &text, const QLatin1String &marker, int skipped, const QString &context,
                            const TranslatableText::Translate &translate, QStringList &errors)
 {

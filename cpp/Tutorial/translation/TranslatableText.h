@@ -22,10 +22,10 @@ namespace TranslatableText
 /// Gives the translation of a source text in a context; the source text itself if there is none.
 using Translate = std::function<QString(const QString &context, const QString &sourceText)>;
 
-/// A backslash in front of each double quote and backslash.
+/// A backslash before each double quote and backslash.
 QString escapeString(const QString &text);
 
-/// Each backslash and the character behind it become that character, whatever it is.
+/// Each backslash and the character after it become that character, whatever it is.
 QString unescapeString(const QString &text);
 
 /// The string literal, with its quotes, that the expression at the start of the text stands for;
