@@ -5,7 +5,6 @@
 #include "Tutorial/translation/TranslatableText.h"
 
 #include <QHash>
-#include <QVector>
 
 #include <utility>
 
@@ -13,8 +12,6 @@
 class FakeContext : public DocumentContext
 {
 public:
-    ~FakeContext() override = default;
-
     QString translate(const QString &key) const override { return mTranslations.value(key, key); }
 
     QString applyTranslationToText(const QString &text, QStringList &errors) const override
@@ -38,32 +35,18 @@ public:
 class FakeHistory : public EditHistory
 {
 public:
-    struct Change
-    {
-        int itemId;
-        QString propertyName;
-        QVariant value;
-        QString linkInfo;
-    };
-
-    ~FakeHistory() override = default;
-
     bool inTransaction() override { return mInTransaction; }
-    void recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo) override
+    void recordChange(int, const QString &propertyName, const QVariant &, const QString &) override
     {
-        mChanges.append({ itemId, propertyName, value, linkInfo });
+        mChanges.append(propertyName);
     }
     bool isEmpty() const override { return mEmpty; }
     void markClean() override { ++mCleanCount; }
-    void clear() override
-    {
-        ++mClearCount;
-        mEmpty = true;
-    }
+    void clear() override { mEmpty = true; }
 
     bool mInTransaction = false;
     bool mEmpty = true;
     int mCleanCount = 0;
-    int mClearCount = 0;
-    QVector<Change> mChanges;
+    /// The properties of the recorded changes.
+    QStringList mChanges;
 };

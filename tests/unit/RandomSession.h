@@ -33,12 +33,21 @@ public:
         Commands // makes many, and comes in a sequence
     };
 
+    /// What an operation's numbers stand for: one item or the root (-1), some items, and plain numbers.
+    struct Target
+    {
+        int id;
+        QList<int> ids;
+        unsigned b;
+        unsigned c;
+    };
+
     struct Verb
     {
         const char *name;
         int weight;
         Form form;
-        std::function<void(RandomSession &, const Operation &)> run;
+        std::function<void(RandomSession &, const Target &)> run;
     };
 
     static const std::vector<Verb> &verbs();
@@ -47,40 +56,27 @@ public:
     {
         mFollower.setHistory(&history());
         mFollower.setModel(&mModel);
-        forgetHistory();
+        clear(history());
     }
 
     /// Runs one operation. The result is empty, or tells what is wrong.
     QString run(const Operation &op)
     {
         const Verb &verb = verbs()[static_cast<std::size_t>(op.verb)];
+        Target target{ idOf(op.a), { idOf(op.b), idOf(op.c), idOf(op.a * op.b) }, op.b, op.c };
+        target.ids.removeAll(-1);
         if (verb.form == Steering)
-            verb.run(*this, op);
+            verb.run(*this, target);
         else
-            edit(data().mDataList.size() > kMaxItems ? verbs().front() : verb, op);
+            edit(data().mDataList.size() > kMaxItems ? verbs().front() : verb, target);
         return turnAndCheck(verb.form != Steering && op.c % 4 == 0);
-    }
-
-    /// Closes what is open, goes back as far as the history reaches, and forth again.
-    QString backAndForth()
-    {
-        while (mDepth > 0)
-            endSequence();
-        while (mIndex > 0 && mWrong.isEmpty()) {
-            undo();
-            turnAndCheck(false);
-        }
-        while (mIndex + 1 < mStates.size() && mWrong.isEmpty()) {
-            redo();
-            turnAndCheck(false);
-        }
-        return mWrong;
     }
 
 private:
     using Item = EditingSession::Item;
     static constexpr int kLimit = 10;
     static constexpr int kMaxItems = 50;
+    static constexpr auto kCopied = ItemClipboard::SecondHints::Copied;
 
     /// The document after so many steps of the history.
     struct State
@@ -110,8 +106,10 @@ private:
         return bytes;
     }
 
-    void forgetHistory()
+    template <typename Clearable>
+    void clear(Clearable &historyOrDocument)
     {
+        historyOrDocument.clear();
         mDocument = picture();
         mStates = { { mDocument, true } };
         mIndex = mDepth = 0;
@@ -145,24 +143,13 @@ private:
         mInTransaction = mDepth > 0;
     }
 
-    void undo()
+    void step(int by)
     {
-        history().undo();
-        move(mIndex - 1);
-    }
-
-    void redo()
-    {
-        history().redo();
-        move(mIndex + 1);
-    }
-
-    void move(int index)
-    {
-        if (mDepth > 0 || index < 0 || index >= mStates.size())
-            return;
-        mIndex = index;
-        mDocument = mStates.at(index).document;
+        by < 0 ? history().undo() : history().redo();
+        if (mDepth == 0 && mIndex + by >= 0 && mIndex + by < mStates.size())
+            mIndex += by;
+        if (mDepth == 0)
+            mDocument = mStates.at(mIndex).document;
     }
 
     void save()
@@ -177,15 +164,15 @@ private:
     const QUndoCommand *lastStep() const { return mStack->command(mStack->index() - 1); }
 
     /// An edit outside a transaction gets one of its own, if it needs one.
-    void edit(const Verb &verb, const Operation &op)
+    void edit(const Verb &verb, const Target &target)
     {
-        const bool outside =
-            !mInTransaction && op.c % 5 == 0 && (verb.form == Command || (mStates.size() == 1 && verb.form == Values));
+        const bool outside = !mInTransaction && target.c % 5 == 0
+            && (verb.form == Command || (mStates.size() == 1 && verb.form == Values));
         const bool open = mDepth > 0 || outside || (mInTransaction && verb.form != Commands);
-        const bool sequence = op.c % 5 > 2 || verb.form == Commands;
+        const bool sequence = target.c % 5 > 2 || verb.form == Commands;
         if (!open)
-            begin(sequence, op.c);
-        verb.run(*this, op);
+            begin(sequence, target.c);
+        verb.run(*this, target);
         const bool changed = picture() != mDocument;
         mDocument = picture();
         mCommands = mCommands || changed || verb.form == Command;
@@ -216,56 +203,56 @@ private:
     }
 
     /// An id of the document, or -1 for the root.
-    int target(unsigned number)
+    int idOf(unsigned number)
     {
         const int index = static_cast<int>(number % static_cast<unsigned>(data().mDataList.size() + 1));
         return index == data().mDataList.size() ? -1 : data().mDataList.at(index)->mId;
     }
 
-    QList<int> targets(const QList<unsigned> &numbers)
+    /// The row of an item, also while the rows lag.
+    QModelIndex row(int id)
     {
-        QList<int> ids;
-        for (const unsigned number : numbers)
-            ids.append(target(number));
-        ids.removeAll(-1);
-        return ids;
+        mModel.refreshPartial();
+        return mModel.getModelIndexById(id);
     }
 
-    void rename(int id, unsigned to)
+    void rename(const Target &target)
     {
         static const char *const names[] = { "a", "a1", "a(2)", "item001", "folder1", "item007", "a(1)(1)", "12" };
-        if (id < 0)
+        if (target.id < 0)
             return;
-        mModel.refreshPartial();
-        const QString name = mModel.getValidName(QLatin1String(names[to % 8]));
-        mModel.changeItemName(mModel.getModelIndexById(id), name);
+        const QString name = mModel.getValidName(QLatin1String(names[target.b % 8]));
+        mModel.changeItemName(row(target.id), name);
     }
 
-    void moveItems(bool before, const QList<int> &ids, int id)
+    void move(bool before, const Target &target)
     {
-        mModel.refreshPartial();
-        const QModelIndex index = mModel.getModelIndexById(id);
         if (before)
-            mModel.moveIdListBeforeIndex(index, ids);
-        else if (data().findItem(id)->mFolder)
-            mModel.moveIdListIntoIndex(index, ids);
+            mModel.moveIdListBeforeIndex(row(target.id), target.ids);
+        else if (data().findItem(target.id)->mFolder)
+            mModel.moveIdListIntoIndex(row(target.id), target.ids);
     }
 
-    void setProperty(int id, unsigned which, unsigned number)
+    void setProperty(const Target &target)
     {
         static const char *const properties[] = { "x",    "y",    "windowKey", "condition", "hint",     "hint2",
                                                   "icon", "jump", "jumpNo",    "command",   "showArrow" };
         static const char *const texts[] = { "", "a", "\"%1\"\n" };
-        if (id < 0)
+        if (target.id < 0)
             return;
-        const QString property = QLatin1String(properties[which % 11]);
-        QVariant value = mModel.getValue(id, property);
+        const QString property = QLatin1String(properties[target.b % 11]);
+        QVariant value = mModel.getValue(target.id, property);
         if (value.type() == QVariant::String)
-            value = QLatin1String(texts[number % 3]);
+            value = QLatin1String(texts[target.c % 3]);
         else if (value.type() == QVariant::Bool)
-            value = number % 2 == 0;
+            value = target.c % 2 == 0;
         else
-            value = target(number);
+            value = idOf(target.c);
+        setValue(target.id, property, value);
+    }
+
+    void setValue(int id, const QString &property, const QVariant &value)
+    {
         mModel.refreshPartial();
         mModel.setValue(id, property, value);
     }
@@ -300,58 +287,31 @@ private:
 inline const std::vector<RandomSession::Verb> &RandomSession::verbs()
 {
     using S = RandomSession;
-    using O = Operation;
+    using T = Target;
     // What comes first keeps the document from growing for ever.
     static const std::vector<Verb> verbs = {
-        { "delete", 8, Commands,
-          [](S &s, const O &op) {
-              s.mModel.deleteIdList(s.targets({ op.a, op.b, op.c }));
-          } },
-        { "addItem", 14, Command, [](S &s, const O &op) { s.mModel.addItem(s.target(op.a)); } },
-        { "addFolder", 6, Command, [](S &s, const O &op) { s.mModel.addFolder(s.target(op.a)); } },
-        { "rename", 6, Command, [](S &s, const O &op) { s.rename(s.target(op.a), op.b); } },
-        { "moveBefore", 8, Command,
-          [](S &s, const O &op) {
-              s.moveItems(true, s.targets({ op.a, op.b, op.a * op.b }), s.target(op.c));
-          } },
-        { "moveInto", 8, Command,
-          [](S &s, const O &op) {
-              s.moveItems(false, s.targets({ op.a, op.b, op.a * op.b }), s.target(op.c));
-          } },
-        { "setProperty", 16, Values, [](S &s, const O &op) { s.setProperty(s.target(op.a), op.b, op.c); } },
+        { "delete", 8, Commands, [](S &s, const T &t) { s.mModel.deleteIdList(t.ids); } },
+        { "addItem", 14, Command, [](S &s, const T &t) { s.mModel.addItem(t.id); } },
+        { "addFolder", 6, Command, [](S &s, const T &t) { s.mModel.addFolder(t.id); } },
+        { "rename", 6, Command, [](S &s, const T &t) { s.rename(t); } },
+        { "moveBefore", 8, Command, [](S &s, const T &t) { s.move(true, t); } },
+        { "moveInto", 8, Command, [](S &s, const T &t) { s.move(false, t); } },
+        { "setProperty", 16, Values, [](S &s, const T &t) { s.setProperty(t); } },
         { "setProhibited", 4, Values,
-          [](S &s, const O &op) {
-              s.mModel.refreshPartial();
-              s.mModel.setValue(s.target(op.a), QStringLiteral("prohibited"), op.b % 2 == 0);
-          } },
-        { "copy", 4, Steering,
-          [](S &s, const O &op) {
-              ItemClipboard::makePayload(s.targets({ op.a, op.b }), s.mPayload);
-          } },
-        { "paste", 6, Commands,
-          [](S &s, const O &) { ItemClipboard::insertPayload(s.mPayload, ItemClipboard::SecondHints::Copied); } },
-        { "select", 3, Steering,
-          [](S &s, const O &op) {
-              s.select(s.targets({ op.a, op.b, op.c }));
-          } },
-        { "beginSequence", 6, Steering, [](S &s, const O &op) { s.begin(true, op.a); } },
-        { "endSequence", 8, Steering, [](S &s, const O &) { s.endSequence(); } },
-        { "beginSingle", 6, Steering, [](S &s, const O &op) { s.begin(false, op.a); } },
-        { "endSingle", 8, Steering, [](S &s, const O &) { s.endSingle(); } },
-        { "setUnmergeable", 2, Steering, [](S &s, const O &) { s.history().setUnmergeable(); } },
-        { "undo", 16, Steering, [](S &s, const O &) { s.undo(); } },
-        { "redo", 10, Steering, [](S &s, const O &) { s.redo(); } },
-        { "save", 4, Steering, [](S &s, const O &) { s.save(); } },
-        { "clearHistory", 1, Steering,
-          [](S &s, const O &) {
-              s.history().clear();
-              s.forgetHistory();
-          } },
-        { "clearDocument", 1, Steering,
-          [](S &s, const O &) {
-              TutorialEditor::Manager::instance()->clear();
-              s.forgetHistory();
-          } },
+          [](S &s, const T &t) { s.setValue(t.id, QStringLiteral("prohibited"), t.b % 2 == 0); } },
+        { "paste", 6, Commands, [](S &s, const T &) { ItemClipboard::insertPayload(s.mPayload, kCopied); } },
+        { "copy", 4, Steering, [](S &s, const T &t) { ItemClipboard::makePayload(t.ids, s.mPayload); } },
+        { "select", 3, Steering, [](S &s, const T &t) { s.select(t.ids); } },
+        { "beginSequence", 6, Steering, [](S &s, const T &t) { s.begin(true, t.b); } },
+        { "endSequence", 8, Steering, [](S &s, const T &) { s.endSequence(); } },
+        { "beginSingle", 6, Steering, [](S &s, const T &t) { s.begin(false, t.b); } },
+        { "endSingle", 8, Steering, [](S &s, const T &) { s.endSingle(); } },
+        { "setUnmergeable", 2, Steering, [](S &s, const T &) { s.history().setUnmergeable(); } },
+        { "undo", 16, Steering, [](S &s, const T &) { s.step(-1); } },
+        { "redo", 10, Steering, [](S &s, const T &) { s.step(1); } },
+        { "save", 4, Steering, [](S &s, const T &) { s.save(); } },
+        { "clearHistory", 1, Steering, [](S &s, const T &) { s.clear(s.history()); } },
+        { "clearDocument", 1, Steering, [](S &s, const T &) { s.clear(*TutorialEditor::Manager::instance()); } },
     };
     return verbs;
 }

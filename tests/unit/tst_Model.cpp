@@ -96,8 +96,7 @@ void tst_Model::setsFields()
         record.setValue(property, before);
         QVERIFY(history.mChanges.isEmpty());
         record.setValue(property, value);
-        QCOMPARE(history.mChanges.size(), 1);
-        QCOMPARE(history.mChanges.first().propertyName, property);
+        QCOMPARE(history.mChanges, QStringList{ property });
         QCOMPARE(record.getValue(property), before);
 
         history.mInTransaction = false;

@@ -10,89 +10,79 @@ QString join(const QVariantList &idList)
 {
     return DataSupport::join(DataSupport::getIntList(idList), QStringLiteral(" "));
 }
+
+struct Tree : EditingSession
+{
+    Tree()
+    {
+        load(QStringLiteral("1 2[3 4[5] 6] 7 8[9]"));
+        model.refresh();
+    }
+
+    QModelIndex at(int id) const { return model.getModelIndexById(id); }
+    QString selected() const { return join(selection.getSelectedIdList()); }
+    QString treeSelected() const { return join(selection.getTreeSelectedIdList()); }
+
+    TutorialItemListModel model;
+    TreeListItemSelectionModel selection{ &model };
+};
 } // namespace
 
-class TreeListItemSelectionModelTest : public QObject
+class tst_TreeListItemSelectionModel : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void treeSelected();
     void betweenCurrentAnd();
     void keepsWhatStaysSelected();
-    void survivesRefreshPartial();
-
-private:
-    QModelIndex at(int id) const { return mModel->getModelIndexById(id); }
-    QString selected() const { return join(mSelection->getSelectedIdList()); }
-
-    std::unique_ptr<EditingSession> mSession;
-    std::unique_ptr<TutorialItemListModel> mModel;
-    std::unique_ptr<TreeListItemSelectionModel> mSelection;
 };
 
-void TreeListItemSelectionModelTest::init()
-{
-    mSession = std::make_unique<EditingSession>();
-    mSession->load(QStringLiteral("1 2[3 4[5] 6] 7 8[9]"));
-    mModel = std::make_unique<TutorialItemListModel>();
-    mSelection = std::make_unique<TreeListItemSelectionModel>(mModel.get());
-}
-
-void TreeListItemSelectionModelTest::cleanup()
-{
-    mSelection.reset();
-    mModel.reset();
-    mSession.reset();
-}
-
-void TreeListItemSelectionModelTest::treeSelected()
+void tst_TreeListItemSelectionModel::treeSelected()
 {
     // In the order of the clicks, and in that of the tree without what a selected folder holds.
+    Tree tree;
     for (const int id : { 7, 5, -1, 2, 9 })
-        mSelection->toggleSelected(at(id));
-    QCOMPARE(selected(), QStringLiteral("7 5 -1 2 9"));
-    QCOMPARE(join(mSelection->getTreeSelectedIdList()), QStringLiteral("2 7 9"));
-    mSelection->toggleSelected(at(7));
-    QCOMPARE(selected(), QStringLiteral("5 -1 2 9"));
+        tree.selection.toggleSelected(tree.at(id));
+    QCOMPARE(tree.selected(), QStringLiteral("7 5 -1 2 9"));
+    QCOMPARE(tree.treeSelected(), QStringLiteral("2 7 9"));
+    tree.selection.toggleSelected(tree.at(7));
+    QCOMPARE(tree.selected(), QStringLiteral("5 -1 2 9"));
+    // What stays where it is stays selected.
+    tree.load(QStringLiteral("10 2[3 6] 8[4[5] 9]"));
+    tree.model.refreshPartial();
+    QCOMPARE(tree.treeSelected(), QStringLiteral("2 9"));
 }
 
-void TreeListItemSelectionModelTest::betweenCurrentAnd()
+void tst_TreeListItemSelectionModel::betweenCurrentAnd()
 {
-    const auto selectedBetween = [this](int current, int clicked) {
-        mSelection->setCurrentIndex(at(current), QItemSelectionModel::NoUpdate);
-        mSelection->setSelectedBetweenCurrentAnd(at(clicked));
-        return selected();
+    Tree tree;
+    const auto selectedBetween = [&tree](int current, int clicked) {
+        tree.selection.setCurrentIndex(tree.at(current), QItemSelectionModel::NoUpdate);
+        tree.selection.setSelectedBetweenCurrentAnd(tree.at(clicked));
+        return tree.selected();
     };
     QCOMPARE(selectedBetween(1, 7), QStringLiteral("1 2 3 4 5 6 7"));
     QCOMPARE(selectedBetween(9, 5), QStringLiteral("5 6 7 8 9"));
     QCOMPARE(selectedBetween(-1, 2), QStringLiteral("-1 1 2"));
-    QCOMPARE(mSelection->currentIndex(), at(-1));
+    QCOMPARE(selectedBetween(4, 4), QStringLiteral("4"));
+    QCOMPARE(tree.selection.currentIndex(), tree.at(4));
 }
 
-void TreeListItemSelectionModelTest::keepsWhatStaysSelected()
+void tst_TreeListItemSelectionModel::keepsWhatStaysSelected()
 {
-    mSelection->setSelectedIdList({ 9, 3, 1 });
-    QSignalSpy changes(mSelection.get(), &TreeListItemSelectionModel::selectedIdListChanged);
-    mSelection->setSelectedIdList({ 1, 3, 9 });
+    Tree tree;
+    tree.selection.setSelectedIdList({ 9, 3, 1 });
+    QSignalSpy changes(&tree.selection, &TreeListItemSelectionModel::selectedIdListChanged);
+    tree.selection.setSelectedIdList({ 1, 3, 9 });
     QCOMPARE(changes.count(), 0);
-    connect(mSelection.get(), &TreeListItemSelectionModel::selectionChanged, this,
-            [this] { QVERIFY(mSelection->isSelected(at(3)) && mSelection->isSelected(at(9))); });
-    mSelection->setSelectedIdList({ 9, 3, 6, 7 });
-    QCOMPARE(join(mSelection->getTreeSelectedIdList()), QStringLiteral("3 6 7 9"));
+    connect(&tree.selection, &QItemSelectionModel::selectionChanged, this,
+            [&tree] { QVERIFY(tree.selection.isSelected(tree.at(3)) && tree.selection.isSelected(tree.at(9))); });
+    tree.selection.setSelectedIdList({ 9, 3, 6, 7 });
+    QCOMPARE(tree.treeSelected(), QStringLiteral("3 6 7 9"));
     // All at once: each signal lets the screen look at all rows.
     QCOMPARE(changes.count(), 1);
 }
 
-void TreeListItemSelectionModelTest::survivesRefreshPartial()
-{
-    mSelection->setSelectedIdList({ 1, 3, 6, 9 });
-    mSession->load(QStringLiteral("1 10 2[3 6] 8[4[5] 9]"));
-    mModel->refreshPartial();
-    QCOMPARE(join(mSelection->getTreeSelectedIdList()), QStringLiteral("1 3 6 9"));
-}
-
-QTEST_MAIN(TreeListItemSelectionModelTest)
+QTEST_MAIN(tst_TreeListItemSelectionModel)
 #include "tst_TreeListItemSelectionModel.moc"

@@ -140,46 +140,36 @@ void tst_UndoRedo::run(const QString &word)
     UndoRedo &history = mSession->history();
     const QString verb = word.section(QLatin1Char(':'), 0, 0);
     const QString object = word.section(QLatin1Char(':'), 1);
-    const auto part = [&object](char separator, int index) {
-        return object.section(QLatin1Char(separator), index, index);
-    };
-    const QList<int> ids = DataSupport::getIntList(part('>', 0).split(QLatin1Char(',')));
-    const int target = part('>', 1).toInt();
+    const QStringList parts = object.split(QRegularExpression(QStringLiteral("[>=@]")));
+    const QList<int> ids = DataSupport::getIntList(parts.first().split(QLatin1Char(',')));
+    const int second = parts.value(1).toInt();
     const QString jump = QStringLiteral("jump");
     const QVariantMap none;
-    const QHash<QString, std::function<void()>> verbs = {
-        { QStringLiteral("rename"),
-          [&] { UndoRedo::renameItemCommand(part('=', 0).toInt(), part('=', 1), jump, none); } },
-        { QStringLiteral("item"),
-          [&] { UndoRedo::createItemCommand(object.toInt(), -1, QStringLiteral("new"), jump, none); } },
-        { QStringLiteral("folder"),
-          [&] {
-              const QVariantMap newId{ { QStringLiteral("newId"), part('@', 1).toInt() } };
-              UndoRedo::addFolderCommand(part('@', 0).toInt(), -1, jump, part('@', 1).isEmpty() ? none : newId);
-          } },
-        { QStringLiteral("insert"),
-          [&] { UndoRedo::insertItemCommand(object.toInt(), -1, 98, false, new TutorialItemData, jump, none); } },
-        { QStringLiteral("delete"), [&] { UndoRedo::deleteItemsCommand(ids, jump, none); } },
-        { QStringLiteral("before"), [&] { UndoRedo::moveItemsCommand(ids, true, target, jump, none); } },
-        { QStringLiteral("into"), [&] { UndoRedo::moveItemsCommand(ids, false, target, jump, none); } },
-        { QStringLiteral("begin"), [&] { history.beginSequence(object); } },
-        { QStringLiteral("end"), [&] { history.endSequence(); } },
-        { QStringLiteral("single"), [&] { history.beginSingle(object); } },
-        { QStringLiteral("done"), [&] { history.endSingle(); } },
-        { QStringLiteral("step"),
-          [&] { mSession->sequence(object, [this] { run(QStringLiteral("rename:1=n%1").arg(++mNames)); }); } },
-        { QStringLiteral("save"), [&] { history.markClean(); } },
-        { QStringLiteral("wait"), [&] { QTest::qWait(object.toInt()); } },
+    const QVariantMap newId{ { QStringLiteral("newId"), second } };
+    const QHash<QByteArray, std::function<void()>> verbs = {
+        { "rename", [&] { UndoRedo::renameItemCommand(ids.first(), parts.value(1), jump, none); } },
+        { "item", [&] { UndoRedo::createItemCommand(ids.first(), -1, QStringLiteral("new"), jump, none); } },
+        { "folder", [&] { UndoRedo::addFolderCommand(ids.first(), -1, jump, second ? newId : none); } },
+        { "insert", [&] { UndoRedo::insertItemCommand(ids.first(), -1, 7, false, new TutorialItemData, jump, none); } },
+        { "delete", [&] { UndoRedo::deleteItemsCommand(ids, jump, none); } },
+        { "before", [&] { UndoRedo::moveItemsCommand(ids, true, second, jump, none); } },
+        { "into", [&] { UndoRedo::moveItemsCommand(ids, false, second, jump, none); } },
+        { "begin", [&] { history.beginSequence(object); } },
+        { "end", [&] { history.endSequence(); } },
+        { "single", [&] { history.beginSingle(object); } },
+        { "done", [&] { history.endSingle(); } },
+        { "step", [&] { mSession->sequence(verb, [&] { run(QStringLiteral("rename:1=n%1").arg(++mNames)); }); } },
+        { "save", [&] { history.markClean(); } },
+        { "wait", [&] { QTest::qWait(object.toInt()); } },
     };
     mSession->context().takeJumpLink();
-    if (const auto action = verbs.value(verb))
+    const QStringList field = word.split(QRegularExpression(QStringLiteral("[.=]")));
+    if (const auto action = verbs.value(verb.toLatin1()))
         action();
-    else if (!verb.contains(QLatin1Char('=')))
+    else if (field.size() == 3) // "1.x=5"
+        mSession->record(field.first().toInt())->setValue(field.at(1), field.last().toInt());
+    else
         QVERIFY2(QMetaObject::invokeMethod(&history, verb.toLatin1().constData()), qPrintable(verb));
-    else // "1.x=5"
-        mSession->record(verb.section(QLatin1Char('.'), 0, 0).toInt())
-            ->setValue(verb.section(QLatin1Char('.'), 1).section(QLatin1Char('='), 0, 0),
-                       verb.section(QLatin1Char('='), 1).toInt());
 }
 
 /// The tree and all fields that are not as they were loaded.
@@ -187,14 +177,13 @@ QString tst_UndoRedo::document()
 {
     QStringList parts{ mSession->shape() };
     for (const TutorialItemData *record : qAsConst(mSession->data().mDataList)) {
-        const TutorialItemData fresh;
-        for (const char *name : { "x", "y", "jump", "jumpNo" }) {
-            const QVariant value = record->getValue(QLatin1String(name));
-            if (value != fresh.getValue(QLatin1String(name)))
-                parts.append(QStringLiteral("%1.%2=%3").arg(record->mId).arg(QLatin1String(name)).arg(value.toInt()));
+        TutorialItemData loaded;
+        loaded.mName = QStringLiteral("name%1").arg(record->mId);
+        for (const QString &field : QStringLiteral("x y jump jumpNo name").split(QLatin1Char(' '))) {
+            const QString value = record->getValue(field).toString();
+            if (value != loaded.getValue(field).toString())
+                parts.append(QStringLiteral("%1.%2=%3").arg(QString::number(record->mId), field, value));
         }
-        if (record->mName != QStringLiteral("name%1").arg(record->mId))
-            parts.append(QStringLiteral("%1.name=%2").arg(record->mId).arg(record->mName));
     }
     return parts.join(QLatin1Char(' ')) + mSession->fault();
 }
