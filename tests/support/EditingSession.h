@@ -27,8 +27,8 @@ public:
     void load(const QString &text)
     {
         mManager->clear();
-        int position = 0;
-        data().mRoot.mChildren = parse(text, position);
+        auto tokens = QRegularExpression(QStringLiteral("\\d+\\[?|\\]")).globalMatch(text);
+        data().mRoot.mChildren = parse(tokens);
     }
 
     /// The shape of the document, and of a row's children.
@@ -68,27 +68,21 @@ public:
     }
 
 private:
-    QList<Item> parse(const QString &text, int &position)
+    QList<Item> parse(QRegularExpressionMatchIterator &tokens)
     {
         QList<Item> items;
-        while (position < text.size() && text.at(position) != QLatin1Char(']')) {
-            const int start = position;
-            while (position < text.size() && text.at(position).isDigit())
-                ++position;
-            if (position == start) {
-                ++position;
-                continue;
-            }
-            const int id = text.mid(start, position - start).toInt();
-            auto record = std::make_unique<TutorialItemData>();
-            record->mId = id;
-            record->mName = QStringLiteral("name%1").arg(id);
-            data().mDataList.append(record.release());
-            items.append(Item(id, position < text.size() && text.at(position) == QLatin1Char('[')));
-            if (items.last().mFolder) {
-                items.last().mChildren = parse(text, ++position);
-                ++position;
-            }
+        while (tokens.hasNext()) {
+            const QString token = tokens.next().captured();
+            if (token == QLatin1String("]"))
+                break;
+            const bool folder = token.endsWith(QLatin1Char('['));
+            auto *record = new TutorialItemData;
+            record->mId = token.leftRef(token.size() - folder).toInt();
+            record->mName = QStringLiteral("name%1").arg(record->mId);
+            data().mDataList.append(record);
+            items.append(Item(record->mId, folder));
+            if (folder)
+                items.last().mChildren = parse(tokens);
         }
         return items;
     }

@@ -128,18 +128,12 @@ private:
         }
     }
 
-    void endSequence()
+    void end(bool sequence)
     {
-        history().endSequence();
-        if (mDepth == 1)
+        sequence ? history().endSequence() : history().endSingle();
+        if (sequence && mDepth == 1)
             noteStep(mCommands, false);
-        mDepth = qMax(mDepth - 1, 0);
-        mInTransaction = mDepth > 0;
-    }
-
-    void endSingle()
-    {
-        history().endSingle();
+        mDepth = qMax(mDepth - sequence, 0);
         mInTransaction = mDepth > 0;
     }
 
@@ -179,7 +173,7 @@ private:
         if (mDepth == 0)
             noteStep(changed || verb.form == Command, verb.form == Values);
         if (!open)
-            sequence ? endSequence() : endSingle();
+            end(sequence);
     }
 
     /// The history may have one more step, or the last one has taken in an edit.
@@ -257,13 +251,6 @@ private:
         mModel.setValue(id, property, value);
     }
 
-    void select(const QList<int> &ids)
-    {
-        mModel.refreshPartial();
-        mSelection.setSelectedIdList(ids);
-        expect(idSet(DataSupport::getIntList(mSelection.getSelectedIdList())) == idSet(ids), "the selection");
-    }
-
     QString turnAndCheck(bool rowsLag);
 
     EditingSession mSession;
@@ -301,11 +288,11 @@ inline const std::vector<RandomSession::Verb> &RandomSession::verbs()
           [](S &s, const T &t) { s.setValue(t.id, QStringLiteral("prohibited"), t.b % 2 == 0); } },
         { "paste", 6, Commands, [](S &s, const T &) { ItemClipboard::insertPayload(s.mPayload, kCopied); } },
         { "copy", 4, Steering, [](S &s, const T &t) { ItemClipboard::makePayload(t.ids, s.mPayload); } },
-        { "select", 3, Steering, [](S &s, const T &t) { s.select(t.ids); } },
+        { "select", 3, Steering, [](S &s, const T &t) { s.mSelection.setSelectedIdList(t.ids); } },
         { "beginSequence", 6, Steering, [](S &s, const T &t) { s.begin(true, t.b); } },
-        { "endSequence", 8, Steering, [](S &s, const T &) { s.endSequence(); } },
+        { "endSequence", 8, Steering, [](S &s, const T &) { s.end(true); } },
         { "beginSingle", 6, Steering, [](S &s, const T &t) { s.begin(false, t.b); } },
-        { "endSingle", 8, Steering, [](S &s, const T &) { s.endSingle(); } },
+        { "endSingle", 8, Steering, [](S &s, const T &) { s.end(false); } },
         { "setUnmergeable", 2, Steering, [](S &s, const T &) { s.history().setUnmergeable(); } },
         { "undo", 16, Steering, [](S &s, const T &) { s.step(-1); } },
         { "redo", 10, Steering, [](S &s, const T &) { s.step(1); } },

@@ -2,7 +2,7 @@
 #include "quick/TutorialRaisedHandListModel.h"
 #include "Tutorial/link/HostMessages.h"
 
-#include <QTest>
+#include <QtTest>
 
 /// The lists of the event dialog, fed by messages of the host editor.
 class tst_EventLists : public QObject
@@ -10,7 +10,6 @@ class tst_EventLists : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void messageIsRead_data();
     void messageIsRead();
     void oldLinesGo();
 };
@@ -26,35 +25,28 @@ QString textOf(const QAbstractItemModel &model)
 }
 } // namespace
 
-void tst_EventLists::messageIsRead_data()
-{
-    QTest::addColumn<QString>("message"); // a bar stands between the fields
-    QTest::addColumn<QString>("result"); // the events; the controls; the coordinates
-    const auto row = [](const char *message, const char *result) {
-        QTest::newRow(message) << QString::fromLatin1(message) << QString::fromLatin1(result);
-    };
-    row("eventLog|coords|1, 2", ";old;1, 2");
-    row("eventLog|append|<b>a</b>", "<b>a</b>;old;");
-    row("eventLog|raisedHand|x|y", ";x|y;");
-    row("eventLog|raisedHand", ";;");
-    row("eventLog|appended|a", ";old;");
-    row("eventLog", ";old;");
-    row("eventLogs|append|a", ";old;");
-}
-
 void tst_EventLists::messageIsRead()
 {
-    QFETCH(QString, message);
-    TutorialEventListModel events;
-    TutorialRaisedHandListModel controls;
-    controls.setSource(&events);
-    events.setRaisedHandList({ QStringLiteral("old") });
-    QString coordinates;
-    connect(&events, &TutorialEventListModel::coordsTextChanged, this,
-            [&coordinates](const QString &text) { coordinates = text; });
-    events.readMessage(message.replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
-    QTEST(QStringList({ textOf(events), textOf(controls), coordinates }).join(QLatin1Char(';')), "result");
-    QCOMPARE(events.getTagStrippedText(QStringLiteral("<b>a &amp; b</b> &lt;c&gt;")), QStringLiteral("a & b <c>"));
+    // A bar stands between the fields. Of it come the events, the controls and the coordinates.
+    static const char *const rows[][2] = {
+        { "eventLog|coords|1, 2", ";old;1, 2" }, { "eventLog|append|<b>a</b>", "<b>a</b>;old;" },
+        { "eventLog|raisedHand|x|y", ";x|y;" },  { "eventLog|raisedHand", ";;" },
+        { "eventLog|appended|a", ";old;" },      { "eventLog", ";old;" },
+        { "eventLogs|append|a", ";old;" },
+    };
+    for (const auto &row : rows) {
+        TutorialEventListModel events;
+        TutorialRaisedHandListModel controls;
+        controls.setSource(&events);
+        events.setRaisedHandList({ QStringLiteral("old") });
+        QSignalSpy coordinates(&events, &TutorialEventListModel::coordsTextChanged);
+        events.readMessage(QString::fromLatin1(row[0]).replace(QLatin1Char('|'), QChar(1)));
+        const QString text = coordinates.isEmpty() ? QString() : coordinates.first().first().toString();
+        const QStringList result{ textOf(events), textOf(controls), text };
+        QCOMPARE(result.join(QLatin1Char(';')), QString::fromLatin1(row[1]));
+    }
+    const QString line = QStringLiteral("<b>a &amp; b</b> &lt;c&gt;");
+    QCOMPARE(TutorialEventListModel().getTagStrippedText(line), QStringLiteral("a & b <c>"));
 }
 
 void tst_EventLists::oldLinesGo()

@@ -21,51 +21,35 @@ class tst_ItemClipboard : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void givesIdsAndNames_data();
     void givesIdsAndNames();
     void copiesFields();
     void undoneAndForgotten();
-    void badPayload_data();
     void badPayload();
 };
 
-void tst_ItemClipboard::givesIdsAndNames_data()
-{
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<QString>("expected");
-    // What is copied, and the items and names after it was pasted.
-    const auto row = [](const char *names, const char *copied, const char *expected) {
-        QTest::newRow(copied) << QString::fromLatin1(names) << QString::fromLatin1(expected);
-    };
-    // Each takes the lowest free id, a folder before what it holds.
-    row("a b c d e", "2,1", "1 2[3[4] 6] 5[7[8] 9] 10 a b c d e b(1) c(1) d(1) e(1) a(1)");
-    row("a a(1) a(4) a(3)x a(07)", "1,2",
-        "1 2[3[4] 6] 5 7[8[9] 10] a a(1) a(4) a(3)x a(07) a(5) a(1)(1) a(4)(1) "
-        "a(3)x(1) a(07)(1)");
-    row("a b c d e", "4,4", "1 2[3[4] 6] 5 7 a b c d e d(1) d(2)");
-}
-
 void tst_ItemClipboard::givesIdsAndNames()
 {
-    QFETCH(QString, names);
-    const QString copied = QString::fromLatin1(QTest::currentDataTag());
-    const QList<int> ids = DataSupport::getIntList(copied.split(QLatin1Char(',')));
-    for (const bool inHistory : { false, true }) {
+    // The new ids at the top level, the tree and the names.
+    const auto pasted = [](const char *names, const QList<int> &ids, bool inHistory) {
         EditingSession session;
         session.load(QStringLiteral("1 2[3[4] 6]"));
         for (int i = 0; i < 5; ++i)
-            session.data().mDataList.at(i)->mName = names.section(QLatin1Char(' '), i, i);
+            session.data().mDataList.at(i)->mName = QString::fromLatin1(names).section(QLatin1Char(' '), i, i);
         QList<int> tops;
         const auto paste = [&] { tops = ItemClipboard::insertPayload(payloadOf(ids), SecondHints::Copied); };
         inHistory ? session.sequence(QString(), paste) : paste();
-        QTEST(QString(session.shape() + QLatin1Char(' ') + session.data().getNameList().join(QLatin1Char(' '))),
-              "expected");
-        QCOMPARE(session.fault(), QString());
-        QList<int> last;
-        for (const auto &item : session.data().mRoot.mChildren.mid(2))
-            last.append(item.mId);
-        QCOMPARE(tops, last);
-    }
+        const QStringList parts{ DataSupport::join(tops, QStringLiteral(" ")), session.shape(), session.fault() };
+        return QString((parts + session.data().getNameList()).join(QLatin1Char('|')));
+    };
+    // Each takes the lowest free id, a folder before what it holds.
+    for (const bool inHistory : { false, true })
+        QCOMPARE(pasted("a b c d e", { 2, 1 }, inHistory),
+                 QStringLiteral("5 10|1 2[3[4] 6] 5[7[8] 9] 10||a|b|c|d|e|b(1)|c(1)|d(1)|e(1)|a(1)"));
+    QCOMPARE(pasted("a a(1) a(4) a(3)x a(07)", { 1, 2 }, true),
+             QStringLiteral("5 7|1 2[3[4] 6] 5 7[8[9] 10]||a|a(1)|a(4)|a(3)x|a(07)|a(5)|a(1)(1)|a(4)(1)|a(3)x(1)|"
+                            "a(07)(1)"));
+    QCOMPARE(pasted("a b c d e", { 4, 4 }, true), QStringLiteral("5 7|1 2[3[4] 6] 5 7||a|b|c|d|e|d(1)|d(2)"));
+    QCOMPARE(pasted("a b c d e", {}, true), QStringLiteral("|1 2[3[4] 6]||a|b|c|d|e"));
 }
 
 void tst_ItemClipboard::copiesFields()
@@ -88,7 +72,6 @@ void tst_ItemClipboard::copiesFields()
     expected.mName = QStringLiteral("name3(1)");
     QCOMPARE(session.record(5)->toJsonText(QString()), expected.toJsonText(QString()));
     QCOMPARE(session.record(6)->mHint2, QString());
-    QCOMPARE(ItemClipboard::insertPayload(payloadOf({}), SecondHints::Copied), QList<int>());
     QCOMPARE(ItemClipboard::insertPayload(payloadOf({ 1 }), SecondHints::LookedUp), QList<int>({ 7 }));
     QCOMPARE(session.data().mDataList.last()->mHint2, QStringLiteral("#1"));
 }
@@ -109,25 +92,24 @@ void tst_ItemClipboard::undoneAndForgotten()
     QVERIFY(!folder && !item);
 }
 
-void tst_ItemClipboard::badPayload_data()
-{
-    QTest::addColumn<QString>("shape");
-    QTest::newRow("") << QString();
-    QTest::newRow("[ {") << QString();
-    QTest::newRow("{\"id\":1}") << QString();
-    QTest::newRow("[ 1, \"a\", {\"id\":7} ]") << QStringLiteral("1");
-    QTest::newRow("[ {\"id\":1,\"folder\":true,\"children\":[{\"id\":2},3]} ]") << QString();
-    QTest::newRow("[ {\"id\":1,\"folder\":true,\"children\":[{\"id\":1},{\"id\":1,\"hint2\":[]}]} ]")
-        << QStringLiteral("1[2 3]");
-    QTest::newRow("[ {\"id\":1,\"children\":[{\"id\":2}]}, {\"id\":3} ]") << QStringLiteral("1 2");
-}
-
 void tst_ItemClipboard::badPayload()
 {
-    EditingSession session;
-    ItemClipboard::insertPayload(QString::fromLatin1(QTest::currentDataTag()), SecondHints::Copied);
-    QTEST(session.shape(), "shape");
-    QCOMPARE(session.recordIds().size(), session.shape().count(QRegularExpression(QStringLiteral("\\d"))));
+    // The payload and the tree that comes of it.
+    static const char *const rows[][2] = {
+        { "", "" },
+        { "[ {", "" },
+        { "{\"id\":1}", "" },
+        { "[ 1, \"a\", {\"id\":7} ]", "1" },
+        { "[ {\"id\":1,\"folder\":true,\"children\":[{\"id\":2},3]} ]", "" },
+        { "[ {\"id\":1,\"folder\":true,\"children\":[{\"id\":1},{\"id\":1,\"hint2\":[]}]} ]", "1[2 3]" },
+        { "[ {\"id\":1,\"children\":[{\"id\":2}]}, {\"id\":3} ]", "1 2" },
+    };
+    for (const auto &row : rows) {
+        EditingSession session;
+        ItemClipboard::insertPayload(QLatin1String(row[0]), SecondHints::Copied);
+        QVERIFY2(session.shape() == QLatin1String(row[1]), row[0]);
+        QCOMPARE(session.recordIds().size(), session.shape().count(QRegularExpression(QStringLiteral("\\d"))));
+    }
 }
 
 QTEST_MAIN(tst_ItemClipboard)
