@@ -1,6 +1,6 @@
 #include "Tutorial/guidance/WindowPlatform.h"
 
-// Qt's window flags say all that this window system needs.
+// Qt's window flags say all that these window systems need.
 namespace WindowPlatform
 {
 void letInputThrough(QWidget *) { }
