@@ -19,8 +19,8 @@ public:
     /// Whether the text that was read from the bytes has replacement characters for what could not be read.
     static bool isDamaged(const QString &text, const QByteArray &bytes);
     /// Writes a new file beside the old one and puts it in its place, so that a failure or a crash leaves the old one
-    /// whole. Links are followed and permissions kept. Where the folder refuses a new file, and for what is no regular
-    /// file, it writes in place.
+    /// whole. Symbolic links are followed and permissions kept. Where the folder refuses a new file, and for what is no
+    /// regular file, it writes in place.
     static bool writeFile(const QString &path, const QByteArray &bytes);
     /// Replaces the destination. At every moment one complete file stands under the destination's
     /// name or under that with ".tmp2" appended.

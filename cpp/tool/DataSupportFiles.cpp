@@ -26,7 +26,7 @@ bool rename(const QString &from, const QString &to)
     return false;
 }
 
-/// What a chain of links leads to, whether it is there or not.
+/// What a chain of symbolic links leads to, whether it is there or not.
 QFileInfo linkTarget(const QString &path)
 {
     constexpr int kMaximumLinks = 40;
@@ -173,7 +173,7 @@ bool DataSupport::rmdir(const QString &path)
         if (entry == QLatin1String(".") || entry == QLatin1String(".."))
             continue;
         const QFileInfo info(path + QLatin1Char('/') + entry);
-        // A link to a folder is removed itself: what it leads to isn't part of this folder.
+        // A symbolic link to a folder is removed itself: what it leads to isn't part of this folder.
         if (info.isDir() && !info.isSymLink()) {
             if (!rmdir(info.filePath())) {
                 Log::warning("cpp/tool", "DataSupport::rmdir", __LINE__) << "Failed to rmdir" << path << entry;

@@ -240,11 +240,11 @@ QString JsonWrapper::getJsonString(const QVariant &value)
 
 QString JsonWrapper::escapeJsonString(const QString &text)
 {
-    // Qt writes `[\n    "` in front of the string and `"\n]\n` behind it.
-    const int front = 7;
-    const int behind = 4;
+    // Qt writes `[\n    "` before the string and `"\n]\n` after it.
+    const int before = 7;
+    const int after = 4;
     const QString json = documentText(QJsonDocument(QJsonArray{ text }), true);
-    return json.mid(front, json.size() - front - behind);
+    return json.mid(before, json.size() - before - after);
 }
 
 void JsonWrapper::errorHandler(const QString &message)
