@@ -1,7 +1,9 @@
 #include "AuthorDriver.h"
 
+#include "support/FileBytes.h"
+#include "support/Screen.h"
+
 #include <QDir>
-#include <QFile>
 #include <QJSEngine>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -51,15 +53,9 @@ QPoint AuthorDriver::row(int index)
     return QPoint(110, kFirstRowY + index * kRowHeight);
 }
 
-QByteArray AuthorDriver::read(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 QByteArray AuthorDriver::original(const QString &name)
 {
-    return read(kSourceFolder + QLatin1Char('/') + name);
+    return readAll(kSourceFolder + QLatin1Char('/') + name);
 }
 
 QString AuthorDriver::path(const QString &name) const
@@ -89,9 +85,9 @@ bool AuthorDriver::findWindow()
 {
     const QStringList search = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
                                  QStringLiteral("^\\*?%1$").arg(kTutorial) };
-    if (!QTest::qWaitFor([&] { return !(mWindow = xdotool(search)).isEmpty(); }, kLimit))
+    if (!QTest::qWaitFor([&] { return !(mWindow = Screen::xdotool(search)).isEmpty(); }, kLimit))
         return false;
-    xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
+    Screen::xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
     return true;
 }
 
@@ -107,50 +103,36 @@ void AuthorDriver::end()
     mHost.reset();
 }
 
-QString AuthorDriver::xdotool(const QStringList &arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-}
-
 void AuthorDriver::move(const QPoint &place)
 {
-    xdotool({ QStringLiteral("mousemove"), QStringLiteral("--window"), mWindow, QString::number(place.x()),
-              QString::number(place.y()) });
+    Screen::xdotool({ QStringLiteral("mousemove"), QStringLiteral("--window"), mWindow, QString::number(place.x()),
+                      QString::number(place.y()) });
 }
 
 void AuthorDriver::click(const QPoint &place)
 {
     move(place);
-    xdotool({ QStringLiteral("click"), QStringLiteral("1") });
+    Screen::xdotool({ QStringLiteral("click"), QStringLiteral("1") });
     // What follows a selection in short timers.
     QTest::qWait(kSlow);
-}
-
-void AuthorDriver::clickSlowlyAgain(const QPoint &place)
-{
-    click(place);
-    click(place);
 }
 
 void AuthorDriver::drag(const QPoint &from, const QPoint &to)
 {
     move(from);
-    xdotool({ QStringLiteral("mousedown"), QStringLiteral("1") });
+    Screen::xdotool({ QStringLiteral("mousedown"), QStringLiteral("1") });
     const int step = to.y() < from.y() ? -4 : 4;
     for (int y = from.y(); (to.y() - y) * step >= 0; y += step) {
         move(QPoint(from.x(), y));
         QTest::qWait(30);
     }
     QTest::qWait(300);
-    xdotool({ QStringLiteral("mouseup"), QStringLiteral("1") });
+    Screen::xdotool({ QStringLiteral("mouseup"), QStringLiteral("1") });
 }
 
 void AuthorDriver::press(const QString &keys)
 {
-    xdotool({ QStringLiteral("key"), keys });
+    Screen::xdotool({ QStringLiteral("key"), keys });
 }
 
 void AuthorDriver::type(const QString &text)
@@ -160,14 +142,14 @@ void AuthorDriver::type(const QString &text)
         // Typed as a character, a line feed is another key than Return.
         if (i > 0)
             press(QStringLiteral("Return"));
-        xdotool({ QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), QStringLiteral("--"),
-                  lines.at(i) });
+        Screen::xdotool({ QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("30"), QStringLiteral("--"),
+                          lines.at(i) });
     }
 }
 
 bool AuthorDriver::isModified() const
 {
-    return xdotool({ QStringLiteral("getwindowname"), mWindow }).startsWith(QLatin1Char('*'));
+    return Screen::xdotool({ QStringLiteral("getwindowname"), mWindow }).startsWith(QLatin1Char('*'));
 }
 
 QStringList AuthorDriver::startMessage(const QString &keys)

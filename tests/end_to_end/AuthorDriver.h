@@ -27,7 +27,6 @@ protected:
 
     // Places in the window at its first size, in pixels.
     static QPoint row(int index);
-    static constexpr QPoint kHint = QPoint(600, 340);
     static constexpr QPoint kHint2 = QPoint(600, 570);
     static constexpr QPoint kCondition = QPoint(480, 678);
     static constexpr QPoint kJump = QPoint(430, 714);
@@ -38,7 +37,6 @@ protected:
     // How long the program may take for an edit.
     static constexpr int kLimit = 20000;
 
-    static QByteArray read(const QString &path);
     static QByteArray original(const QString &name);
     QString path(const QString &name) const;
 
@@ -51,11 +49,8 @@ protected:
     bool leave();
     void end();
 
-    /// Runs xdotool and gives what it prints.
-    static QString xdotool(const QStringList &arguments);
     void move(const QPoint &place);
     void click(const QPoint &place);
-    void clickSlowlyAgain(const QPoint &place);
     /// Moves the mouse with the button held, in small steps.
     void drag(const QPoint &from, const QPoint &to);
     static void press(const QString &keys);

@@ -1,8 +1,10 @@
 #include "AuthorDriver.h"
+#include "support/FileBytes.h"
+#include "support/Screen.h"
+#include "Tutorial/link/HostMessages.h"
 #include "WrittenTutorial.h"
 
 #include <QClipboard>
-#include <QFile>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QRegularExpression>
@@ -45,8 +47,8 @@ class tst_WriteTutorial : public AuthorDriver
 private Q_SLOTS:
     void initTestCase();
     void tutorialIsWritten();
-    void tutorialIsReadAndSavedAsItWas();
     void tutorialIsPlayedToItsEnd();
+    void editsAreSavedAndTakenBack();
     void cleanup() { end(); }
 
 private:
@@ -60,13 +62,9 @@ private:
 void tst_WriteTutorial::initTestCase()
 {
     makeFolder();
-    const auto write = [this](const QString &name, const QByteArray &bytes) {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    };
-    write(kScenario, "var scenario = [\n\n];");
-    write(kJapanese, withoutHints(original(kJapanese)));
-    write(kEnglish, withoutHints(original(kEnglish)));
+    writeAll(path(kScenario), "var scenario = [\n\n];");
+    writeAll(path(kJapanese), withoutHints(original(kJapanese)));
+    writeAll(path(kEnglish), withoutHints(original(kEnglish)));
 }
 
 bool tst_WriteTutorial::rename(int id, const char *name)
@@ -155,9 +153,9 @@ void tst_WriteTutorial::compareFiles()
 {
     // By lines, so that a failure names the first one that differs.
     const auto lines = [](const QByteArray &bytes) { return bytes.split('\n'); };
-    QCOMPARE(lines(read(path(kScenario))), lines(WrittenTutorial::scenario()));
-    QCOMPARE(lines(read(path(kJapanese))), lines(withHints(original(kJapanese), &Step::japanese)));
-    QCOMPARE(lines(read(path(kEnglish))), lines(withHints(original(kEnglish), &Step::english)));
+    QCOMPARE(lines(readAll(path(kScenario))), lines(WrittenTutorial::scenario()));
+    QCOMPARE(lines(readAll(path(kJapanese))), lines(withHints(original(kJapanese), &Step::japanese)));
+    QCOMPARE(lines(readAll(path(kEnglish))), lines(withHints(original(kEnglish), &Step::english)));
 }
 
 void tst_WriteTutorial::tutorialIsWritten()
@@ -214,18 +212,6 @@ void tst_WriteTutorial::tutorialIsWritten()
     QVERIFY(leave());
 }
 
-void tst_WriteTutorial::tutorialIsReadAndSavedAsItWas()
-{
-    QVERIFY(start());
-    // A rename and its way back, so that there is something to save.
-    click(row(2));
-    QVERIFY(rename(2, "changed"));
-    QVERIFY(rename(2, "hello"));
-    QVERIFY(save());
-    compareFiles();
-    QVERIFY(leave());
-}
-
 void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
 {
     QProcess host;
@@ -241,7 +227,7 @@ void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
     const auto hasBegun = [&] { return (transcript += host.readAllStandardOutput()).contains("*** step "); };
     bool begun = false;
     for (int i = 0; i < 3 && !begun; ++i) {
-        xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
+        Screen::xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
         press(QStringLiteral("F5"));
         begun = QTest::qWaitFor(hasBegun, kLimit);
     }
@@ -257,6 +243,93 @@ void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
     QVERIFY2(way == kWay, transcript);
     QCOMPARE(host.exitCode(), 0);
     compareFiles();
+}
+
+void tst_WriteTutorial::editsAreSavedAndTakenBack()
+{
+    // Row 2 is the item of the id 2, row 5 that of the id 4.
+    QVERIFY(start());
+    click(row(2));
+    QVERIFY(rename(2, "hello again"));
+    press(QStringLiteral("ctrl+z"));
+    QVERIFY(becomes(2, "name", QStringLiteral("hello")) && !isModified());
+    press(QStringLiteral("ctrl+shift+z"));
+    QVERIFY(becomes(2, "name", QStringLiteral("hello again")));
+    click(row(5));
+    click(row(5));
+    type(QStringLiteral("the tools"));
+    press(QStringLiteral("Return"));
+    QVERIFY(becomes(4, "name", QStringLiteral("the tools")));
+
+    // A position over the window that the step tracks, and texts that are still being typed.
+    mHost->send(HostMessages::FromHost::kControlPosition, QStringLiteral("MainWindow/toolSelect"), 40, -50);
+    click(kCondition);
+    press(QStringLiteral("ctrl+a"));
+    type(QStringLiteral("wait,300"));
+    press(QStringLiteral("F4"));
+    const QStringList cursor =
+        Screen::xdotool({ QStringLiteral("getmouselocation"), QStringLiteral("--shell") }).split(QLatin1Char('\n'));
+    QVERIFY(becomes(4, "x", cursor.at(0).mid(2).toInt() - 40));
+    QCOMPARE(value(4, "y").toInt(), cursor.at(1).mid(2).toInt() + 50);
+    QCOMPARE(value(4, "condition").toString(), QStringLiteral("wait,300"));
+    click(kHint2);
+    press(QStringLiteral("ctrl+End"));
+    type(QStringLiteral(" <b> & 'c'"));
+    QVERIFY(save());
+    QVERIFY(readAll(path(kEnglish)).contains("The tools. &lt;b> &amp; 'c'</translation>"));
+
+    const QList<QJsonObject> saved = items();
+    const QByteArray bytes = readAll(path(kScenario));
+    QVERIFY(leave());
+    QVERIFY(start());
+    QCOMPARE(items(), saved);
+
+    const QStringList before = names();
+    const auto undone = [&] {
+        press(QStringLiteral("ctrl+z"));
+        return becomes(before) && !isModified();
+    };
+    click(row(5));
+    press(QStringLiteral("ctrl+c"));
+    press(QStringLiteral("ctrl+v"));
+    const QStringList pasted = before + QStringList(QStringLiteral("the tools(1)"));
+    QVERIFY(becomes(pasted));
+    // Below the question, the window answers no key although a click has given it the focus.
+    press(QStringLiteral("ctrl+w"));
+    const QStringList question = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                                   QStringLiteral("^プロジェクトの保存$") };
+    QTRY_VERIFY(!Screen::xdotool(question).isEmpty());
+    QTest::qWait(kSlow);
+    click(kCondition);
+    press(QStringLiteral("ctrl+z"));
+    press(QStringLiteral("alt+f"));
+    QTest::qWait(kSlow);
+    press(QStringLiteral("Escape"));
+    QTRY_VERIFY(Screen::xdotool(question).isEmpty());
+    QVERIFY(becomes(pasted));
+    QVERIFY(undone());
+
+    // Two rows at once, to before the first one.
+    click(row(5));
+    move(row(6));
+    Screen::xdotool({ QStringLiteral("keydown"), QStringLiteral("shift"), QStringLiteral("click"), QStringLiteral("1"),
+                      QStringLiteral("keyup"), QStringLiteral("shift") });
+    QTest::qWait(kSlow);
+    drag(row(6) + QPoint(0, 2), row(2) - QPoint(0, 9));
+    QStringList moved = before;
+    moved.move(4, 1);
+    moved.move(5, 2);
+    QVERIFY(becomes(moved));
+    QVERIFY(undone());
+
+    click(row(2));
+    press(QStringLiteral("Delete"));
+    QStringList deleted = before;
+    deleted.removeAt(1);
+    QVERIFY(becomes(deleted));
+    QVERIFY(undone());
+    QCOMPARE(readAll(path(kScenario)), bytes);
+    QVERIFY(leave());
 }
 
 QTEST_MAIN(tst_WriteTutorial)
