@@ -9,6 +9,9 @@
 
 namespace
 {
+const QString kReplaced = QStringLiteral("replaced");
+const QString kInPlace = QStringLiteral("in place");
+
 /// Lets no file be made in a folder, not even by root, who becomes somebody else for that.
 class ClosedFolder
 {
@@ -39,34 +42,27 @@ private Q_SLOTS:
     void writesWholeFilesOrNone_data();
     void writesWholeFilesOrNone();
     void copyReplacesSafely();
-    void removeFolders();
+    void removesNoMoreThanTheFolder();
     void absolutePath();
     void uniqueName();
 
 private:
-    QString path(const char *name) const { return mDir.filePath(QString::fromUtf8(name)); }
-    QByteArray contents(const char *name) const
+    static QByteArray contents(const QString &path)
     {
         QByteArray bytes;
-        return DataSupport::readFile(path(name), bytes) ? bytes : QByteArray("unreadable");
+        return DataSupport::readFile(path, bytes) ? bytes : QByteArray("unreadable");
     }
-
-    QTemporaryDir mDir;
 };
 
 void tst_DataSupport::writesWholeFilesOrNone_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("target");
-    QTest::newRow("file") << "a.ts"
-                          << "a.ts";
-    QTest::newRow("in place") << "b.ts"
-                              << "b.ts";
-    // Its name has no room for an ending, which shows only when the new file is to be there.
-    const QString longest(255, QLatin1Char('n'));
-    QTest::newRow("longest name") << longest << longest;
-    QTest::newRow("links") << "link"
-                           << "a.ts";
+    // Where no file may be made beside it, it can only be written in place. The longest name has no room
+    // for an ending, which shows only when the new file is to be there.
+    for (const QString &name : { kReplaced, kInPlace, QString(255, QLatin1Char('n')) })
+        QTest::newRow(qPrintable(name.left(10))) << name << name;
+    QTest::newRow("symbolic links") << QStringLiteral("link") << kReplaced;
 }
 
 void tst_DataSupport::writesWholeFilesOrNone()
@@ -81,8 +77,7 @@ void tst_DataSupport::writesWholeFilesOrNone()
     QVERIFY(DataSupport::writeFile(path, QByteArray(5000, 'a')));
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
     QVERIFY(file.setPermissions(permissions));
-    // Where no file may be made beside it, it can only be written in place.
-    const bool inPlace = target == QLatin1String("b.ts");
+    const bool inPlace = target == kInPlace;
     const std::unique_ptr<ClosedFolder> closed(inPlace ? new ClosedFolder(folder.path(), path) : nullptr);
     {
         // Less than the old file has.
@@ -90,15 +85,12 @@ void tst_DataSupport::writesWholeFilesOrNone()
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("write bytes differs 4096 10000")));
         QVERIFY(!DataSupport::writeFile(path, QByteArray(10000, 'b')));
     }
-    QByteArray bytes;
-    QVERIFY(DataSupport::readFile(file.fileName(), bytes));
-    QCOMPARE(bytes, QByteArray(5000, 'a'));
+    QCOMPARE(contents(file.fileName()), QByteArray(5000, 'a'));
     QVERIFY(file.open(QFile::ReadOnly | QFile::Unbuffered));
     QVERIFY(DataSupport::writeFile(path, "short"));
     // The old file stays whole, unless there is no place beside it.
     QCOMPARE(file.readAll().size(), inPlace || target.size() == 255 ? 5 : 5000);
-    QVERIFY(DataSupport::readFile(file.fileName(), bytes));
-    QCOMPARE(bytes, QByteArray("short"));
+    QCOMPARE(contents(file.fileName()), QByteArray("short"));
     QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
     QCOMPARE(QFileInfo(path).isSymLink(), name != target);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), name == target ? 1 : 3);
@@ -106,42 +98,41 @@ void tst_DataSupport::writesWholeFilesOrNone()
 
 void tst_DataSupport::copyReplacesSafely()
 {
+    const QTemporaryDir folder;
+    const QString from = folder.filePath(QStringLiteral("from"));
+    const QString to = folder.filePath(QStringLiteral("to"));
     const QByteArray binary("a\0b\r\n\xff", 6);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to copy.*from.*to\\.tmp")));
-    QVERIFY(DataSupport::writeFile(path("to"), "old"));
-    QVERIFY(!DataSupport::copyFile(path("from"), path("to")));
-    QCOMPARE(contents("to"), QByteArray("old"));
+    QVERIFY(DataSupport::writeFile(to, "old"));
+    QVERIFY(!DataSupport::copyFile(from, to));
+    QCOMPARE(contents(to), QByteArray("old"));
 
     // A folder of the backup's name can be neither removed as a file nor replaced.
-    QVERIFY(DataSupport::writeFile(path("from"), binary));
-    QVERIFY(DataSupport::mkdir(path("to.tmp2")));
+    QVERIFY(DataSupport::writeFile(from, binary) && DataSupport::mkdir(to + QLatin1String(".tmp2")));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to rename.*to.*to\\.tmp2")));
-    QVERIFY(!DataSupport::copyFile(path("from"), path("to")));
-    QCOMPARE(contents("to"), QByteArray("old"));
+    QVERIFY(!DataSupport::copyFile(from, to));
+    QCOMPARE(contents(to), QByteArray("old"));
 
-    // What a crash has left behind is in the way of nothing.
-    QVERIFY(DataSupport::rmdir(path("to.tmp2")));
-    QVERIFY(DataSupport::writeFile(path("to.tmp"), "crashed"));
-    QVERIFY(DataSupport::writeFile(path("to.tmp2"), "crashed"));
-    QVERIFY(DataSupport::copyFile(path("from"), path("to")));
-    QCOMPARE(contents("to"), binary);
-    QCOMPARE(QDir(mDir.path()).entryList(QDir::Files).size(), 2);
+    // What a crash has left is in the way of nothing.
+    QVERIFY(DataSupport::rmdir(to + QLatin1String(".tmp2")));
+    QVERIFY(DataSupport::writeFile(to + QLatin1String(".tmp"), "crashed"));
+    QVERIFY(DataSupport::writeFile(to + QLatin1String(".tmp2"), "crashed"));
+    QVERIFY(DataSupport::copyFile(from, to));
+    QCOMPARE(contents(to), binary);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
 }
 
-void tst_DataSupport::removeFolders()
+void tst_DataSupport::removesNoMoreThanTheFolder()
 {
-    QVERIFY(DataSupport::mkdir(path("kept")));
-    QVERIFY(DataSupport::writeFile(path("kept/file"), "x"));
-    QVERIFY(DataSupport::mkdir(path("a")));
-    QVERIFY(DataSupport::mkdir(path("a/b")));
-    QVERIFY(DataSupport::writeFile(path("a/b/protected"), "x"));
-    QVERIFY(QFile::setPermissions(path("a/b/protected"), QFile::ReadOwner));
-#ifndef Q_OS_WIN
-    QVERIFY(QFile::link(path("kept"), path("a/link")));
-#endif
-    QVERIFY(DataSupport::rmdir(path("a")));
-    QVERIFY(!DataSupport::fileExists(path("a")));
-    QCOMPARE(contents("kept/file"), QByteArray("x"));
+    const QTemporaryDir folder;
+    const QString kept = folder.filePath(QStringLiteral("kept/file"));
+    const QString gone = folder.filePath(QStringLiteral("gone"));
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("kept")) && QDir(gone).mkpath(QStringLiteral("deep")));
+    QVERIFY(DataSupport::writeFile(kept, "x") && DataSupport::writeFile(gone + QLatin1String("/deep/file"), "x"));
+    QVERIFY(QFile::link(QFileInfo(kept).path(), gone + QLatin1String("/link")));
+    QVERIFY(DataSupport::rmdir(gone));
+    QVERIFY(!DataSupport::fileExists(gone));
+    QCOMPARE(contents(kept), QByteArray("x"));
 }
 
 void tst_DataSupport::absolutePath()
@@ -154,26 +145,18 @@ void tst_DataSupport::absolutePath()
 
 void tst_DataSupport::uniqueName()
 {
-    struct Row
-    {
-        const char *names; // separated by blanks
-        const char *base;
-        int digits;
-        const char *expected;
+    const auto name = [](const char *names, const char *base, int digits) {
+        return DataSupport::getUniqueName(QString::fromLatin1(names).split(QLatin1Char(' ')), QLatin1String(base),
+                                          digits);
     };
-    const Row rows[] = {
-        { "", "item", 3, "item001" },
-        { "item7 item+8 item9a xitem9 item1.5 item-8", "item", 2, "item08" },
-        { "item999", "item", 2, "item1000" },
-        { "item2147483647 item2147483648", "item", 0, "item2147483649" },
-        { "abc abc(1) abc(3)", "abc", -1, "abc(4)" },
-        { "abc abc(1) abc(3)", "xyz", -2, "xyz(1)" },
-        { "abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1, "abc(1)" },
-    };
-    for (const Row &row : rows) {
-        const QStringList names = QString::fromLatin1(row.names).split(QLatin1Char(' '));
-        QCOMPARE(DataSupport::getUniqueName(names, QLatin1String(row.base), row.digits), QLatin1String(row.expected));
-    }
+    QCOMPARE(name("", "item", 3), QStringLiteral("item001"));
+    QCOMPARE(name("item7 item+8 item9a xitem9 item1.5 item-8", "item", 2), QStringLiteral("item08"));
+    QCOMPARE(name("item999", "item", 2), QStringLiteral("item1000"));
+    QCOMPARE(name("item2147483647 item2147483648", "item", 0), QStringLiteral("item2147483649"));
+    QCOMPARE(name("abc abc(1) abc(3)", "abc", -1), QStringLiteral("abc(4)"));
+    QCOMPARE(name("abc abc(1) abc(3)", "xyz", -1), QStringLiteral("xyz"));
+    QCOMPARE(name("abc abc(1) abc(3)", "xyz", -2), QStringLiteral("xyz(1)"));
+    QCOMPARE(name("abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1), QStringLiteral("abc(1)"));
 }
 
 QTEST_GUILESS_MAIN(tst_DataSupport)

@@ -113,12 +113,9 @@ void tst_Model::makesValidNames()
     // The name that is wanted, others that are there, and what comes of it.
     const char *const rows[][2] = {
         { "abc,abd,ABC,", "abc" },
-        { "abc,abc,abc1", "abc2" },
         { "item007,item007,item012", "item013" },
-        { "item2147483647,item2147483647", "item2147483648" },
         { "abc(2),abc(2),abc(10)", "abc(11)" },
         { "abc(x),abc(x)", "abc(x)1" },
-        { "次,次,次1", "次2" },
     };
     for (const auto &row : rows) {
         QStringList names = QString::fromUtf8(row[0]).split(QLatin1Char(','));
