@@ -1,7 +1,7 @@
 import QtQuick 2.9
 import "../QtControls"
 
-/// The label in front of a field.
+/// The label of a field.
 Label {
     anchors.verticalCenter: parent ? parent.verticalCenter : undefined
     width: contentWidth + 4

@@ -2,7 +2,7 @@ import QtQuick 2.9
 import "../QtControls" as Kit
 import "../Singletons"
 
-/// The label in front of a hint, with a mark under it while learners would see
+/// The label of a hint, with a mark under it while learners would see
 /// no hint but its key. Its texts belong to the screen.
 FieldLabel {
     id: root
