@@ -43,11 +43,6 @@ const QString AuthorDriver::kScenario = QStringLiteral("qml/Tutorial/TutorialSid
 const QString AuthorDriver::kJapanese = QStringLiteral("translations/ja_JP.ts");
 const QString AuthorDriver::kEnglish = QStringLiteral("translations/en_US.ts");
 
-AuthorDriver::AuthorDriver()
-{
-    connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send(HostMessages::FromHost::kAlive); });
-}
-
 QPoint AuthorDriver::row(int index)
 {
     return QPoint(110, kFirstRowY + index * kRowHeight);
@@ -77,7 +72,7 @@ bool AuthorDriver::start()
     mHost->process().setWorkingDirectory(mFolder->path());
     if (!mHost->start(kProgram))
         return false;
-    mAlive.start(1000);
+    mHost->keepAlive();
     return findWindow() && QTest::qWaitFor([this] { return !startMessage(QStringLiteral("F5")).isEmpty(); }, kLimit);
 }
 
@@ -99,7 +94,6 @@ bool AuthorDriver::leave()
 
 void AuthorDriver::end()
 {
-    mAlive.stop();
     mHost.reset();
 }
 

@@ -5,7 +5,6 @@
 #include <QJsonObject>
 #include <QPoint>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <memory>
 
@@ -16,8 +15,7 @@ class AuthorDriver : public QObject
     Q_OBJECT
 
 public:
-    AuthorDriver();
-
+    AuthorDriver() = default;
 protected:
     static const QString kTutorial;
     // Beside each other in the tutorial folder, and in the sources.
@@ -75,6 +73,4 @@ private:
     Q_DISABLE_COPY(AuthorDriver)
 
     QStringList startMessage(const QString &keys);
-
-    QTimer mAlive;
 };

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTimer>
 #include <QtTest>
 #include <QWidget>
 
@@ -138,7 +137,6 @@ private:
     std::unique_ptr<Neighbour> mNeighbour;
     std::unique_ptr<HostPeer> mHost;
     QImage mBefore;
-    QTimer mAlive;
 };
 
 void tst_GuidanceOnScreen::init()
@@ -147,7 +145,7 @@ void tst_GuidanceOnScreen::init()
     QVERIFY(QTest::qWaitForWindowExposed(mNeighbour.get()));
     mHost = std::make_unique<HostPeer>();
     QVERIFY(mHost->start(kProgram));
-    mAlive.start(1000);
+    mHost->keepAlive();
 
     mBefore = Screen::pixels(kHostRect);
     start();
@@ -160,7 +158,6 @@ void tst_GuidanceOnScreen::init()
 
 void tst_GuidanceOnScreen::cleanup()
 {
-    mAlive.stop();
     mHost.reset();
     mNeighbour.reset();
 }

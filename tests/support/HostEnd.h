@@ -33,6 +33,11 @@ public:
 
     QLocalSocket &socket() { return *mSocket; }
     void sendBytes(const QByteArray &bytes) { mSocket->write(bytes); }
+    template <typename... Fields>
+    void send(QLatin1String name, const Fields &...fields)
+    {
+        sendMessage(HostMessages::message(name, fields...));
+    }
     void sendMessage(const QString &message) { sendBytes(HostRecord::encode(HostRecord::kFromHost, message)); }
 
     /// The fields of the next message; empty when none comes within the time in milliseconds.

@@ -1,57 +1,39 @@
 #include "support/HostPeer.h"
 
-#include "Tutorial/link/HostRecord.h"
+#include "support/FileBytes.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QFile>
-#include <QLocalSocket>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace
 {
-const QString kLogFolder = QStringLiteral("/data/Harnwick/Trelvane");
+const QString kLogFolder = QStringLiteral(".local/share/Harnwick/Trelvane");
 }
 
-HostPeer::HostPeer() : mReader(HostRecord::kToHost)
+HostPeer::HostPeer()
 {
-    QDir(mHome.path()).mkpath(mHome.path() + kLogFolder);
+    QDir(mHome.path()).mkpath(kLogFolder);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOME"), mHome.path());
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), mHome.filePath(QStringLiteral("data")));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), mHome.filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_CACHE_HOME"), mHome.filePath(QStringLiteral("cache")));
-    environment.insert(QStringLiteral("QTWEBENGINE_DISABLE_SANDBOX"), QStringLiteral("1"));
+    for (const char *folder : { "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME" })
+        environment.remove(QLatin1String(folder));
     mProcess.setProcessEnvironment(environment);
     mProcess.setStandardOutputFile(QProcess::nullDevice());
-    mProcess.setStandardErrorFile(mHome.filePath(QStringLiteral("stderr.txt")));
+    mProcess.setStandardErrorFile(QProcess::nullDevice());
+    QObject::connect(&mAlive, &QTimer::timeout, &mProcess, [this] { send(HostMessages::FromHost::kAlive); });
 }
 
 HostPeer::~HostPeer()
 {
-    if (mProcess.state() != QProcess::NotRunning) {
-        mProcess.kill();
-        mProcess.waitForFinished();
-    }
+    mProcess.kill();
+    mProcess.waitForFinished();
 }
 
 bool HostPeer::start(const QString &program)
 {
     static int count = 0;
     const QString suffix = QStringLiteral("-test-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
-    const QString name = HostMessages::serverName(suffix);
-    QLocalServer::removeServer(name);
-    if (!mServer.listen(name))
-        return false;
-    mProcess.start(program, { suffix, QStringLiteral("ignored") });
-    QSignalSpy connection(&mServer, &QLocalServer::newConnection);
-    if (!mServer.hasPendingConnections() && !connection.wait(20000))
-        return false;
-    mSocket = mServer.nextPendingConnection();
-    connect(mSocket, &QLocalSocket::readyRead, this, &HostPeer::readMessages);
-    return true;
+    return listen(suffix) && startAlone(program, { suffix, QStringLiteral("ignored") }) && accept();
 }
 
 bool HostPeer::startAlone(const QString &program, const QStringList &arguments)
@@ -60,45 +42,24 @@ bool HostPeer::startAlone(const QString &program, const QStringList &arguments)
     return mProcess.waitForStarted();
 }
 
-void HostPeer::sendMessage(const QString &message)
+void HostPeer::keepAlive()
 {
-    sendBytes(HostRecord::encode(HostRecord::kFromHost, message));
-}
-
-void HostPeer::sendBytes(const QByteArray &bytes)
-{
-    mSocket->write(bytes);
+    mAlive.start(1000);
 }
 
 bool HostPeer::flush(int timeout)
 {
-    return QTest::qWaitFor([this] { return mSocket->bytesToWrite() == 0; }, timeout);
-}
-
-void HostPeer::closeLink()
-{
-    mSocket->disconnectFromServer();
-}
-
-void HostPeer::readMessages()
-{
-    mMessages += mReader.read(mSocket->readAll());
+    return QTest::qWaitFor([this] { return socket().bytesToWrite() == 0; }, timeout);
 }
 
 QStringList HostPeer::waitForMessage(const QString &name, int timeout)
 {
+    const QDeadlineTimer limit(timeout);
     QStringList fields;
-    const auto take = [&] {
-        while (!mMessages.isEmpty()) {
-            const QString message = mMessages.takeFirst();
-            if (HostMessages::name(message) == name) {
-                fields = HostMessages::split(message);
-                return true;
-            }
-        }
-        return false;
-    };
-    return QTest::qWaitFor(take, timeout) ? fields : QStringList();
+    do {
+        fields = next(int(limit.remainingTime()));
+    } while (!fields.isEmpty() && fields.first() != name);
+    return fields;
 }
 
 bool HostPeer::waitForExit(int timeout)
@@ -108,18 +69,12 @@ bool HostPeer::waitForExit(int timeout)
 
 QString HostPeer::log() const
 {
-    QFile file(mHome.path() + kLogFolder + QStringLiteral("/Trelvane.log"));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return QString::fromUtf8(readAll(mHome.filePath(kLogFolder + QLatin1String("/Trelvane.log"))));
 }
 
 int HostPeer::memory() const
 {
-    QFile file(QStringLiteral("/proc/%1/status").arg(mProcess.processId()));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').first().toInt();
-    }
-    return 0;
+    const QByteArray mark = "VmRSS:";
+    const QByteArray status = readAll(QStringLiteral("/proc/%1/status").arg(mProcess.processId()));
+    return status.mid(status.indexOf(mark) + mark.size()).trimmed().split(' ').first().toInt();
 }

@@ -1,42 +1,28 @@
 #pragma once
 
-#include "Tutorial/link/HostMessages.h"
-#include "Tutorial/link/HostRecordReader.h"
+#include "support/HostEnd.h"
 
-#include <QLocalServer>
-#include <QObject>
 #include <QProcess>
-#include <QStringList>
 #include <QTemporaryDir>
-
-class QLocalSocket;
+#include <QTimer>
 
 /// The host editor's end of the link for tests with the real program: starts it, with folders of its
-/// own for settings and log, and keeps every message that it sends.
-class HostPeer : public QObject
+/// own for settings and log.
+class HostPeer : public HostEnd
 {
-    Q_OBJECT
-
 public:
     HostPeer();
-    ~HostPeer() override;
+    ~HostPeer();
 
     /// Starts the program and waits for its connection.
     bool start(const QString &program);
     /// Starts the program with these arguments and no server for it.
     bool startAlone(const QString &program, const QStringList &arguments);
+    /// Sends "alive" each second from here on.
+    void keepAlive();
 
-    template <typename... Fields>
-    void send(QLatin1String name, const Fields &...fields)
-    {
-        sendMessage(HostMessages::message(name, fields...));
-    }
-    void sendMessage(const QString &message);
-    void sendBytes(const QByteArray &bytes);
     /// Waits until all bytes have gone to the program.
     bool flush(int timeout = 30000);
-    void closeLink();
-
     /// Waits for a message of that name that was not taken yet, and takes it with all before it.
     /// Its fields; empty when none came within the time in milliseconds.
     QStringList waitForMessage(const QString &name, int timeout = 10000);
@@ -51,12 +37,7 @@ public:
 private:
     Q_DISABLE_COPY(HostPeer)
 
-    void readMessages();
-
     QTemporaryDir mHome;
-    QLocalServer mServer;
-    QLocalSocket *mSocket = nullptr; // a child of the server
-    HostRecordReader mReader;
     QProcess mProcess;
-    QStringList mMessages;
+    QTimer mAlive;
 };

@@ -8,7 +8,7 @@ namespace
 {
 const QStringList kAlive = { HostMessages::FromHost::kAlive };
 
-/// "|" stands for the byte in front of a message, "!" for the end of a record.
+/// "|" stands for the byte before a message, "!" for the end of a record.
 QByteArray bytesOf(const char *text)
 {
     return QByteArray(text).replace('|', HostRecord::kMessageStart).replace('!', HostRecord::kEnd);

@@ -3,15 +3,20 @@
 #include "HostScenario.h"
 #include "HostSession.h"
 #include "ScenarioWalker.h"
+#include "ScriptDialog.h"
 #include "StepCondition.h"
 
 #include "Tutorial/guidance/GuidanceGeometry.h"
 
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocumentFragment>
+
+using namespace HostMessages;
 
 /// The decisions of the stand-in host editor: in which order a scenario's steps come, what ends each.
 class tst_HostScenario : public QObject
@@ -19,9 +24,9 @@ class tst_HostScenario : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void order();
     void meeting();
     void walk();
+    void conversionDialog();
     void arrowTipStandsWhereTheStepPoints();
     void makesTheFolderOfTheLog();
 };
@@ -43,30 +48,8 @@ const char *kScript = R"(var scenario = [
     {"id":8,"name":"eight","folder":false,"condition":"nonsense"}
 ];)";
 
-HostScenario::Scenario scenario()
-{
-    return HostScenario::evaluate(QString::fromLatin1(kScript));
-}
+const QLatin1String kBox("Box");
 } // namespace
-
-void tst_HostScenario::order()
-{
-    const HostScenario::Scenario all = scenario();
-    const auto idAt = [&all](int index) { return index == HostScenario::kNone ? -1 : all.steps.at(index).id; };
-    const auto after = [&](int id, bool no) { return idAt(HostScenario::nextIndex(all, all.indexById.value(id), no)); };
-    const QMap<int, int> next{ { 2, 4 }, { 4, 6 }, { 6, 2 }, { 7, 8 }, { 8, -1 } };
-    for (auto step = next.cbegin(); step != next.cend(); ++step)
-        QCOMPARE(after(step.key(), false), step.value());
-    QCOMPARE(after(2, true), 4);
-    QCOMPARE(after(6, true), 8);
-    QCOMPARE(after(7, true), 4);
-
-    const QMap<int, int> starts{ { HostScenario::kNone, 2 }, { 7, 7 }, { 3, 4 }, { 5, 6 }, { 99, 2 } };
-    for (auto start = starts.cbegin(); start != starts.cend(); ++start)
-        QCOMPARE(idAt(HostScenario::startIndex(all, start.key())), start.value());
-    QCOMPARE(HostScenario::startIndex(HostScenario::Scenario(), 7), HostScenario::kNone);
-    QVERIFY(!HostScenario::evaluate(QStringLiteral("var scenario = [{];")).error.isEmpty());
-}
 
 void tst_HostScenario::meeting()
 {
@@ -86,24 +69,56 @@ void tst_HostScenario::meeting()
 
 void tst_HostScenario::walk()
 {
+    const HostScenario::Scenario scenario = HostScenario::evaluate(QString::fromLatin1(kScript));
     ScenarioWalker walker([](const StepCondition &) { return false; });
     QSignalSpy finished(&walker, &ScenarioWalker::finished);
-    walker.start(scenario(), 2);
+    const QMap<int, int> starts{ { HostScenario::kNone, 2 }, { 7, 7 }, { 3, 4 }, { 5, 6 }, { 99, 2 } };
+    for (auto start = starts.cbegin(); start != starts.cend(); ++start) {
+        walker.start(scenario, start.key());
+        QCOMPARE(walker.step().id, start.value());
+    }
+    walker.start(scenario, 2);
     // What is done, and the step that it leads to; the same step when it is not what the step waits for.
-    const QVector<QPair<const char *, int>> inputs{ { "yes", 2 },  { "box", 2 }, { "next", 4 }, { "next", 4 },
-                                                    { "box", 6 },  { "yes", 2 }, { "next", 4 }, { "box", 6 },
-                                                    { "next", 6 }, { "no", 8 } };
+    const QVector<QPair<QLatin1String, int>> inputs{ { ToHost::kYes, 2 },  { kBox, 2 }, { ToHost::kNext, 4 },
+                                                     { ToHost::kNext, 4 }, { kBox, 6 }, { ToHost::kYes, 2 },
+                                                     { ToHost::kNext, 4 }, { kBox, 6 }, { ToHost::kNext, 6 },
+                                                     { ToHost::kNo, 8 } };
     for (const auto &input : inputs) {
-        if (qstrcmp(input.first, "box") == 0)
-            walker.handleEvent({ QStringLiteral("checked"), QStringLiteral("Box"), QStringLiteral("true") });
+        if (input.first == kBox)
+            walker.handleEvent({ QStringLiteral("checked"), kBox, QStringLiteral("true") });
         else
-            walker.handleButton(QString::fromLatin1(input.first));
+            walker.handleButton(input.first);
         QTRY_COMPARE(walker.step().id, input.second);
     }
-    walker.handleButton(QStringLiteral("next"));
+    walker.handleButton(ToHost::kNext);
     QTRY_COMPARE(finished.count(), 1);
-    walker.start(scenario(), 7); // its wait ends by itself
+    walker.start(scenario, 7); // its wait ends by itself
     QTRY_COMPARE(walker.step().id, 8);
+
+    walker.start(HostScenario::Scenario(), 7);
+    QCOMPARE(finished.count(), 2);
+    QVERIFY(!HostScenario::evaluate(QStringLiteral("var scenario = [{];")).error.isEmpty());
+}
+
+void tst_HostScenario::conversionDialog()
+{
+    ScriptDialog dialog;
+    auto *source = dialog.findChild<QPlainTextEdit *>(QStringLiteral("source"));
+    auto *answer = dialog.findChild<QPlainTextEdit *>(QStringLiteral("answer"));
+    QSignalSpy requests(&dialog, &ScriptDialog::conversionRequested);
+    source->setPlainText(QStringLiteral("a = \"x\"\nb = ("));
+    dialog.findChild<QPushButton *>(QStringLiteral("convert"))->click();
+    QCOMPARE(requests.value(0).value(1).toString(), QStringLiteral("\"a = \\\"x\\\"\\nb = (\""));
+
+    const int key = requests.first().first().toInt();
+    dialog.showAnswer(key, QStringLiteral(R"({"error":"missing","javascript":"","line":2})"));
+    QCOMPARE(answer->toPlainText(), QStringLiteral("missing"));
+    QCOMPARE(source->textCursor().selectedText(), QStringLiteral("b = ("));
+    // An answer to another request than the last one is not shown.
+    dialog.showAnswer(key - 1, QStringLiteral(R"({"error":"","javascript":"late","line":-1})"));
+    QCOMPARE(answer->toPlainText(), QStringLiteral("missing"));
+    dialog.showAnswer(key, QStringLiteral(R"({"error":"","javascript":"var a;","line":-1})"));
+    QCOMPARE(answer->toPlainText(), QStringLiteral("var a;"));
 }
 
 // Also where the program turns the arrow upside down.

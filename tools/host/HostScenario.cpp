@@ -4,35 +4,40 @@
 #include <QStringList>
 #include <QVariantMap>
 
+#include <functional>
+
 namespace
 {
 using namespace HostScenario;
 
-int number(const QVariantMap &item, const char *key, int standard)
+struct Field
 {
-    return item.value(QLatin1String(key), standard).toInt();
+    const char *key;
+    std::function<void(Step &, const QVariant &)> read;
+};
+
+template <typename T>
+Field field(const char *key, T Step::*member)
+{
+    return { key, [member](Step &step, const QVariant &value) { step.*member = value.value<T>(); } };
 }
 
-QString text(const QVariantMap &item, const char *key)
-{
-    return item.value(QLatin1String(key)).toString();
-}
+// What a step has in the script. The value of a key that is missing stands in the structure.
+const Field kFields[] = {
+    field("id", &Step::id),         field("name", &Step::name),           field("x", &Step::x),
+    field("y", &Step::y),           field("windowKey", &Step::windowKey), field("condition", &Step::condition),
+    field("hint", &Step::hint),     field("icon", &Step::icon),           field("jump", &Step::jump),
+    field("jumpNo", &Step::jumpNo), field("showArrow", &Step::showArrow), field("prohibited", &Step::prohibited),
+};
 
 Step readStep(const QVariantMap &item)
 {
     Step step;
-    step.id = number(item, "id", 0);
-    step.name = text(item, "name");
-    step.x = number(item, "x", HostMessages::kNoPosition);
-    step.y = number(item, "y", HostMessages::kNoPosition);
-    step.windowKey = text(item, "windowKey");
-    step.condition = text(item, "condition");
-    step.hint = text(item, "hint");
-    step.icon = text(item, "icon");
-    step.jump = number(item, "jump", kNone);
-    step.jumpNo = number(item, "jumpNo", kNone);
-    step.showArrow = item.value(QStringLiteral("showArrow"), true).toBool();
-    step.prohibited = item.value(QStringLiteral("prohibited"), false).toBool();
+    for (const Field &field : kFields) {
+        const auto value = item.constFind(QLatin1String(field.key));
+        if (value != item.constEnd())
+            field.read(step, *value);
+    }
     return step;
 }
 
@@ -40,7 +45,7 @@ void append(const QVariantList &items, Scenario &scenario)
 {
     for (const QVariant &entry : items) {
         const QVariantMap item = entry.toMap();
-        const int id = number(item, "id", 0);
+        const int id = item.value(QStringLiteral("id")).toInt();
         if (!scenario.indexById.contains(id))
             scenario.indexById.insert(id, scenario.steps.size());
         if (item.value(QStringLiteral("folder")).toBool())

@@ -35,7 +35,7 @@ struct Step
 struct Scenario
 {
     QVector<Step> steps;
-    /// For each id, of folders too, the index of the first step at or behind it.
+    /// For each id, of folders too, the index of the first step at or after it.
     QHash<int, int> indexById;
     /// What went wrong with the script; empty when nothing did.
     QString error;
@@ -47,13 +47,13 @@ Scenario evaluate(const QString &script);
 /// Lays the items of the array flat.
 Scenario flatten(const QVariantList &items);
 
-/// The first step that may be shown at or behind that index, or kNone at the end.
+/// The first step that may be shown at or after that index, or kNone at the end.
 int firstAllowed(const Scenario &scenario, int index);
 
 /// The step to begin with. kNone and unknown ids begin at the first one.
 int startIndex(const Scenario &scenario, int id);
 
-/// The step behind the current one, or kNone when the tutorial ends there. Items that are
+/// The step after the current one, or kNone when the tutorial ends there. Items that are
 /// prohibited are passed over, and so is a jump to an id that does not exist.
 int nextIndex(const Scenario &scenario, int current, bool answeredNo);
 

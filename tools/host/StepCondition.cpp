@@ -27,7 +27,7 @@ bool isValid(Value type, const QString &value)
     return valid;
 }
 
-// The kinds that wait for an event, with the value that stands behind the key.
+// The kinds that wait for an event, with the value that comes after the key.
 const QHash<QString, Value> &eventKinds()
 {
     static const QHash<QString, Value> kinds = {

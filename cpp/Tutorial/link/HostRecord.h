@@ -21,7 +21,7 @@ constexpr char kEnd = 0x00;
 /// The bytes of a record with one message.
 QByteArray encode(char direction, const QString &message);
 
-/// The messages in the text of one record, which begins behind the direction byte and the byte
+/// The messages in the text of one record, which begins after the direction byte and the byte
 /// that follows it. Empty messages count as messages; an empty text has none.
 QStringList splitMessages(const QByteArray &recordText);
 } // namespace HostRecord

@@ -15,18 +15,18 @@ public:
     explicit HostRecordReader(char direction);
 
     /// The messages of all records that this read has completed, in order. A record with another
-    /// first byte, and all of the read behind it, is dropped.
+    /// first byte, and all of the read after it, is dropped.
     QStringList read(const QByteArray &bytes);
 
     /// Forgets an unfinished record.
     void clear();
 
 private:
-    // A record holds at least its direction byte, the byte behind it and its end.
+    // A record holds at least its direction byte, the byte after it and its end.
     static constexpr int kHeaderSize = 2;
 
     char mDirection;
     QByteArray mPending;
-    // No end stands in front of this position of mPending.
+    // No end stands before this position of mPending.
     int mSearchedSize = 0;
 };

@@ -1,5 +1,0 @@
-hi = `function() {
-  return [document.title, "Hello"].join(": ");
-}`
-x = `a /* comment */ + b`
-`var raw = 1;`
