@@ -16,6 +16,7 @@ class AuthorDriver : public QObject
 
 public:
     AuthorDriver() = default;
+
 protected:
     static const QString kTutorial;
     // Beside each other in the tutorial folder, and in the sources.
