@@ -83,12 +83,6 @@ class tst_GuidanceOnScreen : public QObject
 {
     Q_OBJECT
 
-public:
-    tst_GuidanceOnScreen()
-    {
-        connect(&mAlive, &QTimer::timeout, this, [this] { mHost->send(kAlive); });
-    }
-
 private Q_SLOTS:
     void init();
     void cleanup();
