@@ -1,128 +1,24 @@
-#include "SettingScreenTest.h"
+#include "AuthoringTest.h"
 
 #include "quick/DocumentFollower.h"
 #include "quick/TutorialItemListModel.h"
 #include "support/ModelRows.h"
-#include "support/WarningGuard.h"
-#include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
-#include <QApplication>
-#include <QtTest>
-
-#include <functional>
-
-Q_DECLARE_METATYPE(std::function<void()>)
-
-/// The one history of the tree, the fields and the keys.
-class tst_UndoOnScreen : public SettingScreenTest
+/// What the tree shows after each edit of it, and after the steps back and forth in the history.
+class tst_UndoOnScreen : public AuthoringTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-
     void stepsAreShown_data();
     void stepsAreShown();
-    void fieldKeysGoThroughTheHistory_data();
-    void fieldKeysGoThroughTheHistory();
-    void menusTakeWhatIsTyped_data();
-    void menusTakeWhatIsTyped();
 
 private:
-    static constexpr int kItems = 90;
-
-    TutorialItemListModel *rows() { return screen()->property("model").value<TutorialItemListModel *>(); }
-    qreal scrolled();
-    QQuickItem *row(int id);
-    void drag(int id, int targetId);
-    void chooseEntry(Qt::Key menu, const char *entry);
+    static void addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows);
     void checkShown(int id, qreal place);
-
-    WarningGuard mWarnings;
 };
-
-void tst_UndoOnScreen::initTestCase()
-{
-    mWarnings.begin();
-    // What the history says of itself at its start.
-    mWarnings.expect(QStringLiteral("UndoRedo::UndoRedo"));
-    load();
-    mWarnings.end();
-}
-
-void tst_UndoOnScreen::init()
-{
-    mWarnings.begin();
-    QByteArrayList items;
-    for (int id = 1; id <= kItems; ++id)
-        items.append(itemText(id, QStringLiteral("step%1").arg(id)));
-    items.append(R"({"id":91,"name":"folder","folder":true,"children":[)" + itemText(92, QStringLiteral("inner"))
-                 + "]}");
-    loadScenario(items.join(','));
-    tree()->setProperty("autoActiveFocusOneShot", true);
-    select(62);
-}
-
-void tst_UndoOnScreen::cleanup()
-{
-    mFixture->evaluate(QStringLiteral("commitEditing()"));
-    managerInstance->setModified(false);
-    managerInstance->unload();
-    mWarnings.end();
-}
-
-qreal tst_UndoOnScreen::scrolled()
-{
-    QVariant place;
-    QMetaObject::invokeMethod(tree()->findChild<QQuickItem *>(QStringLiteral("view")), "scrolled",
-                              Q_RETURN_ARG(QVariant, place));
-    return place.toReal();
-}
-
-QQuickItem *tst_UndoOnScreen::row(int id)
-{
-    QVariant delegate;
-    QMetaObject::invokeMethod(tree(), "getItemById", Q_RETURN_ARG(QVariant, delegate), Q_ARG(QVariant, id));
-    return delegate.value<QQuickItem *>();
-}
-
-void tst_UndoOnScreen::drag(int id, int targetId)
-{
-    const auto middle = [this](int of) { return row(of)->mapToScene(QPointF(100, row(of)->height() / 2)).toPoint(); };
-    const QPoint start = middle(id);
-    const QPoint end = middle(targetId) - QPoint(0, 7);
-    QTest::mousePress(mWindow, Qt::LeftButton, Qt::NoModifier, start);
-    for (int i = 1; i <= 12; ++i)
-        QTest::mouseMove(mWindow, start + (end - start) * i / 12);
-    QTest::mouseRelease(mWindow, Qt::LeftButton, Qt::NoModifier, end);
-}
-
-void tst_UndoOnScreen::chooseEntry(Qt::Key menu, const char *entry)
-{
-    const int before = QGuiApplication::allWindows().size();
-    press(menu, Qt::AltModifier);
-    QTRY_VERIFY(QGuiApplication::allWindows().size() > before);
-    QVERIFY(QTest::qWaitForWindowExposed(QGuiApplication::allWindows().last()));
-    const QObject *item = mWindow->findChild<QObject *>(QLatin1String(entry));
-    MainWindowFixture::click(item->property("__visualItem").value<QQuickItem *>());
-}
-
-/// The rows are those of the document, the row of the id is selected and in view, and the tree has
-/// not been scrolled, but for a row that is gone from its end.
-void tst_UndoOnScreen::checkShown(int id, qreal place)
-{
-    QTRY_COMPARE(currentId(), id);
-    settle();
-    QCOMPARE(ModelRows::difference(*rows()), QString());
-    QCOMPARE(currentId(), id);
-    QCOMPARE(screen()->property("selectedIdList").toList(), QVariantList{ id });
-    QVERIFY(row(id));
-    QVERIFY2(scrolled() == place || scrolled() == place - 24, QByteArray::number(scrolled()).constData());
-}
 
 void tst_UndoOnScreen::stepsAreShown_data()
 {
@@ -133,21 +29,34 @@ void tst_UndoOnScreen::stepsAreShown_data()
     const auto line = [](const char *name, int edited, int undone, int redone, const std::function<void()> &edit) {
         QTest::newRow(name) << edit << edited << undone << redone;
     };
-    line("add", 93, 62, 93, [this] { click(find("addItemButton")); });
-    line("paste", 93, 91, 93, [this] {
+    // The folder 63 is open and holds 64 and 65; the row 62 is selected.
+    line("add", 96, 62, 96, [this] { click(item("addItemButton")); });
+    line("add folder by menu", 96, 62, 96, [this] { choose("&Edit", "&Add folder"); });
+    line("paste", 96, 95, 96, [this] {
         press(Qt::Key_C, Qt::ControlModifier);
         press(Qt::Key_V, Qt::ControlModifier);
     });
-    line("delete", 63, 62, 63, [this] { press(Qt::Key_Delete); });
-    line("move", 62, 62, 62, [this] { drag(62, 58); });
-    line("rename", 62, 62, 62, [this] {
-        press(Qt::Key_F2);
-        type(QStringLiteral("new"));
-        press(Qt::Key_Return);
+    line("delete, with the name about to open", 63, 62, 63, [this] {
+        click(62);
+        press(Qt::Key_Delete);
+    });
+    line("cut an open folder by its menu", 66, 63, 66, [this] { chooseAt(at(63), "Cut"); });
+    line("move", 62, 62, 62, [this] {
+        drag(62, at(58, 100, -7));
+        drop();
+    });
+    line("move an open folder", 63, 63, 63, [this] {
+        drag(63, at(60, 50, -7));
+        drop();
+    });
+    line("rename", 62, 62, 62, [this] { rename(62, QStringLiteral("new")); });
+    line("prohibit a folder", 62, 64, 64, [this] {
+        auto *toggle = row(63)->findChild<QQuickItem *>(QStringLiteral("prohibition"));
+        click(toggle->childItems().value(0));
     });
     // The writer has gone on to another row.
     line("field", 64, 62, 62, [this] {
-        typeInto("condition", QStringLiteral("click"));
+        typeInto("condition", QStringLiteral("wait"));
         select(64);
     });
 }
@@ -159,96 +68,65 @@ void tst_UndoOnScreen::stepsAreShown()
     QFETCH(int, undoneId);
     QFETCH(int, redoneId);
 
+    load(longShape(95).replace(QStringLiteral(" 63 64 65 "), QStringLiteral(" 63[64 65] ")));
+    QVERIFY(open(63));
+    selectInTree(62);
     edit();
     QTRY_VERIFY(UndoRedo::instance()->canUndo());
     QTRY_COMPARE(currentId(), editedId);
     settle();
     const qreal place = scrolled();
     QVERIFY(place > 0);
+    checkShown(editedId, place);
     auto *follower = screen()->findChild<DocumentFollower *>();
     QVERIFY(follower);
     QSignalSpy changes(follower, &DocumentFollower::rowsAboutToChange);
     QSignalSpy passes(follower, &DocumentFollower::followed);
     for (int i = 0; i < 2; ++i) {
-        click(find("undoButton"));
+        click(item("undoButton"));
         checkShown(undoneId, place);
-        click(find("redoButton"));
+        click(item("redoButton"));
         checkShown(redoneId, place);
     }
     QVERIFY(changes.count() <= 4);
     QCOMPARE(passes.count(), 4);
 }
 
-void tst_UndoOnScreen::fieldKeysGoThroughTheHistory_data()
+/// The row of the id is selected and in view, the tree has not been scrolled, but for a row that is
+/// gone from its end, and what the rows show is what stands in the document.
+void tst_UndoOnScreen::checkShown(int id, qreal place)
 {
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<int>("steps");
-    QTest::newRow("condition") << QStringLiteral("text") << QStringLiteral("wait") << 1;
-    QTest::newRow("x") << QStringLiteral("value") << QStringLiteral("33") << 1;
-    QTest::newRow("hint.edit") << QStringLiteral("text") << QStringLiteral("abc") << 3;
+    QTRY_COMPARE(currentId(), id);
+    settle();
+    QCOMPARE(currentId(), id);
+    QCOMPARE(selected(), QString::number(id));
+    QVERIFY(row(id));
+    QVERIFY2(scrolled() == place || scrolled() == place - 24, QByteArray::number(scrolled()).constData());
+    const auto *model = screen()->property("model").value<TutorialItemListModel *>();
+    QCOMPARE(ModelRows::difference(*model), QString());
+
+    QStringList rows;
+    addRows(TutorialEditor::Manager::instance()->mData.mRoot, 1, rows);
+    const QStringList inView = shownRows();
+    // The root row stands above them.
+    const QChar newLine = QLatin1Char('\n');
+    QCOMPARE(inView.join(newLine), rows.mid(int(scrolled() / 24) - 1, inView.size()).join(newLine));
 }
 
-void tst_UndoOnScreen::fieldKeysGoThroughTheHistory()
+void tst_UndoOnScreen::addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows)
 {
-    QFETCH(QString, property);
-    QFETCH(QString, typed);
-    QFETCH(int, steps);
-    QQuickItem *field = find(QTest::currentDataTag());
-    const auto value = [&] { return field->property(property.toLatin1().constData()).toString(); };
-    const QString before = value();
-
-    typeInto("command", QStringLiteral("play"));
-    click(field);
-    press(Qt::Key_A, Qt::ControlModifier);
-    type(typed);
-    for (int i = 0; i < steps; ++i) {
-        QVERIFY(value() != before);
-        press(Qt::Key_Z, Qt::ControlModifier);
-        QCoreApplication::processEvents();
+    for (const auto &child : folder.mChildren) {
+        const TutorialItemData &data = *record(child.mId);
+        const bool prohibited = child.mFolder ? !child.mChildren.isEmpty() && record(child.mChildren.first().mId)->mProhibited : data.mProhibited;
+        rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId) + QLatin1String(child.mFolder ? "/ " : " ")
+                    + data.mName + QLatin1String(prohibited ? "!" : ""));
+        addRows(child, depth + 1, rows);
     }
-    QTRY_COMPARE(value(), before);
-    QVERIFY(UndoRedo::instance()->canRedo());
-    QCOMPARE(record(62)->mCommand, QStringLiteral("play"));
-    // On through the history, and nothing was added to it.
-    press(Qt::Key_Z, Qt::ControlModifier);
-    QTRY_COMPARE(record(62)->mCommand, QString());
-    QVERIFY(!UndoRedo::instance()->canUndo());
-    for (int i = 0; i < steps + 1; ++i)
-        press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    QTRY_COMPARE(value(), typed);
-    QVERIFY(!UndoRedo::instance()->canRedo());
-}
-
-void tst_UndoOnScreen::menusTakeWhatIsTyped_data()
-{
-    QTest::addColumn<std::function<void()>>("choose");
-    QTest::addColumn<bool>("undone");
-    QTest::newRow("undo") << std::function<void()>([this] { chooseEntry(Qt::Key_E, "undo"); }) << true;
-    QTest::newRow("start tutorial") << std::function<void()>([this] { press(Qt::Key_F5); }) << false;
-    QTest::newRow("start current") << std::function<void()>([this] { press(Qt::Key_F6); }) << false;
-    QTest::newRow("save") << std::function<void()>([this] { press(Qt::Key_S, Qt::ControlModifier); }) << false;
-}
-
-void tst_UndoOnScreen::menusTakeWhatIsTyped()
-{
-    QFETCH(std::function<void()>, choose);
-    QFETCH(bool, undone);
-    typeInto("command", QStringLiteral("play"));
-    typeInto("condition", QStringLiteral("wait"));
-    choose();
-    QTRY_COMPARE(UndoRedo::instance()->lastTransactionName(), QStringLiteral("setCondition"));
-    QTRY_COMPARE(record(62)->mCondition, undone ? QString() : QStringLiteral("wait"));
-    QCOMPARE(shown("condition"), record(62)->mCondition);
-    QCOMPARE(record(62)->mCommand, QStringLiteral("play"));
-    QCOMPARE(UndoRedo::instance()->canRedo(), undone);
 }
 
 int main(int argc, char *argv[])
 {
-    const auto application = MainWindowFixture::makeApplication(argv[0]);
-    tst_UndoOnScreen test;
-    return QTest::qExec(&test, argc, argv);
+    return AuthoringTest::run<tst_UndoOnScreen>(argc, argv);
 }
 
 #include "tst_UndoOnScreen.moc"

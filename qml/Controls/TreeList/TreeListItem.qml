@@ -133,6 +133,7 @@ MouseArea {
     onSearchedChanged: if (searched) view.searchedItem = delegate
     onIconRoundChanged: updateIcon()
     onRowIdChanged: {
+        renameTimer.stop();
         renameField.visible = false;
         updateIcon();
     }

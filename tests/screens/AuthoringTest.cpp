@@ -1,0 +1,437 @@
+#include "AuthoringTest.h"
+
+#include "QmlTypes.h"
+#include "quick/ModalGuard.h"
+#include "support/FileBytes.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/translation/TranslationSource.h"
+#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QQmlExpression>
+#include <QRegularExpression>
+#include <QtQml>
+
+#include <cstdlib>
+
+namespace
+{
+int endCode = 1;
+
+// The window's own end of the process must not pass for a passed test.
+void endProcess()
+{
+    std::_Exit(endCode);
+}
+
+QByteArray itemText(const QString &id)
+{
+    return QStringLiteral("{\"id\":%1,\"name\":\"name%1\",\"folder\":false,\"x\":10,\"y\":20,"
+                          "\"windowKey\":\"MainWindow\",\"condition\":\"click\",\"hint\":qsTr(\"#%1\"),"
+                          "\"icon\":\"eye\",\"jump\":-1,\"jumpNo\":-1,\"command\":\"\",\"showArrow\":true,"
+                          "\"prohibited\":false}")
+        .arg(id)
+        .toUtf8();
+}
+
+QString shapeOf(const TreeItem<TutorialItemData> &folder)
+{
+    QStringList texts;
+    for (const auto &child : folder.mChildren) {
+        const QString id = QString::number(child.mId);
+        texts.append(child.mFolder ? id + QLatin1Char('[') + shapeOf(child) + QLatin1Char(']') : id);
+    }
+    return texts.join(QLatin1Char(' '));
+}
+} // namespace
+
+const QString AuthoringTest::kTutorial = QStringLiteral("tutorial-win/qml/Tutorial/Sample.js");
+const QString AuthoringTest::kJapanese = QStringLiteral("tutorial-win/translations/ja_JP.ts");
+const QString AuthoringTest::kEnglish = QStringLiteral("tutorial-win/translations/en_US.ts");
+const QString AuthoringTest::kShape = QStringLiteral("1 2[3 4[5 6] 7] 8[] 9");
+
+std::unique_ptr<QApplication> AuthoringTest::makeApplication(char *program)
+{
+    static const QTemporaryDir home;
+    static QByteArray suffix = QByteArrayLiteral("-screens-") + QByteArray::number(qHash(home.path()));
+    static int count = 2;
+    static char *arguments[] = { program, suffix.data(), nullptr };
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+    auto application = std::make_unique<QApplication>(count, arguments);
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QLocale::setDefault(QLocale::c());
+    new ModalGuard(application.get());
+    applicationObject = application.get();
+    closeLogFileHook = endProcess;
+    registerQmlTypes();
+    return application;
+}
+
+int AuthoringTest::endByClosing()
+{
+    constexpr int kStillThere = 99;
+    endCode = 0;
+    mWindow->close();
+    if (saveQuestion())
+        answerSaveQuestion("no");
+    QTest::qWait(5000);
+    return kStillThere;
+}
+
+void AuthoringTest::initTestCase()
+{
+    mWarnings.begin();
+    // What the history says of itself at its start.
+    mWarnings.expect(QStringLiteral("UndoRedo::UndoRedo"));
+    QCOMPARE(mHost.listen(QCoreApplication::arguments().value(1)), QString());
+    QDir::setCurrent(mFolder.path());
+    for (const QString &name : { kTutorial, kJapanese })
+        QVERIFY(QDir().mkpath(QFileInfo(name).path()));
+    for (const QString &name : { kJapanese, kEnglish })
+        writeAll(name, TranslationSource::emptyDocument(QFileInfo(name).baseName()).toByteArray());
+    mEngine.rootContext()->setContextProperty(QStringLiteral("answers"), QVariant::fromValue(mEngine.newArray()));
+    mEngine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
+    mWindow = qobject_cast<QQuickWindow *>(mEngine.rootObjects().value(0));
+    QVERIFY(mWindow);
+    mWindow->resize(900, 640);
+    QVERIFY(activate());
+    managerInstance->unload();
+    mWarnings.end();
+}
+
+void AuthoringTest::cleanup()
+{
+    while (QWidget *widget = dialog())
+        widget->close();
+    if (QQuickWindow *question = saveQuestion())
+        question->close();
+    evaluate(QStringLiteral("commitEditing()"));
+    managerInstance->setModified(false);
+    managerInstance->unload();
+    mWarnings.end();
+}
+
+void AuthoringTest::load(const QString &shape)
+{
+    QByteArray text;
+    const QRegularExpression parts(QStringLiteral("(\\d+)(\\[?)|[\\] ]"));
+    for (auto found = parts.globalMatch(shape); found.hasNext();) {
+        const QRegularExpressionMatch part = found.next();
+        const QString id = part.captured(1);
+        if (id.isEmpty())
+            text += part.captured() == QLatin1String("]") ? "]}" : ",";
+        else if (part.captured(2).isEmpty())
+            text += itemText(id);
+        else
+            text += QStringLiteral("{\"id\":%1,\"name\":\"name%1\",\"folder\":true,\"children\":[").arg(id).toUtf8();
+    }
+    writeAll(kTutorial, "var scenario = [" + text + "];");
+    QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
+    QVERIFY(activate());
+    // The screen goes to the first item by itself.
+    QTRY_COMPARE(currentId() >= 0, !shape.isEmpty());
+    settle();
+}
+
+QString AuthoringTest::longShape(int count)
+{
+    QStringList ids;
+    for (int id = 1; id <= count; ++id)
+        ids.append(QString::number(id));
+    return ids.join(QLatin1Char(' '));
+}
+
+QString AuthoringTest::shape()
+{
+    return shapeOf(TutorialEditor::Manager::instance()->mData.mRoot);
+}
+
+TutorialItemData *AuthoringTest::record(int id)
+{
+    return TutorialEditor::Manager::instance()->mData.getData(id);
+}
+
+QVariant AuthoringTest::evaluate(const QString &script) const
+{
+    QQmlExpression expression(qmlContext(mWindow), mWindow, script);
+    const QVariant result = expression.evaluate();
+    if (expression.hasError())
+        qWarning().noquote() << expression.error().toString();
+    return result;
+}
+
+QString AuthoringTest::selected() const
+{
+    QStringList ids;
+    for (const QVariant &id : screen()->property("selectedIdList").toList())
+        ids.append(id.toString());
+    return ids.join(QLatin1Char(' '));
+}
+
+QQuickItem *AuthoringTest::row(int id) const
+{
+    QVariant delegate;
+    QMetaObject::invokeMethod(tree(), "getItemById", Q_RETURN_ARG(QVariant, delegate), Q_ARG(QVariant, id));
+    return delegate.value<QQuickItem *>();
+}
+
+void AuthoringTest::forEachRow(const std::function<void(QQuickItem *)> &visit, QQuickItem *from) const
+{
+    if (!from->isVisible())
+        return;
+    if (from->property("rowId").isValid())
+        visit(from);
+    for (QQuickItem *child : from->childItems())
+        forEachRow(visit, child);
+}
+
+QStringList AuthoringTest::shownRows() const
+{
+    constexpr int kHeader = 24;
+    const auto *viewport = item("view")->property("viewport").value<QQuickItem *>();
+    QMap<int, QString> rows;
+    const auto add = [&](QQuickItem *delegate) {
+        const QPointF place = delegate->mapToItem(viewport, QPointF());
+        if (place.y() + delegate->height() <= kHeader || place.y() >= viewport->height())
+            return;
+        QString text = QString((int(place.x()) - 20) / 20, QLatin1Char(' ')) + delegate->property("rowId").toString();
+        for (const QQuickItem *part : delegate->childItems().value(0)->childItems()) {
+            if (part->inherits("QQuickText") && part->isVisible())
+                text += QLatin1Char(' ') + part->property("text").toString();
+            else if (part->property("source").toString().contains(QLatin1String("folder")))
+                text += QLatin1Char('/');
+            else if (part->objectName() == QLatin1String("prohibition") && part->childItems().value(0)->opacity() == 1)
+                text += QLatin1Char('!');
+        }
+        // Two at the same place are seen.
+        rows[qRound(place.y())] += text;
+    };
+    forEachRow(add, tree());
+    return rows.values();
+}
+
+QString AuthoringTest::shownIds() const
+{
+    return shownRows().replaceInStrings(QRegularExpression(QStringLiteral("^ *(-?\\d+).*")), QStringLiteral("\\1")).join(QLatin1Char(' '));
+}
+
+qreal AuthoringTest::scrolled() const
+{
+    QVariant place;
+    QMetaObject::invokeMethod(item("view"), "scrolled", Q_RETURN_ARG(QVariant, place));
+    return place.toReal();
+}
+
+QQuickWindow *AuthoringTest::visibleWindow(const char *objectName)
+{
+    for (QWindow *window : QGuiApplication::allWindows()) {
+        if (window->objectName() == QLatin1String(objectName) && window->isVisible())
+            return qobject_cast<QQuickWindow *>(window);
+    }
+    return nullptr;
+}
+
+QQuickItem *AuthoringTest::find(QQuickItem *item, const QString &nameOrText)
+{
+    if (!item->isVisible())
+        return nullptr;
+    if (item->objectName() == nameOrText || item->property("text").toString() == nameOrText)
+        return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = find(child, nameOrText))
+            return found;
+    }
+    return nullptr;
+}
+
+QWidget *AuthoringTest::dialog()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (qobject_cast<QDialog *>(widget) != nullptr && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+bool AuthoringTest::activate() const
+{
+    mWindow->requestActivate();
+    return QTest::qWaitForWindowActive(mWindow)
+        && QTest::qWaitFor([this] { return QGuiApplication::focusWindow() == mWindow; });
+}
+
+void AuthoringTest::settle() const
+{
+    const auto rests = [this] {
+        for (const QObject *each : tree()->findChildren<QObject *>()) {
+            if (each->inherits("QQmlTimer") && each->property("running").toBool())
+                return false;
+        }
+        return true;
+    };
+    QTRY_VERIFY(rests());
+}
+
+void AuthoringTest::select(int id) const
+{
+    Q_EMIT managerInstance->actionIdChanged(id);
+    QTRY_COMPARE(currentId(), id);
+    settle();
+}
+
+void AuthoringTest::selectInTree(int id) const
+{
+    tree()->setProperty("autoActiveFocusOneShot", true);
+    select(id);
+}
+
+bool AuthoringTest::open(int folderId) const
+{
+    selectInTree(folderId);
+    press(Qt::Key_Plus);
+    // Its first item has the next id.
+    return QTest::qWaitFor([&] { return row(folderId + 1) != nullptr; });
+}
+
+QPoint AuthoringTest::at(int id, int x, int dy) const
+{
+    const QQuickItem *found = nullptr;
+    if (!QTest::qWaitFor([&] { return (found = row(id)) != nullptr; }))
+        qFatal("No row of the id %d", id);
+    return QPoint(x, qRound(found->mapToScene(QPointF(0, found->height() / 2)).y()) + dy);
+}
+
+void AuthoringTest::click(QQuickItem *target) const
+{
+    QVERIFY(target);
+    // On a small screen the form has to be scrolled.
+    for (QQuickItem *each = target; each; each = each->parentItem()) {
+        if (each->metaObject()->indexOfMethod("scrollTo(QVariant)") >= 0 && each->property("focusItem").isValid())
+            QMetaObject::invokeMethod(each, "scrollTo", Q_ARG(QVariant, QVariant::fromValue(target)));
+    }
+    const QPoint centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2)).toPoint();
+    QTest::mouseMove(target->window(), centre);
+    QTest::mouseClick(target->window(), Qt::LeftButton, Qt::NoModifier, centre);
+}
+
+void AuthoringTest::click(int id, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::mouseClick(mWindow, Qt::LeftButton, modifiers, at(id));
+}
+
+void AuthoringTest::press(int key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(mWindow, Qt::Key(key), modifiers);
+}
+
+void AuthoringTest::type(const QString &text) const
+{
+    for (const QChar character : text)
+        QTest::keyClick(mWindow, character.toLatin1());
+}
+
+void AuthoringTest::typeInto(const char *field, const QString &text) const
+{
+    click(item(field));
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(text);
+}
+
+void AuthoringTest::rename(int id, const QString &name) const
+{
+    selectInTree(id);
+    press(Qt::Key_F2);
+    QVERIFY(renameField(id)->isVisible());
+    type(name);
+    press(Qt::Key_Return);
+}
+
+void AuthoringTest::drag(int id, const QPoint &target)
+{
+    mMouse = at(id);
+    QTest::mousePress(mWindow, Qt::LeftButton, Qt::NoModifier, mMouse);
+    moveTo(target);
+}
+
+void AuthoringTest::moveTo(const QPoint &target)
+{
+    constexpr int kSteps = 12;
+    const QPoint start = mMouse;
+    for (int i = 1; i <= kSteps; ++i)
+        QTest::mouseMove(mWindow, start + (target - start) * i / kSteps);
+    mMouse = target;
+}
+
+QList<QObject *> AuthoringTest::menus() const
+{
+    QList<QObject *> menus;
+    for (const QVariant &menu : evaluate(QStringLiteral("Array.prototype.slice.call(menuBar.menus)")).toList())
+        menus.append(menu.value<QObject *>());
+    menus.append(tree()->property("contextMenu").value<QObject *>());
+    return menus;
+}
+
+QQuickItem *AuthoringTest::openEntry(QObject *menu, const QString &text) const
+{
+    QQmlListReference entries(menu, "items");
+    for (int i = 0; i < entries.count(); ++i) {
+        if (entries.at(i)->property("text").toString() != text)
+            continue;
+        const auto shown = [&] { return entries.at(i)->property("__visualItem").value<QQuickItem *>(); };
+        const auto isOpen = [&] { return menu->property("__popupVisible").toBool() && shown() && shown()->window(); };
+        if (QTest::qWaitFor(isOpen) && QTest::qWaitForWindowExposed(shown()->window()))
+            return shown();
+    }
+    return nullptr;
+}
+
+void AuthoringTest::choose(const char *title, const char *entry) const
+{
+    for (QObject *menu : menus()) {
+        if (menu->property("title").toString() != QLatin1String(title))
+            continue;
+        press(QString::fromLatin1(title).section(QLatin1Char('&'), 1).at(0).toUpper().unicode(), Qt::AltModifier);
+        click(openEntry(menu, QLatin1String(entry)));
+        return;
+    }
+    QFAIL(title);
+}
+
+void AuthoringTest::chooseAt(const QPoint &place, const char *entry) const
+{
+    QTest::mouseClick(mWindow, Qt::RightButton, Qt::NoModifier, place);
+    QQuickItem *found = openEntry(menus().last(), QLatin1String(entry));
+    QVERIFY(found);
+    // A click takes the place of one that is off and so leaves the menu open.
+    if (found->isEnabled())
+        click(found);
+    else
+        QTest::keyPress(found->window(), Qt::Key_Escape); // which takes the window before its release
+    QTRY_VERIFY(!menus().last()->property("__popupVisible").toBool());
+}
+
+QString AuthoringTest::answer(QMessageBox::StandardButton button)
+{
+    // A box that goes before the window manager has given it the focus leaves the focus nowhere.
+    if (!QTest::qWaitFor([] { return messageBox() != nullptr; }) || !QTest::qWaitForWindowActive(messageBox()))
+        return QStringLiteral("no message box");
+    const QString text = messageBox()->text();
+    if (QAbstractButton *shown = messageBox()->button(button))
+        QTest::mouseClick(shown, Qt::LeftButton);
+    return QTest::qWaitFor([] { return messageBox() == nullptr; }) ? text : QStringLiteral("still open");
+}
+
+void AuthoringTest::answerSaveQuestion(const char *button)
+{
+    QTRY_VERIFY(saveQuestion());
+    QVERIFY(QTest::qWaitForWindowExposed(saveQuestion()));
+    QQuickItem *found = find(saveQuestion()->contentItem(), QLatin1String(button));
+    QVERIFY(found);
+    QTest::mouseClick(saveQuestion(), Qt::LeftButton, Qt::NoModifier,
+                      found->mapToScene(QPointF(found->width() / 2, found->height() / 2)).toPoint());
+    QTRY_VERIFY(!saveQuestion());
+}

@@ -1,0 +1,144 @@
+#pragma once
+
+#include "ProgramLink.h"
+#include "model/TutorialItemData.h"
+#include "support/WarningGuard.h"
+
+#include <QMessageBox>
+#include <QPoint>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+
+class QApplication;
+
+/// A test of the real application window of the authoring mode, in the test's own process, with the
+/// hands and eyes of a writer. The window is linked to a host and has a project in a folder of its
+/// own. The singletons are the real ones: a process has one of these.
+class AuthoringTest : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Runs a test. At its end the window is closed, which has to end the process; its result is the
+    /// test's. A window that asks about changes gets the answer No.
+    template <typename Test>
+    static int run(int argc, char *argv[])
+    {
+        const auto application = makeApplication(argv[0]);
+        Test test;
+        const int result = QTest::qExec(&test, argc, argv);
+        return result == 0 ? test.endByClosing() : result;
+    }
+
+protected Q_SLOTS:
+    void initTestCase();
+    void init() { mWarnings.begin(); }
+    void cleanup();
+
+protected:
+    static const QString kTutorial; // file names in the project
+    static const QString kJapanese;
+    static const QString kEnglish;
+    /// A small tutorial in the form that load() takes.
+    static const QString kShape;
+
+    /// Loads a tutorial of that shape: "1 2[3 4[]] 5" is item 1, folder 2 with item 3 and the empty
+    /// folder 4, and item 5, with the names "name1" to "name5".
+    void load(const QString &shape);
+    static QString longShape(int count);
+    /// The shape of the document as it is now.
+    static QString shape();
+    static TutorialItemData *record(int id);
+    /// Evaluates a script in the context of the window, which has a list "answers" for its use.
+    QVariant evaluate(const QString &script) const;
+
+    // What is on the screen
+
+    QQuickItem *item(const char *name) const { return mWindow->findChild<QQuickItem *>(QLatin1String(name)); }
+    QString shown(const char *field) const { return item(field)->property("text").toString(); }
+    QQuickItem *screen() const { return item("TutorialSettingItem"); }
+    QQuickItem *tree() const { return item("treeListView"); }
+    QQuickItem *marker() const { return item("marker"); }
+    /// The id in the settings, and the ids that are highlighted in tree order.
+    int currentId() const { return screen()->property("itemId").toInt(); }
+    QString selected() const;
+    /// The delegate of that id, or null.
+    QQuickItem *row(int id) const;
+    QQuickItem *renameField(int id) const { return row(id)->findChild<QQuickItem *>(QStringLiteral("renameField")); }
+    /// The rows in view from the top, as their delegates show them: id and name, with "/" for a
+    /// folder, "!" for a prohibited one and a blank per level before.
+    QStringList shownRows() const;
+    /// The ids of these rows.
+    QString shownIds() const;
+    /// How far the tree is scrolled down.
+    qreal scrolled() const;
+    /// The visible window of that object name, or null.
+    static QQuickWindow *visibleWindow(const char *objectName);
+    static QQuickWindow *saveQuestion() { return visibleWindow("SaveChangeDialog"); }
+    /// The visible item in the item with that object name or text, or null.
+    static QQuickItem *find(QQuickItem *item, const QString &nameOrText);
+    /// The visible dialog that the toolkit makes of a widget, or null.
+    static QWidget *dialog();
+    static QMessageBox *messageBox() { return qobject_cast<QMessageBox *>(dialog()); }
+
+    // What the writer does
+
+    /// Lets the window have the focus, which dialogs may have taken.
+    bool activate() const;
+    /// Waits until no timer of the tree runs: what follows a selection in short timers must not take
+    /// the focus from what is done next.
+    void settle() const;
+    /// Goes to an item as the host does, and waits.
+    void select(int id) const;
+    /// The same with the keyboard in the tree.
+    void selectInTree(int id) const;
+    bool open(int folderId) const;
+    /// A point of a row: x counts from the tree's left edge, dy from the row's middle.
+    QPoint at(int id, int x = 100, int dy = 0) const;
+    void click(QQuickItem *target) const;
+    void click(int id, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString &text) const;
+    /// Replaces the text of a field.
+    void typeInto(const char *field, const QString &text) const;
+    void rename(int id, const QString &name) const;
+    void undo() const { press(Qt::Key_Z, Qt::ControlModifier); }
+    void redo() const { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+    /// Presses on a row and takes it, in small steps, to a point; drop() lets it go.
+    void drag(int id, const QPoint &target);
+    void moveTo(const QPoint &target);
+    void drop() const { QTest::mouseRelease(mWindow, Qt::LeftButton, Qt::NoModifier, mMouse); }
+    /// The menus of the menu bar, and the one of the tree as the last.
+    QList<QObject *> menus() const;
+    /// Chooses an entry of a menu of the menu bar, by their texts.
+    void choose(const char *title, const char *entry) const;
+    /// Right-clicks a point of the tree and chooses an entry of the menu that opens there.
+    void chooseAt(const QPoint &place, const char *entry) const;
+    /// Waits for a message box, clicks a button of it and waits until it is gone. The text of the box.
+    static QString answer(QMessageBox::StandardButton button);
+    /// Waits for the question about unsaved changes and clicks a button of it.
+    static void answerSaveQuestion(const char *button);
+
+    ProgramLink mHost;
+    QQuickWindow *mWindow = nullptr; // owned by the engine
+    WarningGuard mWarnings;
+
+private:
+    static std::unique_ptr<QApplication> makeApplication(char *program);
+    int endByClosing();
+    void forEachRow(const std::function<void(QQuickItem *)> &visit, QQuickItem *from) const;
+    /// Waits until the menu is open and gives what shows that entry of it.
+    QQuickItem *openEntry(QObject *menu, const QString &text) const;
+
+    QTemporaryDir mFolder;
+    QQmlApplicationEngine mEngine;
+    QPoint mMouse;
+};
+
+Q_DECLARE_METATYPE(std::function<void()>)
