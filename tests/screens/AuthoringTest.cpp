@@ -36,6 +36,11 @@ QByteArray itemText(const QString &id)
         .toUtf8();
 }
 
+QPoint centre(const QQuickItem *item)
+{
+    return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+}
+
 QString shapeOf(const TreeItem<TutorialItemData> &folder)
 {
     QStringList texts;
@@ -216,7 +221,9 @@ QStringList AuthoringTest::shownRows() const
 
 QString AuthoringTest::shownIds() const
 {
-    return shownRows().replaceInStrings(QRegularExpression(QStringLiteral("^ *(-?\\d+).*")), QStringLiteral("\\1")).join(QLatin1Char(' '));
+    return shownRows()
+        .replaceInStrings(QRegularExpression(QStringLiteral("^ *(-?\\d+).*")), QStringLiteral("\\1"))
+        .join(QLatin1Char(' '));
 }
 
 qreal AuthoringTest::scrolled() const
@@ -313,9 +320,8 @@ void AuthoringTest::click(QQuickItem *target) const
         if (each->metaObject()->indexOfMethod("scrollTo(QVariant)") >= 0 && each->property("focusItem").isValid())
             QMetaObject::invokeMethod(each, "scrollTo", Q_ARG(QVariant, QVariant::fromValue(target)));
     }
-    const QPoint centre = target->mapToScene(QPointF(target->width() / 2, target->height() / 2)).toPoint();
-    QTest::mouseMove(target->window(), centre);
-    QTest::mouseClick(target->window(), Qt::LeftButton, Qt::NoModifier, centre);
+    QTest::mouseMove(target->window(), centre(target));
+    QTest::mouseClick(target->window(), Qt::LeftButton, Qt::NoModifier, centre(target));
 }
 
 void AuthoringTest::click(int id, Qt::KeyboardModifiers modifiers) const
@@ -328,6 +334,12 @@ void AuthoringTest::press(int key, Qt::KeyboardModifiers modifiers) const
     QTest::keyClick(mWindow, Qt::Key(key), modifiers);
 }
 
+void AuthoringTest::press(QKeySequence::StandardKey key) const
+{
+    const int code = QKeySequence(key)[0];
+    press(code & ~Qt::KeyboardModifierMask, Qt::KeyboardModifiers(code & Qt::KeyboardModifierMask));
+}
+
 void AuthoringTest::type(const QString &text) const
 {
     for (const QChar character : text)
@@ -337,7 +349,7 @@ void AuthoringTest::type(const QString &text) const
 void AuthoringTest::typeInto(const char *field, const QString &text) const
 {
     click(item(field));
-    press(Qt::Key_A, Qt::ControlModifier);
+    press(QKeySequence::SelectAll);
     type(text);
 }
 
@@ -375,18 +387,27 @@ QList<QObject *> AuthoringTest::menus() const
     return menus;
 }
 
-QQuickItem *AuthoringTest::openEntry(QObject *menu, const QString &text) const
+void AuthoringTest::chooseFrom(QObject *menu, const char *entry) const
 {
     QQmlListReference entries(menu, "items");
-    for (int i = 0; i < entries.count(); ++i) {
-        if (entries.at(i)->property("text").toString() != text)
-            continue;
-        const auto shown = [&] { return entries.at(i)->property("__visualItem").value<QQuickItem *>(); };
-        const auto isOpen = [&] { return menu->property("__popupVisible").toBool() && shown() && shown()->window(); };
-        if (QTest::qWaitFor(isOpen) && QTest::qWaitForWindowExposed(shown()->window()))
-            return shown();
+    int index = 0;
+    while (index < entries.count() && entries.at(index)->property("text").toString() != QLatin1String(entry))
+        ++index;
+    QVERIFY(index < entries.count());
+    const auto window = [&]() -> QWindow * {
+        const auto *shown = entries.at(index)->property("__visualItem").value<QQuickItem *>();
+        return menu->property("__popupVisible").toBool() && shown ? shown->window() : nullptr;
+    };
+    QTRY_VERIFY(window());
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+    if (entries.at(index)->property("enabled").toBool()) {
+        while (menu->property("__currentIndex").toInt() < index)
+            QTest::keyClick(window(), Qt::Key_Down);
+        QTest::keyPress(window(), Qt::Key_Return);
+    } else {
+        QTest::keyPress(window(), Qt::Key_Escape);
     }
-    return nullptr;
+    QTRY_VERIFY(!menu->property("__popupVisible").toBool());
 }
 
 void AuthoringTest::choose(const char *title, const char *entry) const
@@ -395,23 +416,14 @@ void AuthoringTest::choose(const char *title, const char *entry) const
         if (menu->property("title").toString() != QLatin1String(title))
             continue;
         press(QString::fromLatin1(title).section(QLatin1Char('&'), 1).at(0).toUpper().unicode(), Qt::AltModifier);
-        click(openEntry(menu, QLatin1String(entry)));
-        return;
+        chooseFrom(menu, entry);
     }
-    QFAIL(title);
 }
 
 void AuthoringTest::chooseAt(const QPoint &place, const char *entry) const
 {
     QTest::mouseClick(mWindow, Qt::RightButton, Qt::NoModifier, place);
-    QQuickItem *found = openEntry(menus().last(), QLatin1String(entry));
-    QVERIFY(found);
-    // A click takes the place of one that is off and so leaves the menu open.
-    if (found->isEnabled())
-        click(found);
-    else
-        QTest::keyPress(found->window(), Qt::Key_Escape); // which takes the window before its release
-    QTRY_VERIFY(!menus().last()->property("__popupVisible").toBool());
+    chooseFrom(menus().last(), entry);
 }
 
 QString AuthoringTest::answer(QMessageBox::StandardButton button)
@@ -425,13 +437,12 @@ QString AuthoringTest::answer(QMessageBox::StandardButton button)
     return QTest::qWaitFor([] { return messageBox() == nullptr; }) ? text : QStringLiteral("still open");
 }
 
-void AuthoringTest::answerSaveQuestion(const char *button)
+bool AuthoringTest::answerSaveQuestion(const char *button)
 {
-    QTRY_VERIFY(saveQuestion());
-    QVERIFY(QTest::qWaitForWindowExposed(saveQuestion()));
+    if (!QTest::qWaitFor([] { return saveQuestion() != nullptr; }) || !QTest::qWaitForWindowExposed(saveQuestion()))
+        return false;
     QQuickItem *found = find(saveQuestion()->contentItem(), QLatin1String(button));
-    QVERIFY(found);
-    QTest::mouseClick(saveQuestion(), Qt::LeftButton, Qt::NoModifier,
-                      found->mapToScene(QPointF(found->width() / 2, found->height() / 2)).toPoint());
-    QTRY_VERIFY(!saveQuestion());
+    if (found)
+        QTest::mouseClick(saveQuestion(), Qt::LeftButton, Qt::NoModifier, centre(found));
+    return QTest::qWaitFor([] { return saveQuestion() == nullptr; });
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ProgramLink.h"
 #include "model/TutorialItemData.h"
+#include "ProgramLink.h"
 #include "support/WarningGuard.h"
 
 #include <QMessageBox>
@@ -108,8 +108,9 @@ protected:
     /// Replaces the text of a field.
     void typeInto(const char *field, const QString &text) const;
     void rename(int id, const QString &name) const;
-    void undo() const { press(Qt::Key_Z, Qt::ControlModifier); }
-    void redo() const { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+    void press(QKeySequence::StandardKey key) const;
+    void undo() const { press(QKeySequence::Undo); }
+    void redo() const { press(QKeySequence::Redo); }
     /// Presses on a row and takes it, in small steps, to a point; drop() lets it go.
     void drag(int id, const QPoint &target);
     void moveTo(const QPoint &target);
@@ -122,8 +123,8 @@ protected:
     void chooseAt(const QPoint &place, const char *entry) const;
     /// Waits for a message box, clicks a button of it and waits until it is gone. The text of the box.
     static QString answer(QMessageBox::StandardButton button);
-    /// Waits for the question about unsaved changes and clicks a button of it.
-    static void answerSaveQuestion(const char *button);
+    /// The same with the question about unsaved changes. False if it has not come or not gone.
+    static bool answerSaveQuestion(const char *button);
 
     ProgramLink mHost;
     QQuickWindow *mWindow = nullptr; // owned by the engine
@@ -133,8 +134,8 @@ private:
     static std::unique_ptr<QApplication> makeApplication(char *program);
     int endByClosing();
     void forEachRow(const std::function<void(QQuickItem *)> &visit, QQuickItem *from) const;
-    /// Waits until the menu is open and gives what shows that entry of it.
-    QQuickItem *openEntry(QObject *menu, const QString &text) const;
+    /// Waits until the menu is open and goes to an entry by keys; closes it where that is off.
+    void chooseFrom(QObject *menu, const char *entry) const;
 
     QTemporaryDir mFolder;
     QQmlApplicationEngine mEngine;

@@ -33,8 +33,8 @@ void tst_UndoOnScreen::stepsAreShown_data()
     line("add", 96, 62, 96, [this] { click(item("addItemButton")); });
     line("add folder by menu", 96, 62, 96, [this] { choose("&Edit", "&Add folder"); });
     line("paste", 96, 95, 96, [this] {
-        press(Qt::Key_C, Qt::ControlModifier);
-        press(Qt::Key_V, Qt::ControlModifier);
+        press(QKeySequence::Copy);
+        press(QKeySequence::Paste);
     });
     line("delete, with the name about to open", 63, 62, 63, [this] {
         click(62);
@@ -50,7 +50,7 @@ void tst_UndoOnScreen::stepsAreShown_data()
         drop();
     });
     line("rename", 62, 62, 62, [this] { rename(62, QStringLiteral("new")); });
-    line("prohibit a folder", 62, 64, 64, [this] {
+    line("prohibit a folder", 62, 62, 62, [this] {
         auto *toggle = row(63)->findChild<QQuickItem *>(QStringLiteral("prohibition"));
         click(toggle->childItems().value(0));
     });
@@ -116,10 +116,9 @@ void tst_UndoOnScreen::checkShown(int id, qreal place)
 void tst_UndoOnScreen::addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows)
 {
     for (const auto &child : folder.mChildren) {
-        const TutorialItemData &data = *record(child.mId);
-        const bool prohibited = child.mFolder ? !child.mChildren.isEmpty() && record(child.mChildren.first().mId)->mProhibited : data.mProhibited;
-        rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId) + QLatin1String(child.mFolder ? "/ " : " ")
-                    + data.mName + QLatin1String(prohibited ? "!" : ""));
+        rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId)
+                    + QLatin1String(child.mFolder ? "/ " : " ") + record(child.mId)->mName
+                    + QLatin1String(ModelRows::isProhibited(child) ? "!" : ""));
         addRows(child, depth + 1, rows);
     }
 }
