@@ -283,8 +283,7 @@ bool UndoRedo::isTemporaryDirAvailable() const
 
 void UndoRedo::removeTemporaryDir()
 {
-    if (isTemporaryDirAvailable())
-        mTemporaryDir.remove();
+    mTemporaryDir.remove();
 }
 
 QString UndoRedo::createTemporaryDir()

@@ -11,14 +11,9 @@
 class EditingSession
 {
 public:
-    EditingSession()
-        : mManager(std::make_unique<TutorialEditor::Manager>())
-        , mHistory(static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)))
-    { }
-
     using Item = TreeItem<TutorialItemData>;
 
-    TreeDataTemplate<TutorialItemData> &data() { return mManager->mData; }
+    TreeDataTemplate<TutorialItemData> &data() { return mManager.mData; }
     UndoRedo &history() { return *mHistory; }
     FakeContext &context() { return mContext; }
     TutorialItemData *record(int id) { return data().getData(id); }
@@ -26,7 +21,7 @@ public:
     /// Replaces the document; names are "name" and the id.
     void load(const QString &text)
     {
-        mManager->clear();
+        mManager.clear();
         auto tokens = QRegularExpression(QStringLiteral("\\d+\\[?|\\]")).globalMatch(text);
         data().mRoot.mChildren = parse(tokens);
     }
@@ -98,7 +93,7 @@ private:
     }
 
     FakeContext mContext;
-    std::unique_ptr<TutorialEditor::Manager> mManager;
+    TutorialEditor::Manager mManager;
     // Goes first: its commands may own records.
-    std::unique_ptr<UndoRedo> mHistory;
+    std::unique_ptr<UndoRedo> mHistory{ static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)) };
 };

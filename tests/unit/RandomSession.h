@@ -213,8 +213,6 @@ private:
     void rename(const Target &target)
     {
         static const char *const names[] = { "a", "a1", "a(2)", "item001", "folder1", "item007", "a(1)(1)", "12" };
-        if (target.id < 0)
-            return;
         const QString name = mModel.getValidName(QLatin1String(names[target.b % 8]));
         mModel.changeItemName(row(target.id), name);
     }
@@ -232,8 +230,6 @@ private:
         static const char *const properties[] = { "x",    "y",    "windowKey", "condition", "hint",     "hint2",
                                                   "icon", "jump", "jumpNo",    "command",   "showArrow" };
         static const char *const texts[] = { "", "a", "\"%1\"\n" };
-        if (target.id < 0)
-            return;
         const QString property = QLatin1String(properties[target.b % 11]);
         QVariant value = mModel.getValue(target.id, property);
         if (value.type() == QVariant::String)

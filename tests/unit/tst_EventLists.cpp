@@ -52,14 +52,11 @@ void tst_EventLists::messageIsRead()
 void tst_EventLists::oldLinesGo()
 {
     TutorialEventListModel events;
-    int most = 0;
-    for (int i = 1; i <= 25000; ++i) {
+    for (int i = 1; i <= 25000; ++i)
         events.addEventText(QString::number(i));
-        most = qMax(most, events.rowCount());
-    }
-    QCOMPARE(most, 10000);
-    QCOMPARE(events.index(events.rowCount() - 1, 0).data().toInt(), 25000);
-    QCOMPARE(events.index(0, 0).data().toInt(), 25001 - events.rowCount());
+    QCOMPARE(events.rowCount(), 10000);
+    QCOMPARE(events.index(0, 0).data().toInt(), 15001);
+    QCOMPARE(events.index(9999, 0).data().toInt(), 25000);
 }
 
 QTEST_GUILESS_MAIN(tst_EventLists)

@@ -49,8 +49,8 @@ void tst_TreeDropRules::decides()
         const TutorialItemListModel model;
         const QVariantMap map = model.calcDrop({ dragged }, model.getModelIndexById(up), model.getModelIndexById(low),
                                                treeDropX(mouseDepth));
-        const QString before = map.value(QStringLiteral("before")).toString();
-        return QString(before + QLatin1Char(' ') + map.value(QStringLiteral("targetId")).toString()).trimmed();
+        const auto text = [&map](const char *key) { return map.value(QLatin1String(key)).toString(); };
+        return QStringLiteral("%1 %2").arg(text("before"), text("targetId")).trimmed();
     };
     QCOMPARE(drop("1 2 3", 2, 1, 2, 0), QString());
     QCOMPARE(drop("1[2 3] 4", 1, 3, 4, 1), QString());
