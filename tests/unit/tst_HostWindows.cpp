@@ -14,25 +14,31 @@ void tst_HostWindows::tellsOfTheWindowInFront()
 {
     HostWindows windows;
     const QSignalSpy changes(&windows, &HostWindows::currentKeyChanged);
-    const auto push = [&](const char *key) { return [&windows, key] { windows.push(QLatin1String(key)); }; };
-    const auto pop = [&] { windows.pop(); };
-    const auto dropPopup = [&] { windows.dropPopup(); };
-    const struct
-    {
-        std::function<void()> event;
-        const char *key;
-        int changes;
-    } rows[] = {
-        { pop, "ApplicationWindow", 0 }, { dropPopup, "ApplicationWindow", 0 },
-        { push("A"), "A", 1 },           { dropPopup, "A", 1 },
-        { push("Popup"), "Popup", 2 },   { push("Popup"), "Popup", 3 },
-        { dropPopup, "Popup", 4 },       { pop, "A", 5 },
-        { push("A"), "A", 6 },           { [&] { windows.clearStack(); }, "ApplicationWindow", 7 },
+    // What happens, and the window in front and the changes that were told after it.
+    const QVector<QByteArrayList> rows = {
+        { "pop", "ApplicationWindow", "0" },
+        { "drop", "ApplicationWindow", "0" },
+        { "A", "A", "1" },
+        { "drop", "A", "1" },
+        { "Popup", "Popup", "2" },
+        { "Popup", "Popup", "3" },
+        { "drop", "Popup", "4" },
+        { "pop", "A", "5" },
+        { "A", "A", "6" },
+        { "clear", "ApplicationWindow", "7" },
     };
-    for (const auto &row : rows) {
-        row.event();
-        QCOMPARE(windows.currentKey(), QString::fromLatin1(row.key));
-        QCOMPARE(changes.size(), row.changes);
+    for (const QByteArrayList &row : rows) {
+        if (row.first() == "pop")
+            windows.pop();
+        else if (row.first() == "drop")
+            windows.dropPopup();
+        else if (row.first() == "clear")
+            windows.clearStack();
+        else
+            windows.push(QString::fromLatin1(row.first()));
+        const QByteArrayList seen = { row.first(), windows.currentKey().toLatin1(),
+                                      QByteArray::number(changes.size()) };
+        QCOMPARE(seen, row);
     }
 }
 
