@@ -4,6 +4,7 @@
 #include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRandomGenerator>
@@ -46,14 +47,13 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void accepts_data();
-    void accepts();
+    void reads_data();
+    void reads();
     void rejects_data();
     void rejects();
     void fillsInNames();
+    void keepsTheFilesOfTheProgram();
     void savesOnlyWhatWasLoaded();
-    void tellsWhatItLeavesOut_data();
-    void tellsWhatItLeavesOut();
     void beginsWhereThereIsNothing();
     void findsTheFirstOfAnId();
     void keepsReplacedRecordsForTheHistory();
@@ -93,31 +93,51 @@ void tst_Scenario::cleanup()
     mWarnings.end();
 }
 
-void tst_Scenario::accepts_data()
+void tst_Scenario::reads_data()
 {
-    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("shape");
+    QTest::addColumn<QStringList>("leftOut");
     QTest::addColumn<int>("warnings");
 
-    const auto row = [](const char *bytes, const char *expected, int warnings = 0) {
-        QTest::newRow(bytes) << QString::fromLatin1(expected) << warnings;
+    const auto row = [](const char *bytes, const char *shape, const QStringList &leftOut = QStringList(),
+                        int warnings = 0) {
+        QTest::newRow(bytes) << QString::fromLatin1(shape) << leftOut << warnings;
     };
     row("\xef\xbb\xbfvar scenario = [\r\n// x\r\n{\"id\":1}\r\n];\r\n", "(1)");
     row("/* a\n */\n  // b ];\n\t// \"\nvar scenario = [\n{\"id\":/* c */1}\n];\n\n", "(1)");
-    row("[{\"name\":\"a/*b\",\"id\":1,\"hint\":\"c*/d\"},{\"id\":2}]", "(0 2)");
-    row("[{\"z\":[{}],\"children\":[{\"id\":2}],\"folder\":true,\"id\":1}]", "(1(2))");
-    row("[{\"id\":1,\"children\":[{\"id\":2}]},{\"id\":3,\"folder\":true}]", "(1(2) 3())");
-    row("[7,{\"id\":1},\"x\",null,[]]", "(1)", 4);
+    row("[{\"name\":\"a/*b\",\"id\":1,\"hint\":\"c*/d\"},{\"id\":2}]", "(0 2)",
+        { QStringLiteral("a (#0): another item has the same id") });
+    row("[{\"id\":1,\"followWindow\":\"a\",\"z\":[{}],\"hint\":qsTr(\"#1\"),\"x\":1e2},{\"id\":2,\"folder\":true,"
+        "\"x\":\"1\",\"children\":[{\"name\":\"\xef\xbf\xbd\"}]}]",
+        "(1 2(0))");
     // A bad element takes the whole top element with it.
-    row("[{\"id\":1,\"folder\":true,\"children\":[{\"id\":2},3]},{\"id\":6}]", "(6)", 1);
+    row("[{\"id\":4,\"name\":\"%2\",\"folder\":true,\"children\":[{\"id\":5,\"children\":[{\"x\":true},7]}]},{\"id\":6}"
+        "]",
+        "(6)", { QStringLiteral("%2 (#4), with all in it: %2 (#4) / #5 / entry 2 can't be read") }, 1);
+    row("[7,{\"id\":1},null,{\"id\":3,\"children\":{}}]", "(1)",
+        { QStringLiteral("entry 1 can't be read"), QStringLiteral("entry 3 can't be read"),
+          QStringLiteral("#3, with all in it: #3 / children can't be read") },
+        3);
+    row("[{\"id\":1,\"children\":[{}]},{\"name\":\"a\"},{\"x\":1.5,\"hint\":7,\"showArrow\":\"true\",\"id\":2}]",
+        "(1(0) 0 2)",
+        { QStringLiteral("#1: what stands in it, for it is no folder"),
+          QStringLiteral("a (#0): another item has the same id"), QStringLiteral("#2: the value of \"x\""),
+          QStringLiteral("#2: the value of \"hint\""), QStringLiteral("#2: the value of \"showArrow\"") });
+    row("[{\"id\":1,\"name\":\"caf\xe9\"}]", "(1)", { QStringLiteral("Characters that are not UTF-8") });
 }
 
-void tst_Scenario::accepts()
+void tst_Scenario::reads()
 {
-    QFETCH(QString, expected);
+    QFETCH(QString, shape);
+    QFETCH(QStringList, leftOut);
     QFETCH(int, warnings);
     mWarnings.expect(QStringLiteral("TutorialItemData::fromJson"), warnings);
     QCOMPARE(mManager->setContents(write(QTest::currentDataTag())), QStringList());
-    QCOMPARE(shape(root()), expected);
+    QCOMPARE(::shape(root()), shape);
+    QCOMPARE(mManager->leftOut(), leftOut);
+    // Once it is saved there is nothing more to lose.
+    QCOMPARE(mManager->save(), QString());
+    QCOMPARE(mManager->leftOut(), QStringList());
 }
 
 void tst_Scenario::rejects_data()
@@ -155,6 +175,19 @@ void tst_Scenario::fillsInNames()
     QVERIFY(mHistory->mChanges.isEmpty());
 }
 
+void tst_Scenario::keepsTheFilesOfTheProgram()
+{
+    const QFileInfoList scripts = QDir(QStringLiteral(":/qml/Tutorial")).entryInfoList();
+    QVERIFY(!scripts.isEmpty());
+    for (const QFileInfo &script : scripts) {
+        const QByteArray bytes = readAll(script.filePath());
+        const QString path = write(bytes);
+        QCOMPARE(mManager->setContents(path), QStringList());
+        QCOMPARE(mManager->save(), QString());
+        QCOMPARE(readAll(path), bytes);
+    }
+}
+
 void tst_Scenario::savesOnlyWhatWasLoaded()
 {
     QCOMPARE(mManager->save(), kNotLoaded);
@@ -177,40 +210,6 @@ void tst_Scenario::savesOnlyWhatWasLoaded()
     QCOMPARE(mManager->save(), kNotLoaded);
     QCOMPARE(readAll(path), kCanonical);
     QCOMPARE(mHistory->mCleanCount, 1);
-}
-
-void tst_Scenario::tellsWhatItLeavesOut_data()
-{
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<int>("warnings");
-
-    const auto row = [](const char *bytes, const QStringList &expected = QStringList(), int warnings = 0) {
-        QTest::newRow(bytes) << expected << warnings;
-    };
-    row("[{\"id\":1,\"followWindow\":\"a\",\"z\":[],\"hint\":qsTr(\"#1\"),\"x\":1e2},{\"id\":2,\"folder\":true,"
-        "\"x\":\"1\",\"children\":[{\"name\":\"\xef\xbf\xbd\"}]}]");
-    row("[{\"id\":4,\"name\":\"%2\",\"folder\":true,\"children\":[{\"id\":5,\"children\":[{\"x\":true},7]}]}]",
-        { QStringLiteral("%2 (#4), with all in it: %2 (#4) / #5 / entry 2 can't be read") }, 1);
-    row("[{\"id\":1},null,{\"id\":3,\"children\":{}}]",
-        { QStringLiteral("entry 2 can't be read"), QStringLiteral("#3, with all in it: #3 / children can't be read") },
-        2);
-    row("[{\"id\":1,\"children\":[{}]},{\"name\":\"a\"},{\"x\":1.5,\"hint\":7,\"showArrow\":\"true\",\"id\":2}]",
-        { QStringLiteral("#1: what stands in it, for it is no folder"),
-          QStringLiteral("a (#0): another item has the same id"), QStringLiteral("#2: the value of \"x\""),
-          QStringLiteral("#2: the value of \"hint\""), QStringLiteral("#2: the value of \"showArrow\"") });
-    row("[{\"id\":1,\"name\":\"caf\xe9\"}]", { QStringLiteral("Characters that are not UTF-8") });
-}
-
-void tst_Scenario::tellsWhatItLeavesOut()
-{
-    QFETCH(QStringList, expected);
-    QFETCH(int, warnings);
-    mWarnings.expect(QStringLiteral(" for kValue"), warnings);
-    QCOMPARE(mManager->setContents(write(QTest::currentDataTag())), QStringList());
-    QCOMPARE(mManager->leftOut(), expected);
-    // Once it is saved there is nothing more to lose.
-    QCOMPARE(mManager->save(), QString());
-    QCOMPARE(mManager->leftOut(), QStringList());
 }
 
 void tst_Scenario::beginsWhereThereIsNothing()
