@@ -3,14 +3,10 @@
 #include "support/DocumentFakes.h"
 #include "support/WarningGuard.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 namespace
 {
-using Item = TreeItem<TutorialItemData>;
-using Data = TreeDataTemplate<TutorialItemData>;
-
 const char *const kDefaultJson = "{\"id\":-1,\"name\":\"\",\"x\":-9999,\"y\":-9999,\"windowKey\":\"\","
                                  "\"condition\":\"\",\"hint\":\"\",\"hint2\":\"\",\"icon\":\"click\",\"jump\":-1,"
                                  "\"jumpNo\":-1,\"command\":\"\",\"showArrow\":true,\"prohibited\":false}";
@@ -39,8 +35,6 @@ private Q_SLOTS:
     void setsFields();
     void makesValidNames();
     void makesNewIds();
-    void findsRecordsWhileTheListChanges();
-    void findsNodesWhileTheTreeChanges();
 
 private:
     NameData *make(int id, const QString &name = QString())
@@ -135,66 +129,6 @@ void tst_Model::makesNewIds()
         data.mDataList.append(make(id));
     QCOMPARE(data.getIdList(), (QList<int>{ 2, 99999998, 1, -7 }));
     QCOMPARE(data.getNewId(), 3);
-}
-
-void tst_Model::findsRecordsWhileTheListChanges()
-{
-    // Others write to the list directly. Each look-up is what a search from the front finds.
-    QRandomGenerator random(7);
-    TreeDataTemplate<NameData> data;
-    QList<NameData *> &list = data.mDataList;
-    for (int step = 0; step < 1000; ++step) {
-        const int place = random.bounded(list.size() + 1);
-        if (place == list.size() || random.bounded(2))
-            list.insert(place, make(random.bounded(12)));
-        else
-            list.removeAt(place);
-        for (int id = 0; id < 12; ++id) {
-            const auto found = std::find_if(list.cbegin(), list.cend(), [id](auto *each) { return each->mId == id; });
-            QCOMPARE(data.getDataIndex(id), found == list.cend() ? -1 : int(found - list.cbegin()));
-        }
-    }
-    list.first()->setId(99);
-    QCOMPARE(data.getData(99), list.first());
-}
-
-void tst_Model::findsNodesWhileTheTreeChanges()
-{
-    // Others write to the lists of children directly, too. Each look-up is what a search finds.
-    QRandomGenerator random(11);
-    Data data;
-    data.mRoot = Item(-1, true);
-    int lastId = 0;
-    for (int step = 0; step < 400; ++step) {
-        QList<int> ids;
-        QHash<int, QPair<int, int>> places;
-        data.mRoot.visitAll([&](const Item &parent) {
-            ids.append(parent.mId);
-            for (int i = 0; i < parent.mChildren.size(); ++i)
-                places.insert(parent.mChildren.at(i).mId, { parent.mId, i });
-        });
-        for (int id = 1; id <= lastId; ++id) {
-            int index = -1;
-            const Item *parent = data.getParentItem(id, index);
-            const Item *item = data.findItem(id);
-            QCOMPARE(item ? item->mId : -1, places.contains(id) ? id : -1);
-            QCOMPARE(qMakePair(parent ? parent->mId : 0, index), places.value(id, { 0, -1 }));
-        }
-        const int id = ids.at(random.bounded(ids.size()));
-        Item *item = data.findItem(id);
-        QList<Item> &children = item->mChildren;
-        const int action = random.bounded(6);
-        if (action < 2)
-            data.insertItem(*item, random.bounded(children.size() + 1), Item(++lastId, true));
-        else if (action == 2)
-            children.prepend(Item(++lastId, true));
-        else if (action == 3)
-            QCOMPARE(data.removeItem(id), id != -1);
-        else if (action == 4 && !children.isEmpty())
-            children.move(0, children.size() - 1);
-        else if (!children.isEmpty())
-            children.removeLast();
-    }
 }
 
 QTEST_GUILESS_MAIN(tst_Model)
