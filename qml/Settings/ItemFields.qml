@@ -11,7 +11,7 @@ Item {
     readonly property list<ItemField> fields: [
         ItemNumber { id: xField; key: "x"; undoName: "setX"; joinsSequence: true; movesIndicator: true },
         ItemNumber { id: yField; key: "y"; undoName: "setY"; joinsSequence: true; movesIndicator: true },
-        ItemText { id: windowKeyField; key: "windowKey"; undoName: "setWindowKey"; refusable: true; movesIndicator: true },
+        ItemText { id: windowField; key: "windowKey"; undoName: "setWindowKey"; refusable: true; movesIndicator: true },
         ItemText { id: hintField; key: "hint"; undoName: "setHint" },
         ItemText { id: hint2Field; key: "hint2"; undoName: "setHint2" },
         ItemText { id: conditionField; key: "condition"; undoName: "setCondition"; refusable: true },
@@ -24,7 +24,7 @@ Item {
 
     property alias px: xField.value
     property alias py: yField.value
-    property alias windowKey: windowKeyField.value
+    property alias windowKey: windowField.value
     property alias hint: hintField.value
     property alias hint2: hint2Field.value
     property alias condition: conditionField.value
