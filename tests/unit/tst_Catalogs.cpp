@@ -1,4 +1,5 @@
 #include "../../main/Translators.h"
+#include "support/FileBytes.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -62,9 +63,7 @@ void tst_Catalogs::everyHintHasItsWords()
     const QFileInfoList scripts = QDir(QStringLiteral(":/qml/Tutorial")).entryInfoList({ QStringLiteral("*.js") });
     QVERIFY(!scripts.isEmpty());
     for (const QFileInfo &script : scripts) {
-        QFile file(script.filePath());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QStringList calls = matches(QString::fromUtf8(file.readAll()), "(?<=qsTr\\(\")[^\"]+");
+        const QStringList calls = matches(QString::fromUtf8(readAll(script.filePath())), "(?<=qsTr\\(\")[^\"]+");
         QVERIFY2(!calls.isEmpty(), qPrintable(script.fileName()));
         for (const QString &source : calls) {
             const QString words = translator.translate(qPrintable(script.baseName()), qPrintable(source));
