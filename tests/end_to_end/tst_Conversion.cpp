@@ -252,8 +252,6 @@ void tst_Conversion::reachesNothing()
     const char *const attempts[] = {
         "(window.read = function(url) { var x = new XMLHttpRequest; x.open('GET', url, false); x.send(); "
         "return {read: x.responseText}; }) && 0",
-        "(window.link = function(kind) { var e = document.createElement('link'); e.rel = kind; "
-        "e.href = 'http://127.0.0.1:PORT/'; document.head.appendChild(e); }) && 0",
         "(window.frame = function(attribute, value) { var e = document.createElement('iframe'); "
         "if (attribute) e[attribute] = value; return document.body.appendChild(e).contentWindow; }) && 0",
         "read('http://127.0.0.1:PORT/')",
@@ -262,13 +260,8 @@ void tst_Conversion::reachesNothing()
         "fetch('http://127.0.0.1:PORT/').catch(String)",
         "new WebSocket('ws://127.0.0.1:PORT/') && 0",
         "(location.href = 'http://127.0.0.1:PORT/') && 0",
-        "link('preconnect')",
-        "link('prefetch')",
-        "(function() { var f = document.createElement('form'); f.action = 'http://127.0.0.1:PORT/'; "
-        "f.method = 'post'; document.body.appendChild(f); f.submit(); })()",
         // From frames that no script of ours has prepared.
         "frame().fetch('http://127.0.0.1:PORT/') && 0",
-        "frame().location.href = 'http://127.0.0.1:PORT/'",
         "new (frame().Worker)(URL.createObjectURL(new Blob([\"fetch('http://127.0.0.1:PORT/')\"]))) && 0",
         "frame('src', 'data:text/html,<script>fetch(\"http://127.0.0.1:PORT/\")</' + 'script>') && 0",
         // Peer connections.

@@ -115,10 +115,9 @@ void tst_HostScenario::conversionDialog()
     QCOMPARE(answer->toPlainText(), QStringLiteral("missing"));
     QCOMPARE(source->textCursor().selectedText(), QStringLiteral("b = ("));
     // An answer to another request than the last one is not shown.
-    dialog.showAnswer(key - 1, QStringLiteral(R"({"error":"","javascript":"late","line":-1})"));
-    QCOMPARE(answer->toPlainText(), QStringLiteral("missing"));
-    dialog.showAnswer(key, QStringLiteral(R"({"error":"","javascript":"var a;","line":-1})"));
-    QCOMPARE(answer->toPlainText(), QStringLiteral("var a;"));
+    for (const int other : { key, key - 1 })
+        dialog.showAnswer(other, QStringLiteral(R"({"error":"","javascript":"%1","line":-1})").arg(other));
+    QCOMPARE(answer->toPlainText(), QString::number(key));
 }
 
 // Also where the program turns the arrow upside down.
