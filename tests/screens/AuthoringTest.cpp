@@ -41,6 +41,16 @@ QPoint centre(const QQuickItem *item)
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
 }
 
+QList<QQuickItem *> visibleItems(QQuickItem *item)
+{
+    if (!item->isVisible())
+        return {};
+    QList<QQuickItem *> items = { item };
+    for (QQuickItem *child : item->childItems())
+        items += visibleItems(child);
+    return items;
+}
+
 QString shapeOf(const TreeItem<TutorialItemData> &folder)
 {
     QStringList texts;
@@ -138,7 +148,7 @@ void AuthoringTest::load(const QString &shape)
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
     QVERIFY(activate());
     // The screen goes to the first item by itself.
-    QTRY_COMPARE(currentId() >= 0, !shape.isEmpty());
+    QVERIFY(QTest::qWaitFor([&] { return (currentId() >= 0) != shape.isEmpty(); }));
     settle();
 }
 
@@ -184,25 +194,17 @@ QQuickItem *AuthoringTest::row(int id) const
     return delegate.value<QQuickItem *>();
 }
 
-void AuthoringTest::forEachRow(const std::function<void(QQuickItem *)> &visit, QQuickItem *from) const
-{
-    if (!from->isVisible())
-        return;
-    if (from->property("rowId").isValid())
-        visit(from);
-    for (QQuickItem *child : from->childItems())
-        forEachRow(visit, child);
-}
-
 QStringList AuthoringTest::shownRows() const
 {
     constexpr int kHeader = 24;
     const auto *viewport = item("view")->property("viewport").value<QQuickItem *>();
     QMap<int, QString> rows;
-    const auto add = [&](QQuickItem *delegate) {
+    for (const QQuickItem *delegate : visibleItems(tree())) {
+        if (!delegate->property("rowId").isValid())
+            continue;
         const QPointF place = delegate->mapToItem(viewport, QPointF());
         if (place.y() + delegate->height() <= kHeader || place.y() >= viewport->height())
-            return;
+            continue;
         QString text = QString((int(place.x()) - 20) / 20, QLatin1Char(' ')) + delegate->property("rowId").toString();
         for (const QQuickItem *part : delegate->childItems().value(0)->childItems()) {
             if (part->inherits("QQuickText") && part->isVisible())
@@ -214,8 +216,7 @@ QStringList AuthoringTest::shownRows() const
         }
         // Two at the same place are seen.
         rows[qRound(place.y())] += text;
-    };
-    forEachRow(add, tree());
+    }
     return rows.values();
 }
 
@@ -244,22 +245,9 @@ QQuickWindow *AuthoringTest::visibleWindow(const char *objectName)
 
 QQuickItem *AuthoringTest::find(QQuickItem *item, const QString &nameOrText)
 {
-    if (!item->isVisible())
-        return nullptr;
-    if (item->objectName() == nameOrText || item->property("text").toString() == nameOrText)
-        return item;
-    for (QQuickItem *child : item->childItems()) {
-        if (QQuickItem *found = find(child, nameOrText))
-            return found;
-    }
-    return nullptr;
-}
-
-QWidget *AuthoringTest::dialog()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QDialog *>(widget) != nullptr && widget->isVisible())
-            return widget;
+    for (QQuickItem *each : visibleItems(item)) {
+        if (each->objectName() == nameOrText || each->property("text").toString() == nameOrText)
+            return each;
     }
     return nullptr;
 }
@@ -280,13 +268,13 @@ void AuthoringTest::settle() const
         }
         return true;
     };
-    QTRY_VERIFY(rests());
+    QVERIFY(QTest::qWaitFor(rests));
 }
 
 void AuthoringTest::select(int id) const
 {
     Q_EMIT managerInstance->actionIdChanged(id);
-    QTRY_COMPARE(currentId(), id);
+    QVERIFY(QTest::qWaitFor([&] { return currentId() == id; }));
     settle();
 }
 
@@ -298,7 +286,10 @@ void AuthoringTest::selectInTree(int id) const
 
 bool AuthoringTest::open(int folderId) const
 {
-    selectInTree(folderId);
+    if (row(folderId))
+        click(folderId);
+    else
+        selectInTree(folderId);
     press(Qt::Key_Plus);
     // Its first item has the next id.
     return QTest::qWaitFor([&] { return row(folderId + 1) != nullptr; });

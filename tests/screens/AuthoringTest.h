@@ -4,6 +4,7 @@
 #include "ProgramLink.h"
 #include "support/WarningGuard.h"
 
+#include <QApplication>
 #include <QMessageBox>
 #include <QPoint>
 #include <QQmlApplicationEngine>
@@ -14,8 +15,6 @@
 
 #include <functional>
 #include <memory>
-
-class QApplication;
 
 /// A test of the real application window of the authoring mode, in the test's own process, with the
 /// hands and eyes of a writer. The window is linked to a host and has a project in a folder of its
@@ -84,7 +83,7 @@ protected:
     /// The visible item in the item with that object name or text, or null.
     static QQuickItem *find(QQuickItem *item, const QString &nameOrText);
     /// The visible dialog that the toolkit makes of a widget, or null.
-    static QWidget *dialog();
+    static QWidget *dialog() { return QApplication::activeModalWidget(); }
     static QMessageBox *messageBox() { return qobject_cast<QMessageBox *>(dialog()); }
 
     // What the writer does
@@ -133,7 +132,6 @@ protected:
 private:
     static std::unique_ptr<QApplication> makeApplication(char *program);
     int endByClosing();
-    void forEachRow(const std::function<void(QQuickItem *)> &visit, QQuickItem *from) const;
     /// Waits until the menu is open and goes to an entry by keys; closes it where that is off.
     void chooseFrom(QObject *menu, const char *entry) const;
 

@@ -1,7 +1,5 @@
 #include "AuthoringTest.h"
 
-#include "TutorialEditor/Manager.h"
-
 /// The tree of items by mouse and keys: selection, folders, names and the place of the view.
 class tst_TreeListView : public AuthoringTest
 {
