@@ -25,7 +25,7 @@ QString ScenarioText::removeBlockComments(const QString &text)
     const QLatin1String opening("/*");
     const QLatin1String closing("*/");
     // A cut can join a new opening from what stood on its two sides, so the search goes on one
-    // character in front of each cut, over what is kept and what is left.
+    // character before each cut, over what is kept and what is left.
     QString kept;
     kept.reserve(text.size());
     int position = 0;

@@ -11,7 +11,7 @@ namespace ScenarioText
 /// Cuts each block comment, in strings too; an unclosed one stays.
 QString removeBlockComments(const QString &text);
 
-/// Cuts each line whose first characters behind blanks and tabs are two slashes. A last line without
+/// Cuts each line whose first characters after blanks and tabs are two slashes. A last line without
 /// a line feed stays.
 QString removeLineComments(const QString &text);
 
