@@ -1,4 +1,6 @@
+#include "support/FileBytes.h"
 #include "support/FileSizeLimit.h"
+#include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
 
 #include <QtTest>
@@ -9,20 +11,15 @@
 
 namespace
 {
-const QString kReplaced = QStringLiteral("replaced");
-const QString kInPlace = QStringLiteral("in place");
-
 /// Lets no file be made in a folder, not even by root, who becomes somebody else for that.
 class ClosedFolder
 {
 public:
-    ClosedFolder(const QString &folder, const QString &file) : mFolder(QFile::encodeName(folder))
+    ClosedFolder(const QByteArray &folder, const QByteArray &file) : mFolder(folder)
     {
-        const bool closed = chmod(mFolder.constData(), 0555) == 0;
-        const int other = 65534;
-        const bool isRoot = mUser == 0;
-        QVERIFY(closed && (!isRoot || chown(QFile::encodeName(file).constData(), uid_t(other), gid_t(-1)) == 0));
-        QVERIFY(!isRoot || seteuid(uid_t(other)) == 0);
+        chmod(mFolder.constData(), 0555);
+        const uid_t other = mUser == 0 ? 65534 : mUser;
+        QVERIFY(chown(file.constData(), other, gid_t(-1)) == 0 && seteuid(other) == 0);
     }
     ~ClosedFolder() { QVERIFY(seteuid(mUser) == 0 && chmod(mFolder.constData(), 0700) == 0); }
 
@@ -43,57 +40,51 @@ private Q_SLOTS:
     void writesWholeFilesOrNone();
     void copyReplacesSafely();
     void removesNoMoreThanTheFolder();
+    void readsForPages();
     void absolutePath();
     void uniqueName();
-
-private:
-    static QByteArray contents(const QString &path)
-    {
-        QByteArray bytes;
-        return DataSupport::readFile(path, bytes) ? bytes : QByteArray("unreadable");
-    }
 };
 
 void tst_DataSupport::writesWholeFilesOrNone_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("target");
     // Where no file may be made beside it, it can only be written in place. The longest name has no room
     // for an ending, which shows only when the new file is to be there.
-    for (const QString &name : { kReplaced, kInPlace, QString(255, QLatin1Char('n')) })
-        QTest::newRow(qPrintable(name.left(10))) << name << name;
-    QTest::newRow("symbolic links") << QStringLiteral("link") << kReplaced;
+    for (const QString &name : { QStringLiteral("replaced"), QStringLiteral("in place"), QStringLiteral("link"),
+                                 QString(255, QLatin1Char('n')) })
+        QTest::newRow(qPrintable(name.left(10))) << name;
 }
 
 void tst_DataSupport::writesWholeFilesOrNone()
 {
     QFETCH(QString, name);
-    QFETCH(QString, target);
     const QTemporaryDir folder;
     const QString path = folder.filePath(name);
-    QFile file(folder.filePath(target));
-    if (name != target)
+    const bool linked = name == QLatin1String("link");
+    const bool inPlace = name == QLatin1String("in place");
+    QFile file(linked ? folder.filePath(QStringLiteral("target")) : path);
+    if (linked)
         QVERIFY(QFile::link(file.fileName(), path + QLatin1Char('2')) && QFile::link(path + QLatin1Char('2'), path));
     QVERIFY(DataSupport::writeFile(path, QByteArray(5000, 'a')));
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
     QVERIFY(file.setPermissions(permissions));
-    const bool inPlace = target == kInPlace;
-    const std::unique_ptr<ClosedFolder> closed(inPlace ? new ClosedFolder(folder.path(), path) : nullptr);
+    const std::unique_ptr<ClosedFolder> closed(
+        inPlace ? new ClosedFolder(QFile::encodeName(folder.path()), QFile::encodeName(path)) : nullptr);
     {
         // Less than the old file has.
         const FileSizeLimit limit(4096);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("write bytes differs 4096 10000")));
         QVERIFY(!DataSupport::writeFile(path, QByteArray(10000, 'b')));
     }
-    QCOMPARE(contents(file.fileName()), QByteArray(5000, 'a'));
+    QCOMPARE(readAll(file.fileName()), QByteArray(5000, 'a'));
     QVERIFY(file.open(QFile::ReadOnly | QFile::Unbuffered));
     QVERIFY(DataSupport::writeFile(path, "short"));
     // The old file stays whole, unless there is no place beside it.
-    QCOMPARE(file.readAll().size(), inPlace || target.size() == 255 ? 5 : 5000);
-    QCOMPARE(contents(file.fileName()), QByteArray("short"));
+    QCOMPARE(file.readAll().size(), inPlace || name.size() == 255 ? 5 : 5000);
+    QCOMPARE(readAll(file.fileName()), QByteArray("short"));
     QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
-    QCOMPARE(QFileInfo(path).isSymLink(), name != target);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), name == target ? 1 : 3);
+    QCOMPARE(QFileInfo(path).isSymLink(), linked);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), linked ? 3 : 1);
 }
 
 void tst_DataSupport::copyReplacesSafely()
@@ -101,38 +92,43 @@ void tst_DataSupport::copyReplacesSafely()
     const QTemporaryDir folder;
     const QString from = folder.filePath(QStringLiteral("from"));
     const QString to = folder.filePath(QStringLiteral("to"));
-    const QByteArray binary("a\0b\r\n\xff", 6);
+    writeAll(to, "old");
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to copy.*from.*to\\.tmp")));
-    QVERIFY(DataSupport::writeFile(to, "old"));
     QVERIFY(!DataSupport::copyFile(from, to));
-    QCOMPARE(contents(to), QByteArray("old"));
-
-    // A folder of the backup's name can be neither removed as a file nor replaced.
-    QVERIFY(DataSupport::writeFile(from, binary) && DataSupport::mkdir(to + QLatin1String(".tmp2")));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to rename.*to.*to\\.tmp2")));
-    QVERIFY(!DataSupport::copyFile(from, to));
-    QCOMPARE(contents(to), QByteArray("old"));
+    QCOMPARE(readAll(to), QByteArray("old"));
 
     // What a crash has left is in the way of nothing.
-    QVERIFY(DataSupport::rmdir(to + QLatin1String(".tmp2")));
-    QVERIFY(DataSupport::writeFile(to + QLatin1String(".tmp"), "crashed"));
-    QVERIFY(DataSupport::writeFile(to + QLatin1String(".tmp2"), "crashed"));
+    writeAll(from, "new");
+    writeAll(to + QLatin1String(".tmp"), "crashed");
+    writeAll(to + QLatin1String(".tmp2"), "crashed");
     QVERIFY(DataSupport::copyFile(from, to));
-    QCOMPARE(contents(to), binary);
+    QCOMPARE(readAll(to), QByteArray("new"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
 }
 
 void tst_DataSupport::removesNoMoreThanTheFolder()
 {
     const QTemporaryDir folder;
-    const QString kept = folder.filePath(QStringLiteral("kept/file"));
+    const QString kept = folder.filePath(QStringLiteral("kept"));
     const QString gone = folder.filePath(QStringLiteral("gone"));
-    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("kept")) && QDir(gone).mkpath(QStringLiteral("deep")));
-    QVERIFY(DataSupport::writeFile(kept, "x") && DataSupport::writeFile(gone + QLatin1String("/deep/file"), "x"));
-    QVERIFY(QFile::link(QFileInfo(kept).path(), gone + QLatin1String("/link")));
+    QVERIFY(QDir().mkpath(kept + QLatin1String("/deep")) && QDir().mkpath(gone + QLatin1String("/deep")));
+    writeAll(gone + QLatin1String("/deep/file"), "x");
+    QVERIFY(QFile::link(kept, gone + QLatin1String("/link")));
     QVERIFY(DataSupport::rmdir(gone));
-    QVERIFY(!DataSupport::fileExists(gone));
-    QCOMPARE(contents(kept), QByteArray("x"));
+    QVERIFY(!QFile::exists(gone) && QFile::exists(kept + QLatin1String("/deep")));
+}
+
+void tst_DataSupport::readsForPages()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    writeAll(file.fileName(), QByteArray("\xe3\x81\x82\r\n\0z", 7));
+    QCOMPARE(SystemService::loadFile(file.fileName()), QStringLiteral("\u3042\r\n\0z"));
+    QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QStringLiteral("44GCDQoAeg=="));
+    // A larger one than its text has room for is not cut.
+    QVERIFY(file.resize((qint64(1) << 32) + 3));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("file too large.*4294967299")));
+    QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QString());
 }
 
 void tst_DataSupport::absolutePath()

@@ -8,102 +8,60 @@
 
 #include <atomic>
 #include <thread>
-#include <vector>
-
-namespace
-{
-std::atomic<int> forwarded{ 0 };
-
-void count(QtMsgType, const QMessageLogContext &, const QString &)
-{
-    ++forwarded;
-}
-
-QString logPath()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/Trelvane.log");
-}
-
-void restartLog()
-{
-    closeLogFile();
-    qInstallMessageHandler(count);
-    setupMessageHandler();
-    forwarded = 0;
-}
-} // namespace
 
 class tst_ProcessLog : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        // The log's folder lies below the one of the user's data.
-        mFolder = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_DATA_HOME", QFile::encodeName(mFolder->filePath(QString::fromUtf8("次"))));
-        QVERIFY(QDir().mkpath(QFileInfo(logPath()).path()));
-        mTestHandler = qInstallMessageHandler(nullptr);
-        restartLog();
-    }
-    void cleanup()
-    {
-        closeLogFile();
-        qInstallMessageHandler(mTestHandler);
-    }
-
-    void writesLinesAtOnce();
-    void closesWhileOthersWrite();
-
-private:
-    std::unique_ptr<QTemporaryDir> mFolder;
-    QtMessageHandler mTestHandler = nullptr;
+    void writesLinesAtOnceUntilItIsClosed();
 };
 
-void tst_ProcessLog::writesLinesAtOnce()
+void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
 {
-    QByteArray expected;
-    const char *const names[] = { "Debug", "Warning", "Critical" };
-    for (const QtMsgType type : { QtDebugMsg, QtWarningMsg, QtCriticalMsg }) {
-        qt_message_output(type, QMessageLogContext("a.qml", 12, "run", "category"), QString::fromUtf8("次😀 %1 %4 %s"));
-        expected += QByteArray(names[type]) + ": 次😀 %1 %4 %s (a.qml:12, run)\n";
-        QCOMPARE(readAll(logPath()), expected);
-    }
-    QCOMPARE(forwarded.load(), 3);
-    restartLog();
-    qWarning("second run");
-    QVERIFY(readAll(logPath()).startsWith("Warning: second run ("));
-    // Without a folder for it there is no file, and the lines go on all the same.
-    QVERIFY(QDir(QFileInfo(logPath()).path()).removeRecursively());
-    restartLog();
-    qWarning("no folder");
-    QCOMPARE(forwarded.load(), 1);
-    QVERIFY(!QFile::exists(logPath()));
-}
+    // The log's folder lies below the one of the user's data.
+    const QTemporaryDir folder;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(QString::fromUtf8("次"))));
+    QDir logFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    QVERIFY(logFolder.mkpath(QStringLiteral(".")));
+    const QString path = logFolder.filePath(QStringLiteral("Trelvane.log"));
+    static std::atomic<int> forwarded{ 0 };
+    const auto restart = [] {
+        closeLogFile();
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++forwarded; });
+        setupMessageHandler();
+        forwarded = 0;
+    };
+    restart();
+    qt_message_output(QtCriticalMsg, QMessageLogContext("a.qml", 12, "run", ""), QString::fromUtf8("次😀 %1 %4 %s"));
+    QCOMPARE(readAll(path), QByteArray("Critical: 次😀 %1 %4 %s (a.qml:12, run)\n"));
 
-void tst_ProcessLog::closesWhileOthersWrite()
-{
+    // It is closed while others write, and their lines go on all the same.
     for (int round = 0; round < 20; ++round) {
-        restartLog();
+        restart();
         std::atomic<bool> stopped{ false };
-        std::vector<std::thread> threads;
-        for (int i = 0; i < 4; ++i) {
-            threads.emplace_back([&stopped] {
-                while (!stopped)
-                    qWarning("line");
-            });
-        }
+        const auto write = [&stopped] {
+            while (!stopped)
+                qWarning("line");
+        };
+        std::thread threads[] = { std::thread(write), std::thread(write), std::thread(write) };
         QTRY_VERIFY(forwarded > 100);
         closeLogFile();
-        const QByteArray lines = readAll(logPath());
+        const QByteArray lines = readAll(path);
         const int before = forwarded;
         QTRY_VERIFY(forwarded > before + 100);
         stopped = true;
         for (std::thread &thread : threads)
             thread.join();
-        QCOMPARE(readAll(logPath()), lines);
+        QVERIFY(lines.startsWith("Warning: line ("));
+        QCOMPARE(readAll(path), lines);
     }
+    // As they do without a folder for it.
+    QVERIFY(logFolder.removeRecursively());
+    restart();
+    qWarning("no folder");
+    QCOMPARE(forwarded.load(), 1);
+    qInstallMessageHandler(nullptr);
 }
 
 QTEST_GUILESS_MAIN(tst_ProcessLog)
