@@ -6,22 +6,8 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QTranslator>
 #include <QtTest>
-
-namespace
-{
-QStringList matches(const QString &text, const char *pattern)
-{
-    QStringList found;
-    QRegularExpressionMatchIterator each = QRegularExpression(QLatin1String(pattern)).globalMatch(text);
-    while (each.hasNext())
-        found << each.next().captured();
-    found.sort();
-    return found;
-}
-} // namespace
 
 /// What a translator can get wrong in the catalogs without any tool complaining.
 class tst_Catalogs : public QObject
@@ -37,19 +23,19 @@ private Q_SLOTS:
 void tst_Catalogs::messagesKeepTheirShape()
 {
     for (const char *locale : { "ja_JP", "en_US" }) {
-        QFile file(QFINDTESTDATA(QStringLiteral("../../translations/%1.ts").arg(QLatin1String(locale))));
         QDomDocument document;
-        QVERIFY(file.open(QIODevice::ReadOnly) && document.setContent(&file));
+        document.setContent(
+            readAll(QFINDTESTDATA(QStringLiteral("../../translations/%1.ts").arg(QLatin1String(locale)))));
         const QDomNodeList messages = document.elementsByTagName(QStringLiteral("message"));
         QVERIFY(!messages.isEmpty());
         for (int i = 0; i < messages.count(); ++i) {
-            const QDomElement message = messages.at(i).toElement();
-            const QString source = message.firstChildElement(QStringLiteral("source")).text();
-            const QString words = message.firstChildElement(QStringLiteral("translation")).text();
+            const QString source = messages.at(i).firstChildElement(QStringLiteral("source")).text();
+            const QString words = messages.at(i).firstChildElement(QStringLiteral("translation")).text();
             if (words.isEmpty())
                 continue; // The source text is shown.
-            QVERIFY2(matches(words, "%\\d") == matches(source, "%\\d"), qPrintable(source));
-            QVERIFY2(matches(words, "&\\w").size() == matches(source, "&\\w").size(), qPrintable(source));
+            // Places for values, and the keys of menus.
+            for (const char *part : { "%1", "%2", "%3", "%n", "&" })
+                QVERIFY2(words.count(QLatin1String(part)) == source.count(QLatin1String(part)), qPrintable(source));
             // After the colon of an error comes the text at fault.
             QVERIFY2(words.endsWith(QLatin1Char(' ')) == source.endsWith(QLatin1Char(' ')), qPrintable(source));
         }
@@ -63,9 +49,10 @@ void tst_Catalogs::everyHintHasItsWords()
     const QFileInfoList scripts = QDir(QStringLiteral(":/qml/Tutorial")).entryInfoList({ QStringLiteral("*.js") });
     QVERIFY(!scripts.isEmpty());
     for (const QFileInfo &script : scripts) {
-        const QStringList calls = matches(QString::fromUtf8(readAll(script.filePath())), "(?<=qsTr\\(\")[^\"]+");
-        QVERIFY2(!calls.isEmpty(), qPrintable(script.fileName()));
-        for (const QString &source : calls) {
+        const QStringList calls = QString::fromUtf8(readAll(script.filePath())).split(QStringLiteral("qsTr(\""));
+        QVERIFY2(calls.size() > 1, qPrintable(script.fileName()));
+        for (const QString &call : calls.mid(1)) {
+            const QString source = call.section(QLatin1Char('"'), 0, 0);
             const QString words = translator.translate(qPrintable(script.baseName()), qPrintable(source));
             QVERIFY2(!words.isEmpty(), qPrintable(script.fileName() + source));
         }

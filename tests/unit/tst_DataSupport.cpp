@@ -38,10 +38,8 @@ class tst_DataSupport : public QObject
 private Q_SLOTS:
     void writesWholeFilesOrNone_data();
     void writesWholeFilesOrNone();
-    void copyReplacesSafely();
     void removesNoMoreThanTheFolder();
     void readsForPages();
-    void absolutePath();
     void uniqueName();
 };
 
@@ -87,25 +85,6 @@ void tst_DataSupport::writesWholeFilesOrNone()
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), linked ? 3 : 1);
 }
 
-void tst_DataSupport::copyReplacesSafely()
-{
-    const QTemporaryDir folder;
-    const QString from = folder.filePath(QStringLiteral("from"));
-    const QString to = folder.filePath(QStringLiteral("to"));
-    writeAll(to, "old");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to copy.*from.*to\\.tmp")));
-    QVERIFY(!DataSupport::copyFile(from, to));
-    QCOMPARE(readAll(to), QByteArray("old"));
-
-    // What a crash has left is in the way of nothing.
-    writeAll(from, "new");
-    writeAll(to + QLatin1String(".tmp"), "crashed");
-    writeAll(to + QLatin1String(".tmp2"), "crashed");
-    QVERIFY(DataSupport::copyFile(from, to));
-    QCOMPARE(readAll(to), QByteArray("new"));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 2);
-}
-
 void tst_DataSupport::removesNoMoreThanTheFolder()
 {
     const QTemporaryDir folder;
@@ -131,14 +110,6 @@ void tst_DataSupport::readsForPages()
     QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QString());
 }
 
-void tst_DataSupport::absolutePath()
-{
-    for (const char *absolute : { "/", "A:", "z:\\a" })
-        QVERIFY2(DataSupport::isAbsolutePath(QString::fromUtf8(absolute)), absolute);
-    for (const char *relative : { "", ":", "a", "1:", "@:", "[:", "\u212a:", "\u00e9:" })
-        QVERIFY2(!DataSupport::isAbsolutePath(QString::fromUtf8(relative)), relative);
-}
-
 void tst_DataSupport::uniqueName()
 {
     const auto name = [](const char *names, const char *base, int digits) {
@@ -150,7 +121,6 @@ void tst_DataSupport::uniqueName()
     QCOMPARE(name("item999", "item", 2), QStringLiteral("item1000"));
     QCOMPARE(name("item2147483647 item2147483648", "item", 0), QStringLiteral("item2147483649"));
     QCOMPARE(name("abc abc(1) abc(3)", "abc", -1), QStringLiteral("abc(4)"));
-    QCOMPARE(name("abc abc(1) abc(3)", "xyz", -1), QStringLiteral("xyz"));
     QCOMPARE(name("abc abc(1) abc(3)", "xyz", -2), QStringLiteral("xyz(1)"));
     QCOMPARE(name("abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1), QStringLiteral("abc(1)"));
 }
