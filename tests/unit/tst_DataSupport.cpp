@@ -5,37 +5,16 @@
 
 #include <QtTest>
 
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
-
-namespace
-{
-/// Lets no file be made in a folder, not even by root, who becomes somebody else for that.
-class ClosedFolder
-{
-public:
-    ClosedFolder(const QByteArray &folder, const QByteArray &file) : mFolder(folder)
-    {
-        chmod(mFolder.constData(), 0555);
-        const uid_t other = mUser == 0 ? 65534 : mUser;
-        QVERIFY(chown(file.constData(), other, gid_t(-1)) == 0 && seteuid(other) == 0);
-    }
-    ~ClosedFolder() { QVERIFY(seteuid(mUser) == 0 && chmod(mFolder.constData(), 0700) == 0); }
-
-private:
-    Q_DISABLE_COPY(ClosedFolder)
-
-    const QByteArray mFolder;
-    const uid_t mUser = geteuid();
-};
-} // namespace
 
 class tst_DataSupport : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QVERIFY(seteuid(getuid()) == 0); }
+
     void writesWholeFilesOrNone_data();
     void writesWholeFilesOrNone();
     void removesNoMoreThanTheFolder();
@@ -66,8 +45,13 @@ void tst_DataSupport::writesWholeFilesOrNone()
     QVERIFY(DataSupport::writeFile(path, QByteArray(5000, 'a')));
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
     QVERIFY(file.setPermissions(permissions));
-    const std::unique_ptr<ClosedFolder> closed(
-        inPlace ? new ClosedFolder(QFile::encodeName(folder.path()), QFile::encodeName(path)) : nullptr);
+    const QByteArray folderName = QFile::encodeName(folder.path());
+    if (inPlace) {
+        // Root could make a file in any folder, and becomes somebody else for that.
+        const uid_t other = getuid() == 0 ? 65534 : getuid();
+        QVERIFY(chown(QFile::encodeName(path).constData(), other, gid_t(-1)) == 0);
+        QVERIFY(chmod(folderName.constData(), 0555) == 0 && seteuid(other) == 0);
+    }
     {
         // Less than the old file has.
         const FileSizeLimit limit(4096);
@@ -83,6 +67,7 @@ void tst_DataSupport::writesWholeFilesOrNone()
     QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
     QCOMPARE(QFileInfo(path).isSymLink(), linked);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), linked ? 3 : 1);
+    QVERIFY(seteuid(getuid()) == 0 && chmod(folderName.constData(), 0700) == 0);
 }
 
 void tst_DataSupport::removesNoMoreThanTheFolder()

@@ -229,11 +229,6 @@ void tst_TutorialTranslation::suitsTheToolsOfTheFormat()
     for (int id = 1; id <= kItems; ++id)
         QCOMPARE(translator.translate(qPrintable(kTutorial), qPrintable(key(id))), item(id)->mHint2);
 
-    // This one reads scenarios, too: a file's base name is the context of its texts.
-    const QString folder = QStringLiteral("tutorial-win/qml");
-    writeAll(folder + QLatin1String("/U.js"), "var texts = [qsTr(\"#1\"), qsTr(\"new\")];");
-    QVERIFY(runTool("lupdate", { QStringLiteral("-silent"), folder, QStringLiteral("-ts"), kJapaneseFile }));
-    QVERIFY(readAll(kJapaneseFile).contains("<source>new<"));
     QVERIFY(load());
     for (int id = 1; id <= kItems; ++id)
         QCOMPARE(hints(id), saved.at(id - 1));
