@@ -25,32 +25,45 @@ public:
             TutorialManager::timerEvent(&event);
     }
 
-    /// Messages, their fields parted by "|".
-    void receive(std::initializer_list<const char *> messages)
+    template <typename... Fields>
+    void receive(QLatin1String name, const Fields &...fields)
     {
-        for (const char *message : messages)
-            onReceived(QString::fromUtf8(message).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
+        onReceived(HostMessages::message(name, fields...));
     }
 };
 
-/// An application whose first argument is a suffix of its own for the link, and none of the test's own.
-/// The end of the link would end the process as a success: here it fails the test.
-class Application
+/// The window of that class, the first one if there are more.
+template <typename Window>
+Window *find()
 {
-public:
-    explicit Application(const char *program) : mProgram(program), mApplication(mCount, mArguments)
-    {
-        QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
-        QCoreApplication::setApplicationName(QStringLiteral("Trelvane tests"));
-        applicationObject = &mApplication;
-        closeLogFileHook = [] { qFatal("the process ends"); };
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (auto *found = qobject_cast<Window *>(window))
+            return found;
     }
+    return nullptr;
+}
 
-private:
-    QByteArray mProgram;
-    QByteArray mSuffix = "test" + QByteArray::number(QCoreApplication::applicationPid());
-    int mCount = 2;
-    char *mArguments[3] = { mProgram.data(), mSuffix.data(), nullptr };
-    QApplication mApplication;
-};
+/// Drives an object's timer by hand.
+inline void tick(QObject *object, int times = 1)
+{
+    QTimerEvent event(0);
+    while (times-- > 0)
+        QCoreApplication::sendEvent(object, &event);
+}
+/// Runs a test in an application whose first argument is a suffix of its own for the link, and none of the test's
+/// own. The end of the link would end the process as a success: here it fails the test.
+template <typename Test>
+int run(char *program)
+{
+    QByteArray suffix = "test" + QByteArray::number(QCoreApplication::applicationPid());
+    char *arguments[] = { program, suffix.data(), nullptr };
+    int count = 2;
+    QApplication application(count, arguments);
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane tests"));
+    applicationObject = &application;
+    closeLogFileHook = [] { qFatal("the process ends"); };
+    Test test;
+    return QTest::qExec(&test);
+}
 } // namespace ManagerFixture

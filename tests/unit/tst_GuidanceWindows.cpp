@@ -7,17 +7,22 @@
 #include <QTextEdit>
 #include <QTextFrame>
 
+#include <functional>
+
+using namespace HostMessages;
+using namespace HostMessages::FromHost;
+using namespace ManagerFixture;
+
 namespace
 {
-template <typename Window>
-Window *find()
-{
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (auto *found = qobject_cast<Window *>(window))
-            return found;
-    }
-    return nullptr;
-}
+// What happens beside the messages.
+const QString kTick = QStringLiteral("tick");
+const QString kActive = QStringLiteral("active");
+const QString kInactive = QStringLiteral("inactive");
+
+const QString kHint = QStringLiteral("Hint");
+const QString kWindow = QStringLiteral("Window");
+const QString kAllButtons = stepMessage({ 1, 2, kWindow, kHint, true, true, false, 0 });
 
 /// The windows that can be seen, by their label or class.
 QString seen()
@@ -33,13 +38,23 @@ QString seen()
     return names.join(QLatin1Char(' '));
 }
 
-/// Drives an object's timer by hand.
-void tick(QObject *object, int times = 1)
+/// Notes each time that the window of the hint is shown ("s") or hidden ("h"), and lets something happen then.
+class Watcher : public QObject
 {
-    QTimerEvent event(0);
-    while (times-- > 0)
-        QCoreApplication::sendEvent(object, &event);
-}
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool shown = event->type() == QEvent::Show;
+        if (qobject_cast<TutorialTooltip *>(watched) && (shown || event->type() == QEvent::Hide)) {
+            mSeen += QLatin1Char(shown ? 's' : 'h');
+            mAfter();
+        }
+        return false;
+    }
+
+    QString mSeen;
+    std::function<void()> mAfter = [] {};
+};
 } // namespace
 
 /// The windows of the guidance, driven by the messages that the manager gets.
@@ -48,79 +63,81 @@ class tst_GuidanceWindows : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { mManager = std::make_unique<ManagerFixture::Manager>(); }
+    void init() { mManager = std::make_unique<Manager>(); }
     void cleanup() { mManager.reset(); }
 
     void comeAndGo();
-    void aimAtTheTarget();
+    void followWhatTheirShowingChanges();
     void buttonsFollowTheHeightAtRest();
     void closedTooltipIsMadeAnew();
     void closeLetsEverythingGo();
     void hugeTextsAreCut();
     void textsAreShownWhole();
     void editorTooltipFades();
-    void editorTooltipIsCentred();
 
 private:
     TutorialIndicator *start()
     {
-        mManager->receive({ "start|0|0|1000|700" });
+        mManager->onReceived(startMessage(QRect(0, 0, 1000, 700)));
         return find<TutorialIndicator>();
     }
     EditorTooltip *showTooltip(const QString &text, int x, int y)
     {
-        mManager->onReceived(HostMessages::message(HostMessages::FromHost::kShowTooltip, text, x, y));
+        mManager->receive(kShowTooltip, text, x, y);
         return find<EditorTooltip>();
     }
+    void happens(const QString &event)
+    {
+        if (event == kTick)
+            mManager->tick();
+        else if (event == kActive || event == kInactive)
+            mManager->onApplicationStateChanged(event == kActive ? Qt::ApplicationActive : Qt::ApplicationInactive);
+        else
+            mManager->onReceived(event);
+    }
 
-    std::unique_ptr<ManagerFixture::Manager> mManager;
+    std::unique_ptr<Manager> mManager;
 };
 
 void tst_GuidanceWindows::comeAndGo()
 {
+    const QString tip = message(kShowTooltip, QStringLiteral("text"), 1, 2);
     const char *const step = "Log Next No Tooltip Yes";
     const char *const all = "EditorTooltip Log Next No Tooltip Yes";
-    const char *const rows[][2] = {
+    const QVector<QPair<QString, const char *>> rows = {
         // Before the first start there is nothing to act upon.
-        { "indicator|update|1|2|A|Hint|7|0", "" },
-        { "indicator|updateXy|1|2", "" },
-        { "state|show", "" },
-        { "state|hide", "" },
-        { "tick", "" },
-        { "hideTooltip", "" },
-        { "start", "Log Tooltip" },
-        { "indicator|update|1|2|A|Hint|3|0", step },
+        { kAllButtons, "" },
+        { message(kIndicator, kUpdateXy, 1, 2), "" },
+        { message(kState, kShow), "" },
+        { message(kState, kHide), "" },
+        { kTick, "" },
+        { kHideTooltip, "" },
+        { kStart, "Log Tooltip" },
+        { kAllButtons, step },
         // What nobody knows changes nothing.
-        { "", step },
-        { "stopped", step },
-        { "bye", step },
-        { "indicator", step },
-        { "indicator|other|1|2|A|Hint|0|0", step },
-        { "stop", "" },
-        { "start|x||3.5|", step },
-        { "indicator|update", "Log Tooltip" },
-        { "indicator|update|1|2|A|Hint|3|0", step },
-        { "showTooltip|text|1|2", all },
-        { "inactive", all },
-        { "state|hide", all },
-        { "tick", "" },
-        { "active", all },
-        { "inactive", "" },
-        { "state|show", all },
-        { "hideTooltip", step },
-        { "tick", all },
+        { QString(), step },
+        { QStringLiteral("stopped"), step },
+        { kIndicator, step },
+        { message(kIndicator, kShow), step },
+        { kStop, "" },
+        { message(kStart, kWindow), step },
+        { message(kIndicator, kUpdate), "Log Tooltip" },
+        { kAllButtons, step },
+        { tip, all },
+        { kInactive, all },
+        { message(kState, kHide), all },
+        { kTick, "" },
+        { kActive, all },
+        { kInactive, "" },
+        { message(kState, kShow), all },
+        { kHideTooltip, step },
+        { kTick, all },
         // A tip needs no tutorial.
-        { "stop", "EditorTooltip" },
+        { kStop, "EditorTooltip" },
     };
     for (const auto &row : rows) {
-        const QByteArray event = row[0];
-        if (event == "tick")
-            mManager->tick();
-        else if (event.endsWith("active"))
-            mManager->onApplicationStateChanged(event == "active" ? Qt::ApplicationActive : Qt::ApplicationInactive);
-        else
-            mManager->receive({ row[0] });
-        QVERIFY2(seen() == QLatin1String(row[1]), QByteArray(event + ": " + seen().toLatin1()));
+        happens(row.first);
+        QVERIFY2(seen() == QLatin1String(row.second), qPrintable(row.first + QLatin1String(": ") + seen()));
     }
     mManager->onApplicationStateChanged(Qt::ApplicationSuspended);
 
@@ -130,39 +147,46 @@ void tst_GuidanceWindows::comeAndGo()
     tooltip->close();
     tick(tooltip, 200);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    mManager->receive({ "hideTooltip", "showTooltip|text|1|2" });
+    happens(kHideTooltip);
+    happens(tip);
     QCOMPARE(seen(), QStringLiteral("EditorTooltip"));
 }
 
-void tst_GuidanceWindows::aimAtTheTarget()
+// A window that is shown or hidden can change the activation at once.
+void tst_GuidanceWindows::followWhatTheirShowingChanges()
 {
-    const TutorialIndicator &indicator = *start();
-    const auto aimsAt = [&](int x, int y, bool arrow) {
-        return indicator.mTargetX == x && indicator.mTargetY == y && indicator.mArrowVisible == arrow;
+    const QString all = QStringLiteral("Log Next No Tooltip Yes");
+    const QString hide = message(kState, kHide);
+    // What comes before, what happens, what each showing and hiding brings, the window of the hint, all windows.
+    const QVector<QPair<QStringList, QStringList>> rows = {
+        { { hide }, { kInactive, kActive, QStringLiteral("hs"), all } },
+        { { hide, kTick }, { kActive, kInactive, QStringLiteral("sh"), QString() } },
+        { { hide, kTick }, { kActive, kStop, QStringLiteral("sh"), QString() } },
+        // Hidden and shown, they come to stand above the host editor's windows.
+        { {}, { message(kState, kShow), kInactive, QStringLiteral("hs"), all } },
     };
-    mManager->receive({ "indicator|update|-300|200|A|Hint|4|3" });
-    QVERIFY(aimsAt(-300, 200, true));
-    mManager->updateIndicatorXyWindowKey(5, 6, QStringLiteral("A"));
-    QVERIFY(aimsAt(5, 6, true));
-    // A step without a target has no arrow either.
-    mManager->receive({ "indicator|update|-9999|-9999|A|Hint|4|3" });
-    QVERIFY(aimsAt(5, 6, false));
-    mManager->receive({ "indicator|updateXy|-9999|-9999" });
-    QVERIFY(aimsAt(-9999, -9999, false));
-
-    // The rectangle needs all of its numbers, and comes also while the guidance runs.
-    QCOMPARE(mManager->hostRect(), QRect(0, 0, 1000, 700));
-    mManager->receive({ "start|-1|2|3|4|more", "start|5|6|7" });
-    QCOMPARE(mManager->hostRect(), QRect(-1, 2, 3, 4));
+    for (const auto &row : rows) {
+        for (const QString &event : QStringList{ kInactive, message(kState, kShow), kStart, kAllButtons } + row.first)
+            happens(event);
+        Watcher watcher;
+        watcher.mAfter = [&] { happens(row.second.at(1)); };
+        qApp->installEventFilter(&watcher);
+        happens(row.second.at(0));
+        qApp->removeEventFilter(&watcher);
+        QCOMPARE(QStringList(row.second.mid(0, 2)) << watcher.mSeen << seen(), row.second);
+    }
 }
 
 void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()
 {
     TutorialIndicator *indicator = start();
-    mManager->receive({ "indicator|update|300|200|A|Hint|7|0" });
+    const auto show = [this](int y, const QString &hint) {
+        happens(stepMessage({ 300, y, kWindow, hint, true, true, true, 0 }));
+    };
+    show(200, kHint);
     tick(indicator, 60);
     // The window moves by one pixel at the same time, which must not hide that the height has changed.
-    mManager->receive({ "indicator|update|300|201|A|one\ntwo\nthree\nfour\nfive\nsix\nseven|7|0" });
+    show(201, QStringLiteral("line\n").repeated(7));
     tick(indicator);
     const QPoint place(indicator->mCurrentX, indicator->mCurrentY);
     const int below = place.y() + 56 + indicator->mHintHeight;
@@ -180,10 +204,10 @@ void tst_GuidanceWindows::closedTooltipIsMadeAnew()
     QCOMPARE(indicator->mTooltip->mTextEdit->toPlainText(), hint);
     const QPointer<TutorialTooltip> closed = indicator->mTooltip;
     closed->close();
-    mManager->receive({ "stop" });
+    happens(kStop);
     tick(indicator);
     QVERIFY(!indicator->mTooltip);
-    mManager->receive({ "start" });
+    happens(kStart);
     tick(indicator);
     QVERIFY(!closed && indicator->mTooltip && indicator->mTooltip->isVisible());
     QVERIFY(indicator->mTooltip->mTextEdit->toPlainText().contains(QLatin1String("second")));
@@ -192,14 +216,16 @@ void tst_GuidanceWindows::closedTooltipIsMadeAnew()
 void tst_GuidanceWindows::closeLetsEverythingGo()
 {
     TutorialIndicator *indicator = start();
-    mManager->receive({ "indicator|update|1|2|A|Hint|7|0" });
+    happens(kAllButtons);
     indicator->close();
     QCOMPARE(seen(), QStringLiteral("Log"));
     QVERIFY(!indicator->mTooltip && !indicator->mNextButton && !indicator->mYesButton && !indicator->mNoButton);
     QCOMPARE(indicator->mTimerId, 0);
-    mManager->receive({ "state|show", "stop" });
+    for (const QString &event : { message(kState, kShow), QString(kStop) })
+        happens(event);
     tick(indicator, 2);
-    mManager->receive({ "start", "indicator|update|1|2|A|Hint|7|0" });
+    for (const QString &event : { QString(kStart), kAllButtons })
+        happens(event);
     QCOMPARE(seen(), QStringLiteral("Log Tooltip"));
 }
 
@@ -259,24 +285,9 @@ void tst_GuidanceWindows::editorTooltipFades()
     }
 }
 
-void tst_GuidanceWindows::editorTooltipIsCentred()
+int main(int, char *argv[])
 {
-    for (const QString &text : { QStringLiteral("<b>a</b><br>b"), QStringLiteral("word ").repeated(40) }) {
-        const EditorTooltip &tooltip = *showTooltip(text, -50, 300);
-        const QSize size = tooltip.mTextEdit->size();
-        const QSizeF laidOut = tooltip.mTextEdit->document()->size();
-        QCOMPARE(size, QSize(int(laidOut.width()), int(laidOut.height())));
-        QCOMPARE(tooltip.pos(), QPoint(-50 - size.width() / 2, 300 - size.height() / 2));
-    }
-    QVERIFY(showTooltip(QString(), 10, 10)->mTextEdit->isHidden());
-    QCOMPARE(seen(), QStringLiteral("EditorTooltip"));
-}
-
-int main(int argc, char *argv[])
-{
-    const ManagerFixture::Application application(argv[0]);
-    tst_GuidanceWindows test;
-    return QTest::qExec(&test, argc, argv);
+    return run<tst_GuidanceWindows>(argv[0]);
 }
 
 #include "tst_GuidanceWindows.moc"

@@ -8,6 +8,19 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace HostMessages;
+
+namespace
+{
+const QString kWindow = QStringLiteral("Window");
+const QString kPopup = QStringLiteral("Popup");
+
+QByteArray record(const QString &message)
+{
+    return HostRecord::encode(HostRecord::kFromHost, message);
+}
+} // namespace
+
 class tst_TutorialManager : public QObject
 {
     Q_OBJECT
@@ -17,21 +30,22 @@ private Q_SLOTS:
     void cleanup();
 
     void carriesOutWhatTheLinkBrings();
+    void tellsOfItself();
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
     void defersJumpLinks();
-    void closesTheLogAtTheEnd();
+    void endsAfterSilence();
 
 private:
-    /// What has gone to the host editor since the last call: the messages, their fields parted by "|".
-    QString sent()
+    /// The messages that have gone to the host editor since the last call.
+    QStringList sent()
     {
         const QString end = QStringLiteral("end");
         mManager->sendMessage(end);
         QStringList messages;
         for (QStringList fields = mHost->next(); fields.value(0, end) != end; fields = mHost->next())
-            messages += fields.join(QLatin1Char('|'));
-        return messages.join(QLatin1Char(' '));
+            messages += join(fields);
+        return messages;
     }
 
     QTemporaryDir mFolder;
@@ -62,65 +76,90 @@ void tst_TutorialManager::cleanup()
 void tst_TutorialManager::carriesOutWhatTheLinkBrings()
 {
     const QSignalSpy keys(mManager.get(), &TutorialManager::currentWindowKeyChanged);
-    for (const char *message : { "start", "windowPosition|A|-3|4", "windowPosition||5|6", "controlPosition|B|7|8",
-                                 "windowStack|push|A", "windowStack|push|Popup", "bye" })
-        mHost->sendMessage(QString::fromLatin1(message).replace(QLatin1Char('|'), HostMessages::kFieldSeparator));
+    mHost->send(FromHost::kWindowStack, FromHost::kPush, QStringLiteral("Former"));
+    mHost->send(FromHost::kStart);
+    mHost->send(FromHost::kWindowPosition, kWindow, -3, 4);
+    mHost->send(FromHost::kWindowPosition, QString(), 5, 6);
+    mHost->send(FromHost::kControlPosition, QStringLiteral("Control"), 7, 8);
+    mHost->send(FromHost::kWindowStack, FromHost::kPush, kWindow);
     QTRY_COMPARE(keys.size(), 3);
-    QTRY_VERIFY(!mManager->isGuidanceRunning());
-    QCOMPARE(mManager->getXy(QStringLiteral("A")), QPoint(-3, 4));
-    QCOMPARE(mManager->getXy(QStringLiteral("B")), QPoint(7, 8));
+    QVERIFY(mManager->isGuidanceRunning());
+    QCOMPARE(mManager->getXy(kWindow), QPoint(-3, 4));
+    QCOMPARE(mManager->getXy(QStringLiteral("Control")), QPoint(7, 8));
     QCOMPARE(mManager->getXy(QString()), QPoint());
-    mManager->dropPopupWindowKey();
-    QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("A"));
-    mManager->receive({ "windowStack|pop", "windowStack|pop" });
-    QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("ApplicationWindow"));
-    QCOMPARE(keys.size(), 5);
 
-    mManager->updateIndicatorXyWindowKey(-1, 2, QStringLiteral("A"));
-    QCOMPARE(sent(), QStringLiteral("indicator|updateXYWindowKey|-1|2|A"));
+    // What comes in the same read after it is lost, a record that has not ended too.
+    const QByteArray lost = record(message(FromHost::kWindowStack, FromHost::kPush, QStringLiteral("Lost")));
+    mHost->sendBytes(record(FromHost::kBye) + lost + lost.left(lost.size() - 1));
+    QTRY_VERIFY(!mManager->isGuidanceRunning());
+    mHost->send(FromHost::kWindowStack, FromHost::kPush, kPopup);
+    QTRY_COMPARE(keys.size(), 4);
+    mManager->receive(FromHost::kWindowStack, FromHost::kPush, kPopup);
+    // Only a popup closes by itself.
+    for (const QString &key : { kPopup, kWindow, kWindow }) {
+        mManager->dropPopupWindowKey();
+        QCOMPARE(mManager->getCurrentWindowKey(), key);
+    }
+    for (int i = 0; i < 2; ++i) {
+        mManager->receive(FromHost::kWindowStack, FromHost::kPop);
+        QCOMPARE(mManager->getCurrentWindowKey(), QStringLiteral("ApplicationWindow"));
+    }
+    QCOMPARE(keys.size(), 8);
+}
+
+void tst_TutorialManager::tellsOfItself()
+{
+    mManager->tick(9);
+    mManager->updateIndicatorXyWindowKey(-1, 2, kWindow);
+    mManager->tick(1);
+    QCOMPARE(sent(),
+             (QStringList{ message(ToHost::kIndicator, ToHost::kUpdateXYWindowKey, -1, 2, kWindow), ToHost::kAlive }));
 }
 
 void tst_TutorialManager::sendsTheScenarioThatIsThere()
 {
-    const QString nothing = QStringLiteral("start|var scenario = [\n\n];|");
+    const auto nothing = [](int id) {
+        return QStringList(message(ToHost::kStart, QStringLiteral("var scenario = [\n\n];"), id));
+    };
     mManager->startFromId(3);
-    QCOMPARE(sent(), QString(nothing + QLatin1Char('3')));
+    QCOMPARE(sent(), nothing(3));
 
     const QString file = mFolder.filePath(QStringLiteral("a.js"));
     writeAll(file, "var scenario = [{\"id\":7,\"name\":\"%2\",\"hint\":\"%1 and %3\"}];");
     QCOMPARE(mManager->loadTutorial(file), QString());
     // One that is missing changes nothing but the name.
-    mManager->receive({ "tutorial|Missing" });
+    mManager->receive(FromHost::kTutorial, QStringLiteral("Missing"));
     QCOMPARE(mManager->tutorialName(), QStringLiteral("Missing"));
-    const QString loaded = sent();
-    QVERIFY(loaded.contains(QLatin1String("\"name\":\"%2\",")) && loaded.endsWith(QLatin1String("|-1")));
+    const QString loaded = sent().value(0);
+    QVERIFY(loaded.contains(QLatin1String("\"name\":\"%2\",")));
     QVERIFY(loaded.contains(QLatin1String("\"hint\":\"%1 and %3\",")));
 
     // One that is none leaves nothing, and does not start.
     mWarnings.expect(QStringLiteral("Json parse error"));
     mWarnings.expect(QStringLiteral("Failed to loadTutorial"));
-    mManager->receive({ "tutorial|TutorialList" });
-    QCOMPARE(sent(), QString());
+    mManager->receive(FromHost::kTutorial, QStringLiteral("TutorialList"));
+    QCOMPARE(sent(), QStringList());
     mManager->startFromId();
-    QCOMPARE(sent(), QString(nothing + QLatin1String("-1")));
+    QCOMPARE(sent(), nothing(kFromBeginning));
     mManager->loadTutorial(file);
     mManager->unload();
     mManager->startFromId();
-    QCOMPARE(sent(), QString(nothing + QLatin1String("-1")));
+    QCOMPARE(sent(), nothing(kFromBeginning));
     QCOMPARE(mManager->save(), QStringLiteral("Tutorial not loaded yet."));
 }
 
 void tst_TutorialManager::answersWithPresetData()
 {
-    mManager->receive({ "requestPresetData|../png/click.png" });
-    const QString picture = QString::fromLatin1(readAll(QStringLiteral(":/resource/png/click.png")).toBase64());
-    QCOMPARE(sent(), QString(QLatin1String("feedbackPresetData|") + picture));
+    mManager->receive(FromHost::kRequestPresetData, QStringLiteral("../png/click.png"));
+    const QByteArray picture = readAll(QStringLiteral(":/resource/png/click.png")).toBase64();
+    QCOMPARE(sent(), QStringList(message(ToHost::kFeedbackPresetData, QString::fromLatin1(picture))));
     // Neither one that is missing nor a folder has an answer.
     mWarnings.expect(QStringLiteral("presetData not found \":/resource/preset/missing\""));
     mWarnings.expect(QStringLiteral("Failed to open"));
     mWarnings.expect(QStringLiteral("Failed to read"));
-    mManager->receive({ "requestPresetData|missing", "requestPresetData|../png" });
-    QCOMPARE(sent(), QString());
+    for (const char *name : { "missing", "../png" })
+        mManager->receive(FromHost::kRequestPresetData, QString::fromLatin1(name));
+    QCOMPARE(sent(), QStringList());
 }
 
 void tst_TutorialManager::defersJumpLinks()
@@ -138,12 +177,14 @@ void tst_TutorialManager::defersJumpLinks()
     QTRY_COMPARE(links, (QStringList{ QStringLiteral("b"), QStringLiteral("c") }));
 }
 
-void tst_TutorialManager::closesTheLogAtTheEnd()
+// With the log closed; earlier, the process would abort.
+void tst_TutorialManager::endsAfterSilence()
 {
     const pid_t child = fork();
     if (child == 0) {
+        mManager->tick(99);
         closeLogFileHook = [] { std::_Exit(3); };
-        mManager->tick(100);
+        mManager->tick(1);
         std::_Exit(7);
     }
     int status = 0;
@@ -151,11 +192,9 @@ void tst_TutorialManager::closesTheLogAtTheEnd()
     QCOMPARE(WEXITSTATUS(status), 3);
 }
 
-int main(int argc, char *argv[])
+int main(int, char *argv[])
 {
-    const ManagerFixture::Application application(argv[0]);
-    tst_TutorialManager test;
-    return QTest::qExec(&test, argc, argv);
+    return ManagerFixture::run<tst_TutorialManager>(argv[0]);
 }
 
 #include "tst_TutorialManager.moc"

@@ -1,0 +1,144 @@
+#include "support/ManagerFixture.h"
+#include "Tutorial/guidance/EditorTooltip.h"
+#include "Tutorial/guidance/GuidanceGeometry.h"
+#include "Tutorial/guidance/TutorialIndicator.h"
+#include "Tutorial/guidance/TutorialTooltip.h"
+
+#include <QTextEdit>
+
+#include <limits>
+
+using namespace HostMessages;
+using namespace HostMessages::FromHost;
+using namespace ManagerFixture;
+
+namespace
+{
+const QString kHint = QStringLiteral("Hint");
+const QString kWindow = QStringLiteral("Window");
+} // namespace
+
+/// Where the windows of the guidance go for the targets that the host editor tells.
+class tst_GuidanceMotion : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { mManager = std::make_unique<Manager>(); }
+    void cleanup() { mManager.reset(); }
+
+    void aimsAtTheTarget();
+    void flipsAtItsLimits();
+    void comesToRest();
+
+private:
+    /// Hidden windows move too, and faster.
+    void startHidden(int x, int y, int width, int height)
+    {
+        mManager->receive(kStart, x, y, width, height);
+        mManager->receive(kStop);
+        mIndicator = find<TutorialIndicator>();
+    }
+    void aimAt(const QPoint &target)
+    {
+        mManager->receive(kIndicator, kUpdateXy, target.x(), target.y());
+        tick(mIndicator, 80);
+    }
+    QPoint place() const { return QPoint(mIndicator->mCurrentX, mIndicator->mCurrentY); }
+    QPoint restingPlace() const
+    {
+        return GuidanceGeometry::restingPlace({ mIndicator->mTargetX, mIndicator->mTargetY },
+                                              { mIndicator->mFlipVertical, mIndicator->mFlipHorizontal });
+    }
+    /// Whether the windows stay where they are, up to three pixels short of their place.
+    bool isAtRest() const
+    {
+        const QPoint before = place();
+        const QPoint missing = restingPlace() - before;
+        tick(mIndicator);
+        return place() == before && qAbs(missing.x()) <= 3 && qAbs(missing.y()) <= 3;
+    }
+
+    TutorialIndicator *mIndicator = nullptr;
+    std::unique_ptr<Manager> mManager;
+};
+
+void tst_GuidanceMotion::aimsAtTheTarget()
+{
+    startHidden(0, 0, 1000, 700);
+    const auto isAimedAt = [this](int x, int y, bool arrow) {
+        return mIndicator->mTargetX == x && mIndicator->mTargetY == y && mIndicator->mArrowVisible == arrow;
+    };
+    mManager->onReceived(stepMessage({ -300, 200, kWindow, kHint, false, false, true, 3 }));
+    QVERIFY(isAimedAt(-300, 200, true));
+    mManager->updateIndicatorXyWindowKey(5, 6, kWindow);
+    QVERIFY(isAimedAt(5, 6, true));
+    // A step without a target has no arrow either.
+    mManager->onReceived(stepMessage({ kNoPosition, kNoPosition, kWindow, kHint, false, false, true, 3 }));
+    QVERIFY(isAimedAt(5, 6, false));
+    // What is no number reads as 0.
+    mManager->receive(kIndicator, kUpdateXy, QStringLiteral("12px"), kNoPosition);
+    QVERIFY(isAimedAt(0, kNoPosition, false));
+
+    // The rectangle needs all of its numbers, and comes also while the guidance runs.
+    QCOMPARE(mManager->hostRect(), QRect(0, 0, 1000, 700));
+    mManager->receive(kStart, -1, 2, 3, 4, kWindow);
+    mManager->receive(kStart, 5, 6, 7);
+    QCOMPARE(mManager->hostRect(), QRect(-1, 2, 3, 4));
+}
+
+void tst_GuidanceMotion::flipsAtItsLimits()
+{
+    startHidden(-1920, 0, 1000, 700); // its right edge is at -920
+    // One target after the other, and on which side of it the windows then lie.
+    const QVector<QPair<QPoint, const char *>> rows = {
+        { { -1800, 0 }, "" },          { { -1800, -1 }, "below" }, { { -1800, 64 }, "below" },
+        { { -1800, 65 }, "" },         { { -920 - 384, 9 }, "" },  { { -920 - 383, 9 }, "left" },
+        { { -920 - 410, 9 }, "left" }, { { -920 - 411, 9 }, "" },
+    };
+    for (const auto &row : rows) {
+        aimAt(row.first);
+        const QByteArray below = mIndicator->mFlipVertical ? "below" : "";
+        QCOMPARE(below + (mIndicator->mFlipHorizontal ? "left" : ""), QByteArray(row.second));
+    }
+}
+
+void tst_GuidanceMotion::comesToRest()
+{
+    // On a screen to the left and above, narrower than arrow and text, none.
+    for (const QRect &host : { QRect(-1920, -1080, 1600, 900), QRect(100, 100, 300, 200), QRect() }) {
+        startHidden(host.x(), host.y(), host.width(), host.height());
+        for (int i = 0; i < 1000; ++i) {
+            // Targets all over and round the rectangle; the motion goes on from where the last one ended.
+            const QPoint target(host.x() - 300 + i * 7919 % (host.width() + 600),
+                                host.y() - 200 + i * 104729 % (host.height() + 400));
+            aimAt(target);
+            QVERIFY(isAtRest());
+
+            // Where the rectangle has room on one side of the target, the text is inside of it.
+            const int width = GuidanceGeometry::kTextWidth;
+            const int right = host.x() + host.width();
+            const int textLeft = restingPlace().x() + mIndicator->mTooltip->mTextEdit->x();
+            const bool hasRoom = target.x() - 308 >= host.x() || target.x() + 411 < right;
+            if (hasRoom && target.x() >= host.x() && target.x() + width - 308 <= right)
+                QVERIFY(textLeft >= host.x() && textLeft + width <= right);
+        }
+    }
+    const int numbers[] = { std::numeric_limits<int>::min(), -(1 << 24), 0, 1 << 24, std::numeric_limits<int>::max() };
+    for (const int x : numbers) {
+        for (const int y : numbers) {
+            startHidden(y, x, x, y);
+            aimAt({ x, y });
+            QVERIFY(isAtRest());
+            mManager->receive(kShowTooltip, kHint, x, y);
+            QVERIFY(qAbs(find<EditorTooltip>()->x()) <= 1 << 24);
+        }
+    }
+}
+
+int main(int, char *argv[])
+{
+    return run<tst_GuidanceMotion>(argv[0]);
+}
+
+#include "tst_GuidanceMotion.moc"
