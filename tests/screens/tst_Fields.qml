@@ -1,6 +1,7 @@
 import QtQuick 2.9
 import QtQuick.Window 2.2
 import QtTest 1.1
+import Morvi.kess 1.0
 import "qrc:/qml/Controls"
 import "qrc:/qml/QtControls"
 
@@ -98,6 +99,12 @@ Item {
             box.forceActiveFocus();
             verify(!setup.acceptsInputMethod());
             var window = scene.Window.window;
+            Gui.setIme(window, false);
+            other.forceActiveFocus();
+            verify(!setup.acceptsInputMethod());
+            Gui.setIme(window, true);
+            verify(setup.acceptsInputMethod());
+            box.forceActiveFocus();
             window.hide();
             window.show();
             window.requestActivate();

@@ -325,11 +325,13 @@ void tst_SettingScreen::eventIsTakenOver()
     QCOMPARE(condition(2), QStringLiteral("click,Row & more"));
     QCOMPARE(record(2)->mWindowKey, QStringLiteral("MainWindow/<i>tool</i>"));
 
-    // The newest line comes into view; what isn't in view has no row.
-    for (int i = 0; i < 500; ++i)
+    // The newest line comes into view, what isn't in view has no row, and old lines go.
+    for (int i = 0; i < 25000; ++i)
         mHost.send(FromHost::kEventLog, FromHost::kAppend, i);
-    QTRY_VERIFY(row("eventList", 500));
-    QTRY_VERIFY(!row("eventList", 400));
+    mHost.send(FromHost::kEventLog, FromHost::kCoords, QStringLiteral("1, 2"));
+    QTRY_COMPARE(dialog->findChild<QQuickItem *>(QStringLiteral("coordinates"))->property("text").toString(),
+                 QStringLiteral("1, 2"));
+    QTRY_VERIFY(row("eventList", 9000) && !row("eventList", 8900));
 }
 
 int main(int argc, char *argv[])

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "support/FileBytes.h"
 #include "support/HostEnd.h"
 
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -11,32 +14,77 @@
 class HostPeer : public HostEnd
 {
 public:
-    HostPeer();
-    ~HostPeer();
+    HostPeer()
+    {
+        QDir(mHome.path()).mkpath(mLogFolder);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), mHome.path());
+        for (const char *folder : { "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME" })
+            environment.remove(QLatin1String(folder));
+        mProcess.setProcessEnvironment(environment);
+        mProcess.setStandardOutputFile(QProcess::nullDevice());
+        mProcess.setStandardErrorFile(QProcess::nullDevice());
+        QObject::connect(&mAlive, &QTimer::timeout, &mProcess, [this] { send(HostMessages::FromHost::kAlive); });
+    }
+    ~HostPeer()
+    {
+        mProcess.kill();
+        mProcess.waitForFinished();
+    }
 
     /// Starts the program and waits for its connection.
-    bool start(const QString &program);
+    bool start(const QString &program)
+    {
+        static int count = 0;
+        const QString suffix = QStringLiteral("-test-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
+        return listen(suffix) && startAlone(program, { suffix, QStringLiteral("ignored") }) && accept();
+    }
     /// Starts the program with these arguments and no server for it.
-    bool startAlone(const QString &program, const QStringList &arguments);
+    bool startAlone(const QString &program, const QStringList &arguments)
+    {
+        mProcess.start(program, arguments);
+        return mProcess.waitForStarted();
+    }
     /// Sends "alive" each second from here on.
-    void keepAlive();
+    void keepAlive() { mAlive.start(1000); }
 
     /// Waits until all bytes have gone to the program.
-    bool flush(int timeout = 30000);
+    bool flush()
+    {
+        return QTest::qWaitFor([this] { return socket().bytesToWrite() == 0; }, 30000);
+    }
     /// Waits for a message of that name that was not taken yet, and takes it with all before it.
     /// Its fields; empty when none came within the time in milliseconds.
-    QStringList waitForMessage(const QString &name, int timeout = 10000);
-    bool waitForExit(int timeout);
+    QStringList waitForMessage(const QString &name, int timeout = 10000)
+    {
+        const QDeadlineTimer limit(timeout);
+        QStringList fields;
+        do {
+            fields = next(int(limit.remainingTime()));
+        } while (!fields.isEmpty() && fields.first() != name);
+        return fields;
+    }
+    bool waitForExit(int timeout)
+    {
+        return QTest::qWaitFor([this] { return mProcess.state() == QProcess::NotRunning; }, timeout);
+    }
 
     QProcess &process() { return mProcess; }
     /// What the program's log holds by now.
-    QString log() const;
+    QString log() const
+    {
+        return QString::fromUtf8(readAll(mHome.filePath(mLogFolder + QLatin1String("/Trelvane.log"))));
+    }
     /// Resident memory of the process in KiB; 0 where the system does not tell.
-    int memory() const;
+    int memory() const
+    {
+        const QByteArray mark = "VmRSS:";
+        const QByteArray status = readAll(QStringLiteral("/proc/%1/status").arg(mProcess.processId()));
+        return status.mid(status.indexOf(mark) + mark.size()).trimmed().split(' ').first().toInt();
+    }
 
 private:
-    Q_DISABLE_COPY(HostPeer)
-
+    const QString mLogFolder = QStringLiteral(".local/share/Harnwick/Trelvane");
     QTemporaryDir mHome;
     QProcess mProcess;
     QTimer mAlive;

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QHash>
 #include <QStringList>
 #include <QtTest>
+
+#include <algorithm>
 
 /// Makes a test fail for a warning that it did not announce, and for one that it announced and that
 /// did not come. Debug lines are dropped.
@@ -18,14 +19,13 @@ public:
     {
         mExpected.clear();
         mUnexpected.clear();
-        current() = this;
+        sCurrent = this;
         mPrevious = qInstallMessageHandler(handle);
     }
 
     void end()
     {
         qInstallMessageHandler(mPrevious);
-        current() = nullptr;
         if (!mUnexpected.isEmpty())
             QTest::qFail(qPrintable(QLatin1String("unexpected: ") + mUnexpected.first()), __FILE__, __LINE__);
         else if (!mExpected.isEmpty())
@@ -40,33 +40,27 @@ public:
     }
 
 private:
-    static WarningGuard *&current()
-    {
-        static WarningGuard *guard = nullptr;
-        return guard;
-    }
-
     static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
     {
-        WarningGuard *guard = current();
         // The offscreen platform says this of each window that is raised, and the toolkit this of one
         // that goes during an animation.
         if (type == QtDebugMsg || message.startsWith(QLatin1String("This plugin does not support"))
             || message.startsWith(QLatin1String("QUnifiedTimer::stopAnimationDriver")))
             return;
-        if (type == QtWarningMsg && guard) {
-            for (int i = 0; i < guard->mExpected.size(); ++i) {
-                if (message.contains(guard->mExpected.at(i))) {
-                    guard->mExpected.removeAt(i);
-                    return;
-                }
+        if (type == QtWarningMsg) {
+            const auto isExpected = [&message](const QString &part) { return message.contains(part); };
+            QStringList &expected = sCurrent->mExpected;
+            const auto found = std::find_if(expected.begin(), expected.end(), isExpected);
+            if (found != expected.end()) {
+                expected.erase(found);
+                return;
             }
-            guard->mUnexpected.append(message);
+            sCurrent->mUnexpected.append(message);
         }
-        if (guard && guard->mPrevious)
-            guard->mPrevious(type, context, message);
+        sCurrent->mPrevious(type, context, message);
     }
 
+    static inline WarningGuard *sCurrent = nullptr;
     QStringList mExpected;
     QStringList mUnexpected;
     QtMessageHandler mPrevious = nullptr;

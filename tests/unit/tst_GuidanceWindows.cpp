@@ -70,7 +70,6 @@ private Q_SLOTS:
     void followWhatTheirShowingChanges();
     void buttonsFollowTheHeightAtRest();
     void closedTooltipIsMadeAnew();
-    void closeLetsEverythingGo();
     void hugeTextsAreCut();
     void textsAreShownWhole();
     void editorTooltipFades();
@@ -211,22 +210,6 @@ void tst_GuidanceWindows::closedTooltipIsMadeAnew()
     tick(indicator);
     QVERIFY(!closed && indicator->mTooltip && indicator->mTooltip->isVisible());
     QVERIFY(indicator->mTooltip->mTextEdit->toPlainText().contains(QLatin1String("second")));
-}
-
-void tst_GuidanceWindows::closeLetsEverythingGo()
-{
-    TutorialIndicator *indicator = start();
-    happens(kAllButtons);
-    indicator->close();
-    QCOMPARE(seen(), QStringLiteral("Log"));
-    QVERIFY(!indicator->mTooltip && !indicator->mNextButton && !indicator->mYesButton && !indicator->mNoButton);
-    QCOMPARE(indicator->mTimerId, 0);
-    for (const QString &event : { message(kState, kShow), QString(kStop) })
-        happens(event);
-    tick(indicator, 2);
-    for (const QString &event : { QString(kStart), kAllButtons })
-        happens(event);
-    QCOMPARE(seen(), QStringLiteral("Log Tooltip"));
 }
 
 // Texts whose whole layout would take seconds, or no end.

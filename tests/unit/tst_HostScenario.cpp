@@ -1,18 +1,9 @@
-#include "ArrowAim.h"
 #include "EventLog.h"
 #include "HostScenario.h"
-#include "HostSession.h"
 #include "ScenarioWalker.h"
-#include "ScriptDialog.h"
 #include "StepCondition.h"
 
-#include "Tutorial/guidance/GuidanceGeometry.h"
-
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextDocumentFragment>
 
@@ -26,9 +17,6 @@ class tst_HostScenario : public QObject
 private Q_SLOTS:
     void meeting();
     void walk();
-    void conversionDialog();
-    void arrowTipStandsWhereTheStepPoints();
-    void makesTheFolderOfTheLog();
 };
 
 namespace
@@ -100,53 +88,5 @@ void tst_HostScenario::walk()
     QVERIFY(!HostScenario::evaluate(QStringLiteral("var scenario = [{];")).error.isEmpty());
 }
 
-void tst_HostScenario::conversionDialog()
-{
-    ScriptDialog dialog;
-    auto *source = dialog.findChild<QPlainTextEdit *>(QStringLiteral("source"));
-    auto *answer = dialog.findChild<QPlainTextEdit *>(QStringLiteral("answer"));
-    QSignalSpy requests(&dialog, &ScriptDialog::conversionRequested);
-    source->setPlainText(QStringLiteral("a = \"x\"\nb = ("));
-    dialog.findChild<QPushButton *>(QStringLiteral("convert"))->click();
-    QCOMPARE(requests.value(0).value(1).toString(), QStringLiteral("\"a = \\\"x\\\"\\nb = (\""));
-
-    const int key = requests.first().first().toInt();
-    dialog.showAnswer(key, QStringLiteral(R"({"error":"missing","javascript":"","line":2})"));
-    QCOMPARE(answer->toPlainText(), QStringLiteral("missing"));
-    QCOMPARE(source->textCursor().selectedText(), QStringLiteral("b = ("));
-    // An answer to another request than the last one is not shown.
-    for (const int other : { key, key - 1 })
-        dialog.showAnswer(other, QStringLiteral(R"({"error":"","javascript":"%1","line":-1})").arg(other));
-    QCOMPARE(answer->toPlainText(), QString::number(key));
-}
-
-// Also where the program turns the arrow upside down.
-void tst_HostScenario::arrowTipStandsWhereTheStepPoints()
-{
-    const int tipInWindow = 133;
-    ArrowAim aim;
-    GuidanceGeometry::Flips flips{ false, false };
-    for (const int y : { 300, 0, 64, -1, 0, 64, 65, 64, 26, -100, 64, 92, 0, -20, 300 }) {
-        const QPoint sent = aim.aimAt({ 100, y });
-        flips = GuidanceGeometry::decideFlips(sent, QRect(0, 0, 1000, 700), flips);
-        const int tip = flips.vertical ? GuidanceGeometry::kArrowSize - tipInWindow : tipInWindow;
-        QCOMPARE(GuidanceGeometry::restingPlace(sent, flips) + QPoint(0, tip), QPoint(100, y + tipInWindow));
-    }
-}
-
-void tst_HostScenario::makesTheFolderOfTheLog()
-{
-    const QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
-    HostOptions options;
-    options.suffix = QStringLiteral("-folder-%1").arg(QCoreApplication::applicationPid());
-    options.program = QStringLiteral("true");
-    HostSession session(options);
-    QCOMPARE(session.begin(), QString());
-    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
-    QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
-    QVERIFY(QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)).exists());
-}
-
-QTEST_MAIN(tst_HostScenario)
+QTEST_GUILESS_MAIN(tst_HostScenario)
 #include "tst_HostScenario.moc"
