@@ -13,7 +13,6 @@
 #include <QTemporaryDir>
 #include <QVariant>
 
-#include <functional>
 #include <memory>
 
 /// A test of the real application window of the authoring mode, in the test's own process, with the
@@ -139,5 +138,3 @@ private:
     QQmlApplicationEngine mEngine;
     QPoint mMouse;
 };
-
-Q_DECLARE_METATYPE(std::function<void()>)

@@ -34,9 +34,7 @@ protected Q_SLOTS:
 
 private Q_SLOTS:
     void keysStayWhereTheyWere();
-    void fieldsGoThroughTheHistory_data();
     void fieldsGoThroughTheHistory();
-    void typedTextIsNotLost_data();
     void typedTextIsNotLost();
     void textThatCantBeSavedIsRefused();
     void takenNameIsAskedFor();
@@ -93,113 +91,93 @@ void tst_SettingScreen::keysStayWhereTheyWere()
     QCOMPARE(condition(2), QStringLiteral("wait"));
 }
 
-void tst_SettingScreen::fieldsGoThroughTheHistory_data()
-{
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("steps");
-    const auto line = [](const char *field, const char *property, const char *typed, const QVariant &value,
-                         int steps = 1) {
-        QTest::newRow(field) << QString::fromLatin1(property) << QString::fromLatin1(typed) << value << steps;
-    };
-    line("windowKey", "text", "Popup/cut", QStringLiteral("Popup/cut"));
-    line("x", "value", "-42", -42);
-    line("y", "value", "33", 33);
-    line("condition", "text", "wait,\"5\\%1", QStringLiteral("wait,\"5\\%1"));
-    line("icon", "currentText", "k", QStringLiteral("keyboard"));
-    line("showArrow", "checked", " ", false);
-    // A step of the history for each key, the first of which takes the place of the selected text.
-    line("hint.edit", "text", "abc", QStringLiteral("abc"), 3);
-    line("hint2.edit", "text", "c%d", QStringLiteral("c%d"), 3);
-}
-
 void tst_SettingScreen::fieldsGoThroughTheHistory()
 {
-    QFETCH(QString, property);
-    QFETCH(QString, typed);
-    QFETCH(QVariant, value);
-    QFETCH(int, steps);
-
-    const char *field = QTest::currentDataTag();
-    const QString key = QString::fromLatin1(field).section(QLatin1Char('.'), 0, 0);
-    QQuickItem *control = item(field);
-    const auto shownNow = [&] { return control->property(property.toLatin1().constData()).toString(); };
-    const QVariant before = record(2)->getValue(key);
-    const QString shownBefore = shownNow();
-    typeInto("command", QStringLiteral("play"));
-    if (property == QLatin1String("text") || property == QLatin1String("value"))
-        typeInto(field, typed);
-    else {
-        control->forceActiveFocus(Qt::TabFocusReason);
-        type(typed);
-    }
-    // Undo hands over first what was typed.
-    for (int i = 0; i < steps; ++i) {
-        QVERIFY(shownNow() != shownBefore);
+    const auto texts = [this] {
+        return QStringList{ item("x")->property("value").toString(), shown("condition"),
+                            item("icon")->property("currentText").toString(),
+                            item("showArrow")->property("checked").toString(), shown("hint.edit") };
+    };
+    const auto held = [] {
+        QStringList values;
+        for (const char *key : { "x", "condition", "icon", "showArrow", "hint" })
+            values.append(record(2)->getValue(QLatin1String(key)).toString());
+        return values;
+    };
+    const auto typeThere = [this](const char *field, const char *keys) {
+        item(field)->forceActiveFocus(Qt::TabFocusReason);
+        type(QLatin1String(keys));
+    };
+    const QStringList before = texts();
+    const QStringList after = QStringLiteral("-42;wait,\"5\\%1;keyboard;false;c%d").split(QLatin1Char(';'));
+    QCOMPARE(held(), before);
+    typeInto("x", after.at(0));
+    typeInto("condition", after.at(1));
+    typeThere("icon", "k");
+    typeThere("showArrow", " ");
+    typeInto("hint.edit", after.at(4));
+    // A step for each field, and for each key in a hint, the first of which takes the place of the
+    // selected text.
+    constexpr int kSteps = 7;
+    for (int i = 0; i < kSteps; ++i) {
+        const QStringList previous = texts();
         undo();
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(texts() != previous);
     }
-    QTRY_COMPARE(shownNow(), shownBefore);
-    QCOMPARE(record(2)->getValue(key), before);
-    QCOMPARE(record(2)->mCommand, QStringLiteral("play"));
-    // On through the history, and showing it added nothing to it.
-    undo();
-    QTRY_COMPARE(record(2)->mCommand, QString());
+    QCOMPARE(texts(), before);
+    QCOMPARE(held(), before);
+    // Showing it added nothing to the history.
     QVERIFY(!UndoRedo::instance()->canUndo());
     QVERIFY(!managerInstance->isModified());
     settle();
-    for (int i = 0; i < steps + 1; ++i) {
+    for (int i = 0; i < kSteps; ++i) {
         redo();
         QCoreApplication::processEvents();
     }
-    QTRY_COMPARE(record(2)->getValue(key), value);
-    QTRY_COMPARE(shownNow(), value.toString());
+    QTRY_COMPARE(texts(), after);
+    QCOMPARE(held(), after);
     QVERIFY(managerInstance->isModified());
     QVERIFY(!UndoRedo::instance()->canRedo());
 }
 
-void tst_SettingScreen::typedTextIsNotLost_data()
-{
-    QTest::addColumn<std::function<void()>>("leave");
-    const auto line = [](const char *name, const std::function<void()> &leave) { QTest::newRow(name) << leave; };
-    line("save", [this] { click(item("saveButton")); });
-    line("save by key", [this] { press(QKeySequence::Save); });
-    line("undo by menu", [this] {
-        choose("&Edit", "&Undo");
-        QTRY_VERIFY(UndoRedo::instance()->canRedo());
-        QTRY_COMPARE(shown("condition"), QStringLiteral("click"));
-        redo();
-    });
-    line("start tutorial", [this] { press(Qt::Key_F5); });
-    line("start current", [this] { press(Qt::Key_F6); });
-    line("other row", [this] { select(3); });
-    line("add item", [this] { click(item("addItemButton")); });
-    line("language", [this] { item("localeComboBox")->setProperty("currentIndex", 1); });
-    line("close", [this] { QVERIFY(!mWindow->close()); });
-}
-
 void tst_SettingScreen::typedTextIsNotLost()
 {
-    QFETCH(std::function<void()>, leave);
-    typeInto("command", QStringLiteral("play"));
-    typeInto("condition", QStringLiteral("wait,7"));
-    QCOMPARE(condition(2), QStringLiteral("click"));
-    leave();
-    QTRY_COMPARE(condition(2), QStringLiteral("wait,7"));
-    if (currentId() != 2) {
-        // It is no other row's text.
-        const QString own = condition(currentId());
-        QTRY_COMPARE(shown("condition"), own);
-        press(Qt::Key_Tab);
-        QCOMPARE(condition(currentId()), own);
-    }
-    if (!managerInstance->isModified()) {
-        // Typing goes on after it was saved.
-        type(QStringLiteral("5"));
-        press(Qt::Key_Return);
-        QCOMPARE(condition(2), QStringLiteral("wait,75"));
-    }
+    const auto check = [this](const char *name, const std::function<void()> &leave) {
+        if (currentId() != 2)
+            select(2);
+        const QString text = QStringLiteral("wait,") + QLatin1String(name);
+        typeInto("command", QStringLiteral("play"));
+        typeInto("condition", text);
+        leave();
+        QTRY_COMPARE(condition(2), text);
+        if (currentId() != 2) {
+            // It is no other row's text.
+            const QString own = condition(currentId());
+            QTRY_COMPARE(shown("condition"), own);
+            press(Qt::Key_Tab);
+            QCOMPARE(condition(currentId()), own);
+        }
+    };
+    check("close", [this] {
+        QVERIFY(!mWindow->close());
+        QVERIFY(answerSaveQuestion("cancel"));
+        QVERIFY(activate());
+    });
+    check("undo by menu", [this] {
+        choose("&Edit", "&Undo");
+        QTRY_COMPARE(shown("condition"), QStringLiteral("wait,close"));
+        redo();
+    });
+    check("start", [this] { press(Qt::Key_F5); });
+    check("other row", [this] { select(3); });
+    check("add item", [this] { click(item("addItemButton")); });
+    check("save", [this] { click(item("saveButton")); });
+    // Typing goes on after it was saved.
+    QVERIFY(!managerInstance->isModified());
+    type(QStringLiteral("5"));
+    press(Qt::Key_Return);
+    QCOMPARE(condition(2), QStringLiteral("wait,save5"));
+    check("language", [this] { item("localeComboBox")->setProperty("currentIndex", 1); });
 }
 
 void tst_SettingScreen::textThatCantBeSavedIsRefused()
