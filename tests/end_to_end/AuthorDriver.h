@@ -1,77 +1,121 @@
 #pragma once
 
 #include "support/HostPeer.h"
+#include "support/Screen.h"
+#include "support/StoredTutorial.h"
 
-#include <QJsonObject>
 #include <QPoint>
-#include <QTemporaryDir>
 
-#include <memory>
-
-/// What the tests of the authoring mode stand on: the real program with a tutorial folder of its
-/// own, driven by mouse and keyboard, and the host editor's end of its link.
-class AuthorDriver : public QObject
+/// What the tests of the authoring mode stand on: the real program in a folder of its own, driven by
+/// mouse and keyboard, and the host editor's end of its link.
+class AuthorDriver
 {
-    Q_OBJECT
-
-public:
-    AuthorDriver() = default;
-
 protected:
-    static const QString kTutorial;
-    // Beside each other in the tutorial folder, and in the sources.
-    static const QString kScenario;
-    static const QString kJapanese;
-    static const QString kEnglish;
-
-    // Places in the window at its first size, in pixels.
-    static QPoint row(int index);
-    static constexpr QPoint kHint2 = QPoint(600, 570);
-    static constexpr QPoint kCondition = QPoint(480, 678);
-    static constexpr QPoint kJump = QPoint(430, 714);
-    static constexpr QPoint kJumpNo = QPoint(800, 714);
-
     // Two clicks further apart than a double click.
     static constexpr int kSlow = 700;
     // How long the program may take for an edit.
     static constexpr int kLimit = 20000;
 
-    static QByteArray original(const QString &name);
-    QString path(const QString &name) const;
+    /// Starts the program; ends the one before.
+    bool start()
+    {
+        mHost = std::make_unique<HostPeer>();
+        mHost->process().setWorkingDirectory(mFolder.path());
+        if (!mHost->start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM)))
+            return false;
+        mHost->keepAlive();
+        return findWindow() && QTest::qWaitFor([this] { return !startMessage("F5").isEmpty(); }, kLimit);
+    }
 
-    /// Makes the folder for the tutorial anew.
-    void makeFolder();
-    /// Starts the program in the folder; ends the one before.
-    bool start();
     /// Waits for the program's window and activates it.
-    bool findWindow();
-    bool leave();
-    void end();
+    bool findWindow()
+    {
+        const QString search = QStringLiteral("search --onlyvisible --name ^\\*?TutorialSideViewStep0$");
+        const bool found = QTest::qWaitFor([&] { return !(mWindow = Screen::xdotool(search)).isEmpty(); }, kLimit);
+        Screen::xdotool(QStringLiteral("windowactivate --sync"), { mWindow });
+        return found;
+    }
 
-    void move(const QPoint &place);
-    void click(const QPoint &place);
-    /// Moves the mouse with the button held, in small steps.
-    void drag(const QPoint &from, const QPoint &to);
-    static void press(const QString &keys);
-    static void type(const QString &text);
-    bool isModified() const;
+    /// The row of the list, from 0 for the one over all others.
+    static QPoint row(int index) { return QPoint(110, 58 + index * 24); }
 
-    /// What the host editor is told to play, the way that F5 tells it.
-    QList<QJsonObject> items();
-    QJsonValue value(int id, const char *key);
-    QStringList names();
-    /// The id of the item in the settings, the way that F6 tells it; -1 for none.
-    int current();
-    /// Waits for the entry of an item, or for the names of all items, to be so.
-    bool becomes(int id, const char *key, const QJsonValue &wanted);
-    bool becomes(const QStringList &wanted);
+    void move(const QPoint &place)
+    {
+        Screen::xdotool(QStringLiteral("mousemove --window %1 %2 %3").arg(mWindow).arg(place.x()).arg(place.y()));
+    }
 
-    std::unique_ptr<QTemporaryDir> mFolder;
+    void click(const QPoint &place)
+    {
+        move(place);
+        Screen::xdotool(QStringLiteral("click 1"));
+        // What follows a selection in short timers.
+        QTest::qWait(kSlow);
+    }
+
+    /// Drags up in small steps.
+    void drag(const QPoint &from, const QPoint &to)
+    {
+        move(from);
+        Screen::xdotool(QStringLiteral("mousedown 1"));
+        for (int y = from.y(); y >= to.y(); y -= 4) {
+            move(QPoint(from.x(), y));
+            QTest::qWait(30);
+        }
+        QTest::qWait(300);
+        Screen::xdotool(QStringLiteral("mouseup 1"));
+    }
+
+    static void press(const char *keys) { Screen::xdotool(QStringLiteral("key ") + QLatin1String(keys)); }
+
+    static void type(const QString &text)
+    {
+        const QStringList lines = text.split(QLatin1Char('\n'));
+        for (int i = 0; i < lines.size(); ++i) {
+            // Typed as a character, a line feed is another key than Return.
+            if (i > 0)
+                press("Return");
+            Screen::xdotool(QStringLiteral("type --delay 30 --"), { lines.at(i) });
+        }
+    }
+
+    bool isModified() const
+    {
+        return Screen::xdotool(QStringLiteral("getwindowname"), { mWindow }).startsWith(QLatin1Char('*'));
+    }
+
+    /// What the host editor is told to play.
+    QList<QJsonObject> items() { return StoredTutorial::items(startMessage("F5").value(1)); }
+    /// The id of the item in the settings.
+    int current() { return startMessage("F6").value(2).toInt(); }
+
+    bool becomes(int id, const char *key, const QJsonValue &wanted)
+    {
+        const auto isSo = [&](const QJsonObject &item) {
+            return item.value(QLatin1String("id")).toInt() == id && item.value(QLatin1String(key)) == wanted;
+        };
+        return QTest::qWaitFor(
+            [&] {
+                const QList<QJsonObject> all = items();
+                return std::any_of(all.begin(), all.end(), isSo);
+            },
+            kLimit);
+    }
+
+    const QTemporaryDir mFolder;
     std::unique_ptr<HostPeer> mHost;
     QString mWindow;
 
 private:
-    Q_DISABLE_COPY(AuthorDriver)
-
-    QStringList startMessage(const QString &keys);
+    QStringList startMessage(const char *keys)
+    {
+        press(keys);
+        // An edit may have restarted the tutorial before: the last one counts.
+        QStringList last;
+        QStringList fields = mHost->waitForMessage(HostMessages::ToHost::kStart, 2000);
+        while (!fields.isEmpty()) {
+            last = fields;
+            fields = mHost->waitForMessage(HostMessages::ToHost::kStart, 200);
+        }
+        return last;
+    }
 };

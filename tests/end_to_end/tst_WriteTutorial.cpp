@@ -1,234 +1,215 @@
 #include "AuthorDriver.h"
-#include "support/FileBytes.h"
-#include "support/Screen.h"
-#include "Tutorial/link/HostMessages.h"
-#include "WrittenTutorial.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QGuiApplication>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTest>
 
-#include <algorithm>
+/// A writer's whole work: a tutorial from an empty file to its end in the host editor, by mouse and
+/// keyboard.
+class tst_WriteTutorial : public QObject, private AuthorDriver
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tutorialIsWritten();
+    void tutorialIsPlayedToItsEnd();
+    void editsAreSavedAndTakenBack();
+    void cleanup() { mHost.reset(); }
+
+private:
+    bool rename(int id, const QString &name);
+    bool fillIn(const QJsonObject &step);
+    bool save();
+    QList<QJsonObject> stored(const char *locale) const
+    {
+        return StoredTutorial::items(mFolder.filePath(QStringLiteral("tutorial-win")),
+                                     QStringLiteral("TutorialSideViewStep0"), QLatin1String(locale));
+    }
+};
 
 namespace
 {
-using namespace WrittenTutorial;
-
-const QString kHost = QStringLiteral(TRELVANE_HOST_PROGRAM);
-
 // Places in the window at its first size, in pixels.
 constexpr QPoint kAddFolder(120, 723);
 constexpr QPoint kAddItem(160, 723);
 constexpr QPoint kWindowKey(400, 68);
 constexpr QPoint kX(290, 100);
+constexpr QPoint kHint2(600, 570);
+constexpr QPoint kCondition(480, 678);
+constexpr QPoint kJump(430, 714);
+constexpr QPoint kJumpNo(800, 714);
 constexpr int kProhibitionX = 203;
 
-constexpr int kLongestPlay = 260000;
+constexpr int kLongestPlay = 180000;
+
+// The tutorial as it is to stand in the end, over what a new step has. Ids are given in the order of
+// making: the wait, the last one in its folder at first, is dragged to its place.
+const char kNewStep[] = R"({"folder":false, "x":-9999, "y":-9999, "windowKey":"", "condition":"click",
+"icon":"click", "jump":-1, "jumpNo":-1, "command":"", "showArrow":true, "prohibited":false})";
+const char kSteps[] = R"([
+{"id":1, "name":"Start \"here\"", "folder":true},
+{"id":2, "name":"hello", "windowKey":"MainWindow", "x":184, "y":150, "icon":"eye", "showArrow":false,
+ "hint":"ようこそ！", "hint2":"Welcome!"},
+{"id":3, "name":"ask", "windowKey":"MainWindow", "x":184, "y":150, "condition":"yesNo", "showArrow":false,
+ "jumpNo":8, "hint":"中を見ますか？", "hint2":"Look <round> & \"in\"?"},
+{"id":6, "name":"wait", "icon":"wait", "condition":"wait,400", "hint":"少々お待ちください。", "hint2":"One moment."},
+{"id":4, "name":"canvas", "windowKey":"MainWindow/canvas", "x":162, "y":17, "prohibited":true,
+ "hint":"キャンバス", "hint2":"Canvas"},
+{"id":5, "name":"tools", "windowKey":"MainWindow/toolSelect", "x":6, "y":-117, "icon":"eye", "jump":11,
+ "hint":"道具は\n左です。", "hint2":"The tools\nat the left."},
+{"id":7, "name":"Draw 100% \\ %1", "folder":true},
+{"id":8, "name":"draw", "windowKey":"MainWindow/canvas", "x":22, "y":-73, "icon":"keyboard",
+ "condition":"mouseEvent,MainWindow/canvas,drag", "hint":"描く", "hint2":"Draw"},
+{"id":9, "name":"grid", "windowKey":"MainWindow/gridCheck", "x":-28, "y":-121,
+ "condition":"checked,MainWindow/gridCheck,true", "hint":"格子", "hint2":"Grid"},
+{"id":10, "name":"back", "windowKey":"MainWindow", "x":184, "y":150, "jump":3, "hint":"もう一度", "hint2":"Once more"},
+{"id":11, "name":"goodbye", "windowKey":"MainWindow", "x":184, "y":150, "hint":"おわり", "hint2":"The end"}
+])";
 
 // "No" to the question first, "Yes" when it comes again.
-const QList<int> kWay = { 2, 3, 10, 11, 12, 13, 14, 15, 16, 3, 8, 4, 6, 7, 17 };
+const QList<int> kWay = { 2, 3, 8, 9, 10, 3, 6, 5, 11 };
 
-QVector<Step> inOrderOfIds(const Folder &folder)
+QList<QJsonObject> steps()
 {
-    QVector<Step> steps = folder.steps;
-    std::sort(steps.begin(), steps.end(), [](const Step &a, const Step &b) { return a.id < b.id; });
+    QList<QJsonObject> steps;
+    for (const QJsonValue &value : QJsonDocument::fromJson(kSteps).array()) {
+        const QJsonObject row = value.toObject();
+        QJsonObject step = row.contains(QLatin1String("folder")) ? row : QJsonDocument::fromJson(kNewStep).object();
+        for (const QString &key : row.keys())
+            step.insert(key, row.value(key));
+        steps.append(step);
+    }
     return steps;
+}
+
+/// The steps as the file of one language shows them.
+QList<QJsonObject> stepsWith(const QString &hint)
+{
+    QList<QJsonObject> all = steps();
+    for (QJsonObject &step : all) {
+        // Without one, as in a folder, the key goes.
+        step.insert(QStringLiteral("hint"), step.value(hint));
+        step.remove(QStringLiteral("hint2"));
+    }
+    return all;
 }
 } // namespace
 
-/// A writer's whole work: a tutorial from an empty file to its end in the host editor, by mouse and
-/// keyboard.
-class tst_WriteTutorial : public AuthorDriver
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void tutorialIsWritten();
-    void tutorialIsPlayedToItsEnd();
-    void editsAreSavedAndTakenBack();
-    void cleanup() { end(); }
-
-private:
-    bool rename(int id, const char *name);
-    bool fillIn(const Step &step);
-    void choose(const QPoint &button, int id);
-    bool save();
-    void compareFiles();
-};
-
-void tst_WriteTutorial::initTestCase()
-{
-    makeFolder();
-    writeAll(path(kScenario), "var scenario = [\n\n];");
-    writeAll(path(kJapanese), withoutHints(original(kJapanese)));
-    writeAll(path(kEnglish), withoutHints(original(kEnglish)));
-}
-
-bool tst_WriteTutorial::rename(int id, const char *name)
+bool tst_WriteTutorial::rename(int id, const QString &name)
 {
     // The row of a new item takes the focus after a moment.
     if (!QTest::qWaitFor([&] { return current() == id; }, kLimit))
         return false;
-    press(QStringLiteral("F2"));
-    type(QLatin1String(name));
-    press(QStringLiteral("Return"));
-    return becomes(id, "name", QLatin1String(name));
+    press("F2");
+    type(name);
+    press("Return");
+    return becomes(id, "name", name);
 }
 
-bool tst_WriteTutorial::fillIn(const Step &step)
+bool tst_WriteTutorial::fillIn(const QJsonObject &step)
 {
-    static const QStringList icons = { QStringLiteral("click"),      QStringLiteral("doubleClick"),
-                                       QStringLiteral("rightClick"), QStringLiteral("eye"),
-                                       QStringLiteral("wait"),       QStringLiteral("keyboard") };
-    const auto over = [](const QString &text) {
-        press(QStringLiteral("ctrl+a"));
-        type(text);
-        press(QStringLiteral("Tab"));
-    };
-    if (*step.windowKey) {
+    const QStringList icons = { QStringLiteral("click"), QStringLiteral("doubleClick"), QStringLiteral("rightClick"),
+                                QStringLiteral("eye"),   QStringLiteral("wait"),        QStringLiteral("keyboard") };
+    const auto field = [&step](const char *key) { return step.value(QLatin1String(key)); };
+    const int id = field("id").toInt();
+    if (!field("windowKey").toString().isEmpty()) {
         click(kWindowKey);
-        type(QLatin1String(step.windowKey));
-        press(QStringLiteral("Return"));
+        type(field("windowKey").toString());
+        press("Return");
     }
     // From here the Tab key leads from field to field.
     click(kX);
-    over(QString::number(step.x));
-    over(QString::number(step.y));
-    for (int i = icons.indexOf(QLatin1String(step.icon)); i > 0; --i)
-        press(QStringLiteral("Down"));
-    press(QStringLiteral("Tab"));
-    press(QStringLiteral("Tab"));
-    if (!step.showArrow)
-        press(QStringLiteral("space"));
-    if (step.x != kNowhere)
-        press(QStringLiteral("Tab"));
+    for (const char *key : { "x", "y" }) {
+        press("ctrl+a");
+        type(QString::number(field(key).toInt()));
+        press("Tab");
+    }
+    for (int i = icons.indexOf(field("icon").toString()); i > 0; --i)
+        press("Down");
+    press("Tab Tab");
+    if (!field("showArrow").toBool())
+        press("space");
+    if (!field("windowKey").toString().isEmpty())
+        press("Tab");
     // The characters that no keyboard has come over the clipboard, which answers while the test waits.
-    const QString japanese = QString::fromUtf8(step.japanese);
-    QGuiApplication::clipboard()->setText(japanese);
-    press(QStringLiteral("ctrl+v"));
-    if (!becomes(step.id, "hint", japanese))
+    QGuiApplication::clipboard()->setText(field("hint").toString());
+    press("ctrl+v");
+    if (!becomes(id, "hint", field("hint")))
         return false;
-    press(QStringLiteral("Tab"));
-    type(QLatin1String(step.english));
-    press(QStringLiteral("Tab"));
-    type(QLatin1String(step.condition));
-    press(QStringLiteral("Return"));
-    return becomes(step.id, "condition", QLatin1String(step.condition));
-}
-
-void tst_WriteTutorial::choose(const QPoint &button, int id)
-{
-    // The menu opens at (Next). After that and a separator stand the folders with their items.
-    click(button);
-    QStringList keys;
-    for (const Folder &folder : folders()) {
-        keys.append(QStringLiteral("Down"));
-        const auto begin = folder.steps.begin();
-        const auto step = std::find_if(begin, folder.steps.end(), [id](const Step &step) { return step.id == id; });
-        if (step == folder.steps.end())
-            continue;
-        keys.append(QStringLiteral("Right"));
-        for (int i = int(step - begin); i > 0; --i)
-            keys.append(QStringLiteral("Down"));
-        break;
-    }
-    for (const QString &key : qAsConst(keys)) {
-        press(key);
-        QTest::qWait(200);
-    }
-    press(QStringLiteral("Return"));
+    press("Tab");
+    type(field("hint2").toString());
+    press("Tab");
+    type(field("condition").toString());
+    press("Return");
+    return becomes(id, "condition", field("condition"));
 }
 
 bool tst_WriteTutorial::save()
 {
     const bool modified = isModified();
-    press(QStringLiteral("ctrl+s"));
+    press("ctrl+s");
     return modified && QTest::qWaitFor([this] { return !isModified(); }, kLimit);
-}
-
-void tst_WriteTutorial::compareFiles()
-{
-    // By lines, so that a failure names the first one that differs.
-    const auto lines = [](const QByteArray &bytes) { return bytes.split('\n'); };
-    QCOMPARE(lines(readAll(path(kScenario))), lines(WrittenTutorial::scenario()));
-    QCOMPARE(lines(readAll(path(kJapanese))), lines(withHints(original(kJapanese), &Step::japanese)));
-    QCOMPARE(lines(readAll(path(kEnglish))), lines(withHints(original(kEnglish), &Step::english)));
 }
 
 void tst_WriteTutorial::tutorialIsWritten()
 {
+    for (const char *folder : { "tutorial-win/qml/Tutorial", "tutorial-win/translations" })
+        QVERIFY(QDir(mFolder.path()).mkpath(QLatin1String(folder)));
     QVERIFY(start());
-    QCOMPARE(items().size(), 0);
-    for (const Folder &folder : folders()) {
+    QCOMPARE(items(), QList<QJsonObject>());
+    QMap<int, QJsonObject> inOrderOfIds;
+    for (const QJsonObject &step : steps())
+        inOrderOfIds.insert(step.value(QLatin1String("id")).toInt(), step);
+    for (const QJsonObject &step : qAsConst(inOrderOfIds)) {
+        const bool folder = step.value(QLatin1String("folder")).toBool();
         // The row over all others stands for the tutorial itself.
-        click(row(0));
-        click(kAddFolder);
-        QVERIFY(rename(folder.id, folder.name));
-        for (const Step &step : inOrderOfIds(folder)) {
-            click(kAddItem);
-            QVERIFY(rename(step.id, step.name));
-            QVERIFY2(fillIn(step), step.name);
-        }
+        if (folder)
+            click(row(0));
+        click(folder ? kAddFolder : kAddItem);
+        const QString name = step.value(QLatin1String("name")).toString();
+        QVERIFY(rename(step.value(QLatin1String("id")).toInt(), name));
+        QVERIFY2(folder || fillIn(step), qPrintable(name));
     }
 
-    // The wait, from the end of the first folder to before the tools.
-    drag(row(8) + QPoint(0, 2), row(4) - QPoint(0, 9));
-    QStringList names;
-    QList<int> ids;
-    for (const Folder &folder : folders()) {
-        names.append(QLatin1String(folder.name));
-        ids.append(folder.id);
-        for (const Step &step : folder.steps) {
-            names.append(QLatin1String(step.name));
-            ids.append(step.id);
-        }
-    }
-    QVERIFY(becomes(names));
-
-    for (const Folder &folder : folders()) {
-        for (const Step &step : folder.steps) {
-            if (step.jump == kNone && step.jumpNo == kNone && !step.prohibited)
-                continue;
-            const QPoint place = row(1 + ids.indexOf(step.id));
-            click(place);
-            QVERIFY(QTest::qWaitFor([&] { return current() == step.id; }, kLimit));
-            if (step.prohibited)
-                click(QPoint(kProhibitionX, place.y()));
-            if (step.jump != kNone)
-                choose(kJump, step.jump);
-            if (step.jumpNo != kNone)
-                choose(kJumpNo, step.jumpNo);
-            QVERIFY(becomes(step.id, "jump", step.jump));
-            QVERIFY(becomes(step.id, "jumpNo", step.jumpNo));
-            QVERIFY(becomes(step.id, "prohibited", step.prohibited));
-        }
-    }
+    drag(row(6) + QPoint(0, 2), row(4) - QPoint(0, 9));
+    const auto select = [this](int index, int id) {
+        click(row(index));
+        return QTest::qWaitFor([&] { return current() == id; }, kLimit);
+    };
+    QVERIFY(select(5, 4));
+    click(QPoint(kProhibitionX, row(5).y()));
+    // The menus open at (Next). After that and a separator stand the folders with their items.
+    QVERIFY(select(3, 3));
+    click(kJumpNo);
+    press("--delay 200 Down Down Right Return");
+    QVERIFY(select(6, 5));
+    click(kJump);
+    press("--delay 200 Down Down Right Down Down Down Return");
+    QVERIFY(select(10, 10));
+    click(kJump);
+    press("--delay 200 Down Right Down Return");
 
     QVERIFY(save());
-    compareFiles();
-    QVERIFY(leave());
+    QCOMPARE(stored("ja_JP"), stepsWith(QStringLiteral("hint")));
+    QCOMPARE(stored("en_US"), stepsWith(QStringLiteral("hint2")));
 }
 
 void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
 {
     QProcess host;
-    host.setWorkingDirectory(mFolder->path());
-    host.start(kHost,
-               { QStringLiteral("--author"), QStringLiteral("--auto"), QStringLiteral("--answer"),
-                 QStringLiteral("both"), QStringLiteral("--delay"), QStringLiteral("300"),
-                 QStringLiteral("--exit-after"), QString::number(kLongestPlay / 1000 - 20) });
+    host.setWorkingDirectory(mFolder.path());
+    host.start(QStringLiteral(TRELVANE_HOST_PROGRAM),
+               QStringLiteral("--author --auto --answer both --delay 300 --exit-after %1")
+                   .arg(kLongestPlay / 1000 - 20)
+                   .split(QLatin1Char(' ')));
     QVERIFY(host.waitForStarted());
-    QVERIFY(findWindow());
     // The event dialog, which opens a little later, may take the focus and with it the first key.
     QByteArray transcript;
     const auto hasBegun = [&] { return (transcript += host.readAllStandardOutput()).contains("*** step "); };
     bool begun = false;
     for (int i = 0; i < 3 && !begun; ++i) {
-        Screen::xdotool({ QStringLiteral("windowactivate"), QStringLiteral("--sync"), mWindow });
-        press(QStringLiteral("F5"));
+        QVERIFY(findWindow());
+        press("F5");
         begun = QTest::qWaitFor(hasBegun, kLimit);
     }
     QVERIFY2(begun, transcript);
@@ -236,100 +217,67 @@ void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
     transcript += host.readAllStandardOutput();
 
     QList<int> way;
-    auto steps = QRegularExpression(QStringLiteral("^\\*\\*\\* step (\\d+): "), QRegularExpression::MultilineOption)
-                     .globalMatch(QString::fromUtf8(transcript));
-    while (steps.hasNext())
-        way.append(steps.next().captured(1).toInt());
+    for (const QByteArray &line : transcript.split('\n')) {
+        if (line.startsWith("*** step "))
+            way.append(line.mid(9, line.indexOf(':') - 9).toInt());
+    }
     QVERIFY2(way == kWay, transcript);
     QCOMPARE(host.exitCode(), 0);
-    compareFiles();
 }
 
 void tst_WriteTutorial::editsAreSavedAndTakenBack()
 {
-    // Row 2 is the item of the id 2, row 5 that of the id 4.
     QVERIFY(start());
+    QCOMPARE(items(), stepsWith(QStringLiteral("hint")));
     click(row(2));
-    QVERIFY(rename(2, "hello again"));
-    press(QStringLiteral("ctrl+z"));
+    QVERIFY(rename(2, QStringLiteral("hello again")));
+    press("ctrl+z");
     QVERIFY(becomes(2, "name", QStringLiteral("hello")) && !isModified());
-    press(QStringLiteral("ctrl+shift+z"));
-    QVERIFY(becomes(2, "name", QStringLiteral("hello again")));
-    click(row(5));
-    click(row(5));
-    type(QStringLiteral("the tools"));
-    press(QStringLiteral("Return"));
-    QVERIFY(becomes(4, "name", QStringLiteral("the tools")));
 
     // A position over the window that the step tracks, and texts that are still being typed.
+    click(row(6));
     mHost->send(HostMessages::FromHost::kControlPosition, QStringLiteral("MainWindow/toolSelect"), 40, -50);
     click(kCondition);
-    press(QStringLiteral("ctrl+a"));
+    press("ctrl+a");
     type(QStringLiteral("wait,300"));
-    press(QStringLiteral("F4"));
-    const QStringList cursor =
-        Screen::xdotool({ QStringLiteral("getmouselocation"), QStringLiteral("--shell") }).split(QLatin1Char('\n'));
-    QVERIFY(becomes(4, "x", cursor.at(0).mid(2).toInt() - 40));
-    QCOMPARE(value(4, "y").toInt(), cursor.at(1).mid(2).toInt() + 50);
-    QCOMPARE(value(4, "condition").toString(), QStringLiteral("wait,300"));
+    press("F4");
+    const QStringList cursor = Screen::xdotool(QStringLiteral("getmouselocation --shell")).split(QLatin1Char('\n'));
+    QVERIFY(becomes(5, "x", cursor.at(0).mid(2).toInt() - 40));
+    QVERIFY(becomes(5, "y", cursor.at(1).mid(2).toInt() + 50));
+    QVERIFY(becomes(5, "condition", QStringLiteral("wait,300")));
     click(kHint2);
-    press(QStringLiteral("ctrl+End"));
+    press("ctrl+End");
     type(QStringLiteral(" <b> & 'c'"));
     QVERIFY(save());
-    QVERIFY(readAll(path(kEnglish)).contains("The tools. &lt;b> &amp; 'c'</translation>"));
+    QCOMPARE(stored("en_US").at(5).value(QLatin1String("hint")).toString(),
+             QStringLiteral("The tools\nat the left. <b> & 'c'"));
 
     const QList<QJsonObject> saved = items();
-    const QByteArray bytes = readAll(path(kScenario));
-    QVERIFY(leave());
-    QVERIFY(start());
-    QCOMPARE(items(), saved);
-
-    const QStringList before = names();
-    const auto undone = [&] {
-        press(QStringLiteral("ctrl+z"));
-        return becomes(before) && !isModified();
-    };
+    QCOMPARE(stored("ja_JP"), saved);
+    const auto has = [this](int count) { return QTest::qWaitFor([&] { return items().size() == count; }, kLimit); };
     click(row(5));
-    press(QStringLiteral("ctrl+c"));
-    press(QStringLiteral("ctrl+v"));
-    const QStringList pasted = before + QStringList(QStringLiteral("the tools(1)"));
-    QVERIFY(becomes(pasted));
+    press("ctrl+c");
+    press("ctrl+v");
+    QVERIFY(has(saved.size() + 1));
     // Below the question, the window answers no key although a click has given it the focus.
-    press(QStringLiteral("ctrl+w"));
-    const QStringList question = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                   QStringLiteral("^プロジェクトの保存$") };
+    press("ctrl+w");
+    const QString question = QStringLiteral("search --onlyvisible --name ^プロジェクトの保存$");
     QTRY_VERIFY(!Screen::xdotool(question).isEmpty());
     QTest::qWait(kSlow);
     click(kCondition);
-    press(QStringLiteral("ctrl+z"));
-    press(QStringLiteral("alt+f"));
+    press("ctrl+z");
+    press("alt+f");
     QTest::qWait(kSlow);
-    press(QStringLiteral("Escape"));
+    press("Escape");
     QTRY_VERIFY(Screen::xdotool(question).isEmpty());
-    QVERIFY(becomes(pasted));
-    QVERIFY(undone());
-
-    // Two rows at once, to before the first one.
-    click(row(5));
-    move(row(6));
-    Screen::xdotool({ QStringLiteral("keydown"), QStringLiteral("shift"), QStringLiteral("click"), QStringLiteral("1"),
-                      QStringLiteral("keyup"), QStringLiteral("shift") });
-    QTest::qWait(kSlow);
-    drag(row(6) + QPoint(0, 2), row(2) - QPoint(0, 9));
-    QStringList moved = before;
-    moved.move(4, 1);
-    moved.move(5, 2);
-    QVERIFY(becomes(moved));
-    QVERIFY(undone());
-
-    click(row(2));
-    press(QStringLiteral("Delete"));
-    QStringList deleted = before;
-    deleted.removeAt(1);
-    QVERIFY(becomes(deleted));
-    QVERIFY(undone());
-    QCOMPARE(readAll(path(kScenario)), bytes);
-    QVERIFY(leave());
+    QCOMPARE(items().size(), saved.size() + 1);
+    press("ctrl+z");
+    QVERIFY(has(saved.size()));
+    QCOMPARE(items(), saved);
+    QVERIFY(!isModified());
+    press("ctrl+q");
+    QVERIFY(mHost->waitForExit(kLimit));
+    QCOMPARE(mHost->process().exitCode(), 0);
 }
 
 QTEST_MAIN(tst_WriteTutorial)

@@ -78,27 +78,24 @@ void collect(xcb_window_t window, int level, quint32 process, QVector<Screen::Wi
 {
     if (!isVisible(window))
         return;
-    if (property(window, "_NET_WM_PID", XCB_ATOM_CARDINAL) == QVector<quint32>{ process }) {
-        const bool above = property(window, "_NET_WM_STATE", XCB_ATOM_ATOM).contains(atom("_NET_WM_STATE_ABOVE"));
-        found.append({ window, place(window), level, above });
-    }
+    if (property(window, "_NET_WM_PID", XCB_ATOM_CARDINAL) == QVector<quint32>{ process })
+        found.append({ place(window), level });
     for (const xcb_window_t child : children(window))
         collect(child, level, process, found);
 }
 } // namespace
 
-QString Screen::xdotool(const QStringList &arguments)
+QString Screen::xdotool(const QString &command, const QStringList &more)
 {
     QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start(QStringLiteral("xdotool"), command.split(QLatin1Char(' ')) + more);
     const bool ended = QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 60000);
     return ended ? QString::fromUtf8(process.readAllStandardOutput()).trimmed() : QString();
 }
 
 void Screen::click(const QPoint &place)
 {
-    xdotool({ QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
-              QStringLiteral("click"), QStringLiteral("1") });
+    xdotool(QStringLiteral("mousemove %1 %2 click 1").arg(place.x()).arg(place.y()));
 }
 
 QVector<Screen::Window> Screen::windows(qint64 process)
@@ -108,6 +105,16 @@ QVector<Screen::Window> Screen::windows(qint64 process)
     for (int level = 0; level < outermost.size(); ++level)
         collect(outermost.at(level), level, quint32(process), found);
     return found;
+}
+
+QVector<QRect> Screen::places(qint64 process, const QSize &size)
+{
+    QVector<QRect> places;
+    for (const Window &window : windows(process)) {
+        if (window.place.size() == size)
+            places.append(window.place);
+    }
+    return places;
 }
 
 bool Screen::isManaged()

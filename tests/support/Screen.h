@@ -9,20 +9,21 @@
 /// process's windows, past the toolkit.
 namespace Screen
 {
-/// Runs xdotool, while the windows of this process go on living, and gives what it prints.
-QString xdotool(const QStringList &arguments);
+/// Runs xdotool, while the windows of this process go on living, and gives what it prints. The
+/// command is split at its spaces.
+QString xdotool(const QString &command, const QStringList &more = {});
 void click(const QPoint &place);
 
 struct Window
 {
-    quint32 id;
     QRect place;
     int level; ///< among all on the screen from the bottom up, menus included
-    bool keptAbove; ///< by the window manager's word
 };
 
 /// The windows of the process that are to be seen.
 QVector<Window> windows(qint64 process);
+/// The places of those of that size.
+QVector<QRect> places(qint64 process, const QSize &size);
 
 /// Whether there is a window manager.
 bool isManaged();
