@@ -2,13 +2,31 @@
 #include "support/FileSizeLimit.h"
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
+#include "tool/JsonWrapper.h"
+#include "tool/JsonWrapperException.h"
 
 #include <QtTest>
 
+#include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
 
-class tst_DataSupport : public QObject
+namespace
+{
+const QString kKey = QStringLiteral("a");
+
+/// The same data in each kind of wrapper that can hold it, and last in none.
+QVector<JsonWrapper> eachKind(const char *text)
+{
+    const QJsonDocument doc = QJsonDocument::fromJson(text);
+    const QJsonValue value = doc.isArray() ? QJsonValue(doc.array()) : QJsonValue(doc.object());
+    const JsonWrapper held = doc.isArray() ? JsonWrapper(doc.array()) : JsonWrapper(doc.object());
+    return { JsonWrapper(doc), held, JsonWrapper(value), JsonWrapper() };
+}
+} // namespace
+
+/// What all else stands on: JSON, files and names.
+class tst_Tool : public QObject
 {
     Q_OBJECT
 
@@ -20,9 +38,12 @@ private Q_SLOTS:
     void removesNoMoreThanTheFolder();
     void readsForPages();
     void uniqueName();
+    void readsJson();
+    void raisesJsonErrors();
+    void writesJsonText();
 };
 
-void tst_DataSupport::writesWholeFilesOrNone_data()
+void tst_Tool::writesWholeFilesOrNone_data()
 {
     QTest::addColumn<QString>("name");
     // Where no file may be made beside it, it can only be written in place. The longest name has no room
@@ -32,7 +53,7 @@ void tst_DataSupport::writesWholeFilesOrNone_data()
         QTest::newRow(qPrintable(name.left(10))) << name;
 }
 
-void tst_DataSupport::writesWholeFilesOrNone()
+void tst_Tool::writesWholeFilesOrNone()
 {
     QFETCH(QString, name);
     const QTemporaryDir folder;
@@ -70,7 +91,7 @@ void tst_DataSupport::writesWholeFilesOrNone()
     QVERIFY(seteuid(getuid()) == 0 && chmod(folderName.constData(), 0700) == 0);
 }
 
-void tst_DataSupport::removesNoMoreThanTheFolder()
+void tst_Tool::removesNoMoreThanTheFolder()
 {
     const QTemporaryDir folder;
     const QString kept = folder.filePath(QStringLiteral("kept"));
@@ -82,7 +103,7 @@ void tst_DataSupport::removesNoMoreThanTheFolder()
     QVERIFY(!QFile::exists(gone) && QFile::exists(kept + QLatin1String("/deep")));
 }
 
-void tst_DataSupport::readsForPages()
+void tst_Tool::readsForPages()
 {
     QTemporaryFile file;
     QVERIFY(file.open());
@@ -95,7 +116,7 @@ void tst_DataSupport::readsForPages()
     QCOMPARE(SystemService::getBase64FromFile(file.fileName()), QString());
 }
 
-void tst_DataSupport::uniqueName()
+void tst_Tool::uniqueName()
 {
     const auto name = [](const char *names, const char *base, int digits) {
         return DataSupport::getUniqueName(QString::fromLatin1(names).split(QLatin1Char(' ')), QLatin1String(base),
@@ -103,12 +124,78 @@ void tst_DataSupport::uniqueName()
     };
     QCOMPARE(name("", "item", 3), QStringLiteral("item001"));
     QCOMPARE(name("item7 item+8 item9a xitem9 item1.5 item-8", "item", 2), QStringLiteral("item08"));
-    QCOMPARE(name("item999", "item", 2), QStringLiteral("item1000"));
-    QCOMPARE(name("item2147483647 item2147483648", "item", 0), QStringLiteral("item2147483649"));
     QCOMPARE(name("abc abc(1) abc(3)", "abc", -1), QStringLiteral("abc(4)"));
     QCOMPARE(name("abc abc(1) abc(3)", "xyz", -2), QStringLiteral("xyz(1)"));
     QCOMPARE(name("abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1), QStringLiteral("abc(1)"));
 }
 
-QTEST_GUILESS_MAIN(tst_DataSupport)
-#include "tst_DataSupport.moc"
+void tst_Tool::readsJson()
+{
+    QCOMPARE(JsonWrapper(QStringLiteral("123")).toInt(), 123);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Json parse error")));
+    const JsonWrapper bad(QStringLiteral("[1"));
+    QVERIFY(bad.isNull() && !bad.isArray() && !bad.isObject());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("jsonStr is empty.")));
+    QVERIFY(JsonWrapper(QString()).isUndefined());
+
+    for (const JsonWrapper &json : eachKind("[10,[20]]").mid(0, 3)) {
+        QCOMPARE(json[0].toInt(), 10);
+        QVERIFY(json[2].isUndefined() && json[-1].isUndefined());
+        QCOMPARE(json.toJson(true), QStringLiteral("[\n    10,\n    [\n        20\n    ]\n]\n"));
+    }
+    for (const JsonWrapper &json : eachKind("{\"a\":2.5,\"b\":null}").mid(0, 3)) {
+        QCOMPARE(json[kKey].toDouble(), 2.5);
+        QVERIFY(json.contains(QStringLiteral("b")) && json[QStringLiteral("b")].isNull());
+    }
+}
+
+void tst_Tool::raisesJsonErrors()
+{
+    struct Row
+    {
+        const char *json;
+        std::function<void(JsonWrapper &)> step;
+        // How the message begins, and how it ends for a text, an array or object, a value and nothing.
+        const char *said;
+    };
+    const Row rows[] = {
+        { "[1]", [](JsonWrapper &json) { json[kKey]; },
+          "[a] is applied for |mDoc which is not Object.|kArray.|kValue.|kMax." },
+        // A missing key reads as null, but in an object of its own.
+        { "{}", [](JsonWrapper &json) { QVERIFY(json[kKey].isNull()); },
+          "|-|mObject doesn't have key: a|-|[a] is applied for kMax." },
+        { "{}", [](JsonWrapper &json) { json[0]; }, "[index] is applied for |mDoc which is not Array.|-|-|kMax." },
+        { "[1]", [](JsonWrapper &json) { json.toObject(); },
+          "toObject(): |mDoc which is not Object.|applied for kArray.|applied for kValue.|applied for kMax." },
+        { "{}", [](JsonWrapper &json) { json.toValue(); }, "toValue() is called for |kDoc.|kObject.|-|kMax." },
+        { "{}", [](JsonWrapper &json) { json.length(); },
+          "length() is called for |mDoc which is not Array.|kObject.|kValue.|kMax." },
+        { "[1]", [](JsonWrapper &json) { json.keys(); },
+          "keys() is called for |mDoc which is not Object.|kArray|kValue.|kMax." },
+    };
+    for (const Row &row : rows) {
+        QStringList said{ QString::fromUtf8(row.said).section(QLatin1Char('|'), 0, 0) };
+        for (JsonWrapper &json : eachKind(row.json)) {
+            QString message = QStringLiteral("-");
+            try {
+                row.step(json);
+            } catch (const JsonWrapperException &exception) {
+                message = exception.message();
+            }
+            said.append(message.remove(said.first()));
+        }
+        QCOMPARE(said.join(QLatin1Char('|')), QString::fromUtf8(row.said));
+    }
+}
+
+void tst_Tool::writesJsonText()
+{
+    const QVariantList list = { std::numeric_limits<quint64>::max(), 0.1, QVariantList() };
+    QCOMPARE(JsonWrapper::getJsonString(QVariantHash{ { QStringLiteral("\""), list } }),
+             QStringLiteral("{ \"\\\"\": [ 18446744073709551615, 0.1, [  ] ] }"));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Unknown type")));
+    QCOMPARE(JsonWrapper::getJsonString(QVariant()), QStringLiteral("?"));
+}
+
+QTEST_GUILESS_MAIN(tst_Tool)
+#include "tst_Tool.moc"
