@@ -105,15 +105,9 @@ void tst_TutorialTranslation::keepsEachLanguageInItsFile()
     item(1)->setHint(QString::fromUtf8("新"));
     item(2)->setHint2(QString());
     item(3)->setHint2(QStringLiteral(" "));
-    QStringList told;
-    connect(mManager.get(), &TutorialManager::localeChanged, this, [&] { told.append(mManager->locale()); });
-    connect(mManager.get(), &TutorialManager::locale2Changed, this, [&] { told.append(mManager->locale2()); });
     // Until they are loaded again the items show the languages of their load.
-    for (const QString &locale : { kEnglish, kEnglish }) {
-        mManager->setLocale(locale);
-        QVERIFY(save());
-    }
-    QCOMPARE(told, (QStringList{ kJapanese, kEnglish }));
+    mManager->setLocale(kEnglish);
+    QVERIFY(save());
     const QList<QByteArray> saved = files();
     QVERIFY(saved.at(0) == mFiles.at(0) && saved.at(1).contains("新") && saved.at(2).contains("> <"));
     for (const QString &locale : { kJapanese, kEnglish }) {
