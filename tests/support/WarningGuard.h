@@ -6,12 +6,7 @@
 #include <algorithm>
 
 /// Makes a test fail for a warning that it did not announce, and for one that it announced and that
-/// did not come. Debug lines are dropped.
-///
-///     void init() { mWarnings.begin(); }
-///     void cleanup() { mWarnings.end(); }
-///     ...
-///     mWarnings.expect(QStringLiteral("Failed to open"));
+/// did not come. Debug lines are dropped. It begins in init() and ends in cleanup().
 class WarningGuard
 {
 public:

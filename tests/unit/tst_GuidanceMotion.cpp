@@ -14,8 +14,7 @@ using namespace ManagerFixture;
 
 namespace
 {
-const QString kHint = QStringLiteral("Hint");
-const QString kWindow = QStringLiteral("Window");
+const QString kText = QStringLiteral("Text");
 } // namespace
 
 /// Where the windows of the guidance go for the targets that the host editor tells.
@@ -69,12 +68,14 @@ void tst_GuidanceMotion::aimsAtTheTarget()
     const auto isAimedAt = [this](int x, int y, bool arrow) {
         return mIndicator->mTargetX == x && mIndicator->mTargetY == y && mIndicator->mArrowVisible == arrow;
     };
-    mManager->onReceived(stepMessage({ -300, 200, kWindow, kHint, false, false, true, 3 }));
-    QVERIFY(isAimedAt(-300, 200, true));
-    mManager->updateIndicatorXyWindowKey(5, 6, kWindow);
+    mManager->onReceived(stepMessage({ 400, 200, kText, kText, false, false, true, 3 }));
+    QVERIFY(isAimedAt(400, 200, true));
+    tick(mIndicator);
+    QCOMPARE(place(), QPoint(100, 50));
+    mManager->updateIndicatorXyWindowKey(5, 6, kText);
     QVERIFY(isAimedAt(5, 6, true));
     // A step without a target has no arrow either.
-    mManager->onReceived(stepMessage({ kNoPosition, kNoPosition, kWindow, kHint, false, false, true, 3 }));
+    mManager->onReceived(stepMessage({ kNoPosition, kNoPosition, kText, kText, false, false, true, 3 }));
     QVERIFY(isAimedAt(5, 6, false));
     // What is no number reads as 0.
     mManager->receive(kIndicator, kUpdateXy, QStringLiteral("12px"), kNoPosition);
@@ -82,7 +83,7 @@ void tst_GuidanceMotion::aimsAtTheTarget()
 
     // The rectangle needs all of its numbers, and comes also while the guidance runs.
     QCOMPARE(mManager->hostRect(), QRect(0, 0, 1000, 700));
-    mManager->receive(kStart, -1, 2, 3, 4, kWindow);
+    mManager->receive(kStart, -1, 2, 3, 4, kText);
     mManager->receive(kStart, 5, 6, 7);
     QCOMPARE(mManager->hostRect(), QRect(-1, 2, 3, 4));
 }
@@ -130,7 +131,7 @@ void tst_GuidanceMotion::comesToRest()
             startHidden(y, x, x, y);
             aimAt({ x, y });
             QVERIFY(isAtRest());
-            mManager->receive(kShowTooltip, kHint, x, y);
+            mManager->receive(kShowTooltip, kText, x, y);
             QVERIFY(qAbs(find<EditorTooltip>()->x()) <= 1 << 24);
         }
     }

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTextEdit>
 #include <QTextFrame>
+#include <QWindow>
 
 #include <functional>
 
@@ -38,14 +39,14 @@ QString seen()
     return names.join(QLatin1Char(' '));
 }
 
-/// Notes each time that the window of the hint is shown ("s") or hidden ("h"), and lets something happen then.
+/// Notes each time that a window is shown ("s") or hidden ("h"), and lets something happen then.
 class Watcher : public QObject
 {
 public:
-    bool eventFilter(QObject *watched, QEvent *event) override
+    bool eventFilter(QObject *, QEvent *event) override
     {
         const bool shown = event->type() == QEvent::Show;
-        if (qobject_cast<TutorialTooltip *>(watched) && (shown || event->type() == QEvent::Hide)) {
+        if (shown || event->type() == QEvent::Hide) {
             mSeen += QLatin1Char(shown ? 's' : 'h');
             mAfter();
         }
@@ -53,7 +54,7 @@ public:
     }
 
     QString mSeen;
-    std::function<void()> mAfter = [] {};
+    std::function<void()> mAfter;
 };
 } // namespace
 
@@ -106,17 +107,13 @@ void tst_GuidanceWindows::comeAndGo()
     const QVector<QPair<QString, const char *>> rows = {
         // Before the first start there is nothing to act upon.
         { kAllButtons, "" },
-        { message(kIndicator, kUpdateXy, 1, 2), "" },
         { message(kState, kShow), "" },
-        { message(kState, kHide), "" },
-        { kTick, "" },
         { kHideTooltip, "" },
         { kStart, "Log Tooltip" },
         { kAllButtons, step },
         // What nobody knows changes nothing.
         { QString(), step },
         { QStringLiteral("stopped"), step },
-        { kIndicator, step },
         { message(kIndicator, kShow), step },
         { kStop, "" },
         { message(kStart, kWindow), step },
@@ -169,9 +166,8 @@ void tst_GuidanceWindows::followWhatTheirShowingChanges()
             happens(event);
         Watcher watcher;
         watcher.mAfter = [&] { happens(row.second.at(1)); };
-        qApp->installEventFilter(&watcher);
+        find<TutorialTooltip>()->windowHandle()->installEventFilter(&watcher);
         happens(row.second.at(0));
-        qApp->removeEventFilter(&watcher);
         QCOMPARE(QStringList(row.second.mid(0, 2)) << watcher.mSeen << seen(), row.second);
     }
 }

@@ -33,7 +33,6 @@ private Q_SLOTS:
     void tellsOfItself();
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
-    void defersJumpLinks();
     void endsAfterSilence();
 
 private:
@@ -160,21 +159,6 @@ void tst_TutorialManager::answersWithPresetData()
     for (const char *name : { "missing", "../png" })
         mManager->receive(FromHost::kRequestPresetData, QString::fromLatin1(name));
     QCOMPARE(sent(), QStringList());
-}
-
-void tst_TutorialManager::defersJumpLinks()
-{
-    QStringList links;
-    connect(mManager.get(), &TutorialManager::jumpLinkChanged, mManager.get(), [&](const QString &link) {
-        links.append(link);
-        // One that is set from inside the signal is not lost.
-        if (links.size() == 1)
-            mManager->setPendingJumpLink(QStringLiteral("c"));
-    });
-    mManager->setPendingJumpLink(QStringLiteral("a"));
-    mManager->setPendingJumpLink(QStringLiteral("b"));
-    QVERIFY(links.isEmpty());
-    QTRY_COMPARE(links, (QStringList{ QStringLiteral("b"), QStringLiteral("c") }));
 }
 
 // With the log closed; earlier, the process would abort.
