@@ -90,13 +90,13 @@ protected:
 
     bool becomes(int id, const char *key, const QJsonValue &wanted)
     {
-        const auto isSo = [&](const QJsonObject &item) {
-            return item.value(QLatin1String("id")).toInt() == id && item.value(QLatin1String(key)) == wanted;
-        };
         return QTest::qWaitFor(
             [&] {
-                const QList<QJsonObject> all = items();
-                return std::any_of(all.begin(), all.end(), isSo);
+                for (const QJsonObject &item : items()) {
+                    if (item.value(QLatin1String("id")).toInt() == id)
+                        return item.value(QLatin1String(key)) == wanted;
+                }
+                return false;
             },
             kLimit);
     }
