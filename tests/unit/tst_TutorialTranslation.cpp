@@ -3,6 +3,7 @@
 #include "support/WarningGuard.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/translation/TranslationSource.h"
+#include "Tutorial/translation/TranslationXml.h"
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 
@@ -39,6 +40,19 @@ void writeSource(const QString &path, const QVector<Entry> &entries, const QStri
     TranslationSource::writeMessages(document, kTutorial, entries);
     TranslationSource::writeMessages(document, QStringLiteral("U"), { { key(1), other } });
     writeAll(path, document.toByteArray(4));
+}
+
+TranslationSource::Messages readMessages(const QString &path)
+{
+    QDomDocument document;
+    TranslationXml::parse(readAll(path), document);
+    return TranslationSource::readMessages(document).value(kTutorial);
+}
+
+bool runTool(const char *name, const QStringList &arguments)
+{
+    const QString folder = QLibraryInfo::location(QLibraryInfo::BinariesPath);
+    return QProcess::execute(folder + QLatin1Char('/') + QLatin1String(name), arguments) == 0;
 }
 } // namespace
 
@@ -204,17 +218,29 @@ void tst_TutorialTranslation::suitsTheToolsOfTheFormat()
         item(id)->setHint2(text);
         saved.append(text);
     }
+    item(3)->setHint(QString::fromUtf8("<b>次 へ\n"));
     QVERIFY(save() && save());
-    const QString release = QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/lrelease");
     const QString catalog = QStringLiteral("a.qm");
-    QCOMPARE(QProcess::execute(release, { kEnglishFile, QStringLiteral("-silent"), QStringLiteral("-qm"), catalog }),
-             0);
+    QVERIFY(runTool("lrelease", { kEnglishFile, QStringLiteral("-silent"), QStringLiteral("-qm"), catalog }));
     QTranslator translator;
     QVERIFY(translator.load(catalog) && load());
     for (int id = 1; id <= kItems; ++id) {
         QCOMPARE(translator.translate(qPrintable(kTutorial), qPrintable(key(id))), saved.at(id - 1));
         QCOMPARE(item(id)->mHint2, saved.at(id - 1));
     }
+
+    // What can stand in any XML goes to a translator and back, and stays where the texts are collected anew.
+    const QString exchange = QStringLiteral("a.xlf");
+    const QString script = QStringLiteral("new.js");
+    const TranslationSource::Messages messages = readMessages(kJapaneseFile);
+    QCOMPARE(messages.value(key(3)), QString::fromUtf8("<b>次 へ\n"));
+    QVERIFY(runTool("lconvert", { kJapaneseFile, QStringLiteral("-o"), exchange }));
+    QVERIFY(runTool("lconvert", { exchange, QStringLiteral("-o"), kJapaneseFile }));
+    QCOMPARE(readMessages(kJapaneseFile), messages);
+    writeAll(script, "qsTr(\"new\")");
+    QVERIFY(runTool("lupdate", { QStringLiteral("-silent"), kScenario, script, QStringLiteral("-ts"), kJapaneseFile }));
+    QVERIFY(readAll(kJapaneseFile).contains("<source>new</source>"));
+    QCOMPARE(readMessages(kJapaneseFile), messages);
 }
 
 void tst_TutorialTranslation::savesAllOrTellsWhatFailed()
