@@ -43,17 +43,15 @@ protected:
     static const QString kTutorial; // file names in the project
     static const QString kJapanese;
     static const QString kEnglish;
-    /// A small tutorial in the form that load() takes.
     static const QString kShape;
 
     /// Loads a tutorial of that shape: "1 2[3 4[]] 5" is item 1, folder 2 with item 3 and the empty
     /// folder 4, and item 5, with the names "name1" to "name5".
     void load(const QString &shape);
     static QString longShape(int count);
-    /// The shape of the document as it is now.
     static QString shape();
     static TutorialItemData *record(int id);
-    /// Evaluates a script in the context of the window, which has a list "answers" for its use.
+    /// Evaluates a script in the context of the window.
     QVariant evaluate(const QString &script) const;
 
     // What is on the screen
@@ -66,35 +64,27 @@ protected:
     /// The id in the settings, and the ids that are highlighted in tree order.
     int currentId() const { return screen()->property("itemId").toInt(); }
     QString selected() const;
-    /// The delegate of that id, or null.
     QQuickItem *row(int id) const;
     QQuickItem *renameField(int id) const { return row(id)->findChild<QQuickItem *>(QStringLiteral("renameField")); }
     /// The rows in view from the top, as their delegates show them: id and name, with "/" for a
-    /// folder, "!" for a prohibited one and a blank per level before.
+    /// folder and a blank per level before.
     QStringList shownRows() const;
-    /// The ids of these rows.
     QString shownIds() const;
-    /// How far the tree is scrolled down.
     qreal scrolled() const;
-    /// The visible window of that object name, or null.
     static QQuickWindow *visibleWindow(const char *objectName);
     static QQuickWindow *saveQuestion() { return visibleWindow("SaveChangeDialog"); }
-    /// The visible item in the item with that object name or text, or null.
     static QQuickItem *find(QQuickItem *item, const QString &nameOrText);
-    /// The visible dialog that the toolkit makes of a widget, or null.
     static QWidget *dialog() { return QApplication::activeModalWidget(); }
     static QMessageBox *messageBox() { return qobject_cast<QMessageBox *>(dialog()); }
 
     // What the writer does
 
-    /// Lets the window have the focus, which dialogs may have taken.
     bool activate() const;
     /// Waits until no timer of the tree runs: what follows a selection in short timers must not take
     /// the focus from what is done next.
     void settle() const;
     /// Goes to an item as the host does, and waits.
     void select(int id) const;
-    /// The same with the keyboard in the tree.
     void selectInTree(int id) const;
     bool open(int folderId) const;
     /// A point of a row: x counts from the tree's left edge, dy from the row's middle.
@@ -103,7 +93,6 @@ protected:
     void click(int id, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString &text) const;
-    /// Replaces the text of a field.
     void typeInto(const char *field, const QString &text) const;
     void rename(int id, const QString &name) const;
     void press(QKeySequence::StandardKey key) const;

@@ -35,7 +35,6 @@ private Q_SLOTS:
     void hostOpensATutorial();
     void saveOverSomeoneElsesChange();
     void saveThatDropsSomething();
-    void messageBoxAnswersOnce();
     void openTutorial();
     void licences();
     void eventDialogIsOpenedAgain();
@@ -50,7 +49,6 @@ void tst_ApplicationWindow::init()
 {
     AuthoringTest::init();
     QVERIFY(activate());
-    evaluate(QStringLiteral("answers.length = 0"));
 }
 
 void tst_ApplicationWindow::loadModified()
@@ -157,9 +155,8 @@ void tst_ApplicationWindow::saveCheck()
 // A failed save is told, and what asked for the check stops.
 void tst_ApplicationWindow::saveThatFails()
 {
-    // At the question and at the key.
-    mWarnings.expect(QStringLiteral("Failed to open"), 2);
-    mWarnings.expect(QStringLiteral("Failed to save"), 2);
+    mWarnings.expect(QStringLiteral("Failed to open"));
+    mWarnings.expect(QStringLiteral("Failed to save"));
     loadModified();
     const QByteArray before = readAll(kJapanese);
     QVERIFY(QFile::remove(kJapanese));
@@ -168,9 +165,6 @@ void tst_ApplicationWindow::saveThatFails()
     QVERIFY(answerSaveQuestion("yes"));
     const QString text = answer(QMessageBox::Ok);
     QVERIFY2(text.startsWith(QStringLiteral("Failed to save project.\n")), qPrintable(text));
-    QVERIFY(activate());
-    press(QKeySequence::Save);
-    QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("Failed to save translation."));
     QCOMPARE(mWindow->title(), QStringLiteral("*Sample"));
     QDir().rmdir(kJapanese);
     writeAll(kJapanese, before);
@@ -247,20 +241,6 @@ void tst_ApplicationWindow::saveThatDropsSomething()
     QVERIFY(!messageBox());
 }
 
-void tst_ApplicationWindow::messageBoxAnswersOnce()
-{
-    // A dialog in a container of its own goes with the answer.
-    evaluate(QStringLiteral("confirm(null, \"In there?\", function(result) { answers.push(result); }, contentItem)"));
-    QCOMPARE(answer(QMessageBox::Yes), QStringLiteral("In there?"));
-    QTRY_VERIFY(!mWindow->contentItem()->findChild<QObject *>(QStringLiteral("ConfirmDialog")));
-    // A second one takes the place of the first.
-    for (const char *text : { "first", "second" })
-        evaluate(QStringLiteral("alert(\"%1\", function(result) { answers.push(\"%1\"); })").arg(QLatin1String(text)));
-    QTRY_VERIFY(messageBox() && messageBox()->text() == QLatin1String("second"));
-    QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("second"));
-    QCOMPARE(evaluate(QStringLiteral("answers.join()")).toString(), QStringLiteral("1,second"));
-}
-
 void tst_ApplicationWindow::openTutorial()
 {
     const auto open = [this](const QString &typed, const QByteArray &contents) {
@@ -302,10 +282,7 @@ void tst_ApplicationWindow::licences()
     QCOMPARE(window()->type(), Qt::Dialog);
     QCOMPARE(window()->transientParent(), mWindow);
     const QString text = find(window()->contentItem(), QStringLiteral("licences"))->property("text").toString();
-    for (const char *part : { "2007 Free Software Foundation, Inc. <https://fsf.org/>\n Everyone is permitted to copy "
-                              "and distribute verbatim copies of this license document,",
-                              "are met:\n  * Redistributions of source code must retain the above copyright notice, " })
-        QVERIFY2(text.contains(QLatin1String(part)), part);
+    QVERIFY(text.contains(QStringLiteral("2007 Free Software Foundation, Inc. <https://fsf.org/>\n Everyone is ")));
     QTest::keyClick(window(), Qt::Key_Return);
     QTRY_VERIFY(!window());
 }

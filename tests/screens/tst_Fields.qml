@@ -2,7 +2,6 @@ import QtQuick 2.9
 import QtQuick.Window 2.2
 import QtTest 1.1
 import Morvi.kess 1.0
-import "qrc:/qml/Controls"
 import "qrc:/qml/QtControls"
 
 Item {
@@ -24,30 +23,6 @@ Item {
     TextInput {
         id: other
         y: 150
-    }
-
-    NameIdComboBox {
-        id: nameBox
-        y: 40
-        nameList: ["one", "two", "three"]
-    }
-
-    ScrollView {
-        id: scrollView
-        y: 80
-        width: 160
-        height: 60
-
-        Item { height: 400 }
-    }
-
-    ListView {
-        id: list
-        x: 200
-        width: 100
-        height: 60
-        model: 40
-        delegate: Text { text: index }
     }
 
     TestCase {
@@ -116,26 +91,6 @@ Item {
             wait(0);
             other.forceActiveFocus();
             verify(setup.acceptsInputMethod());
-        }
-
-        function test_boxYieldsIds() {
-            nameBox.itemId = 30;
-            verify(!nameBox.enabled);
-            nameBox.idList = [30, 10, 20];
-            compare(nameBox.currentIndex, 0);
-            nameBox.forceActiveFocus();
-            keyClick(Qt.Key_Down);
-            compare(nameBox.itemId, 10);
-            nameBox.updating = true;
-            keyClick(Qt.Key_Down);
-            compare(nameBox.itemId, 10);
-        }
-
-        function test_listsAreNotFlicked() {
-            mouseDrag(scrollView, 40, 50, 0, -45);
-            compare(scrollView.flickableItem.contentY, 0);
-            mouseDrag(list, 40, 50, 0, -45);
-            compare(list.contentY, 0);
         }
     }
 }

@@ -73,16 +73,5 @@ Item {
                 menu.__dismissMenu();
             });
         }
-
-        function test_badTexts() {
-            var folder = "{\"children\":[{\"folder\":true,\"name\":\"f\",\"id\":1}]}";
-            [["", true, 5], [folder, false, 1], ["{", false, 0]].forEach(function(row) {
-                var button = makeButton(4);
-                button.itemTreeJson = row[0];
-                compare(button.exists(4), false, row[0]);
-                compare(button.enabled, row[1], row[0]);
-                compare(button.lastPopup.items.length, row[2], row[0]);
-            });
-        }
     }
 }

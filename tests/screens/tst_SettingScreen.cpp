@@ -187,14 +187,10 @@ void tst_SettingScreen::textThatCantBeSavedIsRefused()
         const bool told = answer(QMessageBox::Ok).contains(text);
         return activate() && told && !UndoRedo::instance()->canUndo();
     };
-    for (const char *field : { "windowKey", "condition", "command" }) {
-        const QString before = record(2)->getValue(QLatin1String(field)).toString();
-        typeInto(field, text);
-        press(Qt::Key_Return);
-        QVERIFY(isRefused());
-        QCOMPARE(shown(field), before);
-        QCOMPARE(record(2)->getValue(QLatin1String(field)).toString(), before);
-    }
+    typeInto("condition", text);
+    press(Qt::Key_Return);
+    QVERIFY(isRefused());
+    QCOMPARE(shown("condition"), condition(2));
     rename(2, text);
     QVERIFY(isRefused());
     QCOMPARE(record(2)->mName, QStringLiteral("name2"));

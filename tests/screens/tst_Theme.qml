@@ -28,24 +28,4 @@ TestCase {
             compare(Theme.normalText.hslLightness > Theme.window2.hslLightness, dark[name], name);
         }
     }
-
-    Text {
-        id: sample
-        text: "Sample"
-        font.pixelSize: 40
-    }
-
-    // A font that isn't in the resources leaves its loader without a name, and
-    // a role that isn't told apart is drawn as another one.
-    function test_fonts() {
-        var widths = [];
-        [[Theme.fixedFont, Font.Normal], [Theme.normalFont, Font.Normal], [Theme.mediumFont, Theme.mediumWeight],
-         [Theme.heavyFont, Font.Bold]].forEach(function(role, i) {
-            verify(role[0] !== "", "font " + i);
-            sample.font.family = role[0];
-            sample.font.weight = role[1];
-            verify(widths.indexOf(sample.implicitWidth) < 0, "font " + i + " is drawn as an earlier one");
-            widths.push(sample.implicitWidth);
-        });
-    }
 }
