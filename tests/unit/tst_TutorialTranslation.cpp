@@ -240,7 +240,10 @@ void tst_TutorialTranslation::suitsTheToolsOfTheFormat()
     writeAll(script, "qsTr(\"new\")");
     QVERIFY(runTool("lupdate", { QStringLiteral("-silent"), kScenario, script, QStringLiteral("-ts"), kJapaneseFile }));
     QVERIFY(readAll(kJapaneseFile).contains("<source>new</source>"));
-    QCOMPARE(readMessages(kJapaneseFile), messages);
+    // Where a hint is missing, the tool suggests that of a similar key.
+    const TranslationSource::Messages updated = readMessages(kJapaneseFile);
+    for (const QString &source : messages.keys())
+        QCOMPARE(updated.value(source), messages.value(source));
 }
 
 void tst_TutorialTranslation::savesAllOrTellsWhatFailed()
