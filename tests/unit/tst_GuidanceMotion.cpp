@@ -27,6 +27,7 @@ private Q_SLOTS:
     void cleanup() { mManager.reset(); }
 
     void aimsAtTheTarget();
+    void goesByQuarters();
     void flipsAtItsLimits();
     void comesToRest();
 
@@ -86,6 +87,15 @@ void tst_GuidanceMotion::aimsAtTheTarget()
     mManager->receive(kStart, -1, 2, 3, 4, kText);
     mManager->receive(kStart, 5, 6, 7);
     QCOMPARE(mManager->hostRect(), QRect(-1, 2, 3, 4));
+}
+
+void tst_GuidanceMotion::goesByQuarters()
+{
+    using namespace GuidanceGeometry;
+    QCOMPARE(easingStep({ 0, 0 }, { 400, -200 }), QPoint(100, -50));
+    QCOMPARE(easingStep({ 398, 0 }, { 400, 3 }), QPoint(400, 0));
+    // The sides are chosen anew near the place alone.
+    QVERIFY(isNear({ 10, 10 }, { 10, 266 }) && !isNear({ 10, 10 }, { 10, 267 }));
 }
 
 void tst_GuidanceMotion::flipsAtItsLimits()

@@ -118,6 +118,8 @@ void tst_GuidanceWindows::comeAndGo()
         { kStop, "" },
         { message(kStart, kWindow), step },
         { message(kIndicator, kUpdate), "Log Tooltip" },
+        { stepMessage({ 1, 2, kWindow, kHint, true, false, false, 0 }), "Log Next Tooltip" },
+        { stepMessage({ 1, 2, kWindow, kHint, false, true, false, 0 }), "Log No Tooltip Yes" },
         { kAllButtons, step },
         { tip, all },
         { kInactive, all },

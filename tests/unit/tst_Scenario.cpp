@@ -92,6 +92,8 @@ void tst_Scenario::reads_data()
     row("[{\"id\":1,\"followWindow\":\"a\",\"z\":[{}],\"hint\":qsTr(\"#1\"),\"x\":1e2},{\"id\":2,\"folder\":true,"
         "\"x\":\"1\",\"children\":[{\"name\":\"\xef\xbf\xbd\"}]}]",
         "(1 2(0))");
+    // A comment that appears where one was cut out.
+    row("[{\"id\":1}//* a */* b */\n]", "(1)");
     // A bad element takes the whole top element with it.
     row("[{\"id\":4,\"name\":\"%2\",\"folder\":true,\"children\":[{\"id\":5,\"children\":[{\"x\":true},7]}]},{\"id\":6}"
         "]",

@@ -48,7 +48,7 @@ void tst_TreeDropRules::decides()
         session.load(QString::fromLatin1(tree));
         const TutorialItemListModel model;
         const QVariantMap map = model.calcDrop({ dragged }, model.getModelIndexById(up), model.getModelIndexById(low),
-                                               treeDropX(mouseDepth));
+                                               treeDropX(mouseDepth) + 19); // the level's last pixel
         const auto text = [&map](const char *key) { return map.value(QLatin1String(key)).toString(); };
         return QStringLiteral("%1 %2").arg(text("before"), text("targetId")).trimmed();
     };

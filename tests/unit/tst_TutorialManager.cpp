@@ -3,6 +3,7 @@
 #include "support/ManagerFixture.h"
 #include "support/WarningGuard.h"
 
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 #include <sys/wait.h>
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void tellsOfItself();
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
+    void answersWithTheListOfTutorials();
     void endsAfterSilence();
 
 private:
@@ -159,6 +161,14 @@ void tst_TutorialManager::answersWithPresetData()
     for (const char *name : { "missing", "../png" })
         mManager->receive(FromHost::kRequestPresetData, QString::fromLatin1(name));
     QCOMPARE(sent(), QStringList());
+}
+
+void tst_TutorialManager::answersWithTheListOfTutorials()
+{
+    mManager->receive(FromHost::kTutorialList);
+    const QStringList fields = split(sent().value(0));
+    QCOMPARE(fields.value(0), QString(ToHost::kTutorialList));
+    QVERIFY(QJsonDocument::fromJson(fields.value(1).toUtf8()).isArray());
 }
 
 // With the log closed; earlier, the process would abort.

@@ -199,6 +199,13 @@ void tst_TutorialTranslation::keepsFilesThatCantBeRead()
     mWarnings.expect(QStringLiteral("Failed to save"), 2);
     QVERIFY(!mManager->feedbackTranslation() && !mManager->loadTranslation() && !mManager->saveTranslation());
     QCOMPARE(readAll(kEnglishFile), broken);
+
+    // The other language is read all the same.
+    writeAll(kJapaneseFile, broken);
+    writeAll(kEnglishFile, mFiles.at(2));
+    mWarnings.expect(QStringLiteral("Failed to setContents"));
+    QVERIFY(load());
+    QCOMPARE(item(1)->mHint2, QStringLiteral("one \"\\\n<b>"));
 }
 
 void tst_TutorialTranslation::suitsTheToolsOfTheFormat()
