@@ -36,6 +36,8 @@ private Q_SLOTS:
     void keysStayWhereTheyWere();
     void fieldsGoThroughTheHistory();
     void typedTextIsNotLost();
+    void hostIsShownTheStep();
+    void stepBackOpensItsFolder();
     void textThatCantBeSavedIsRefused();
     void takenNameIsAskedFor();
     void localeIsSwitched();
@@ -81,6 +83,11 @@ void tst_SettingScreen::keysStayWhereTheyWere()
     type(QStringLiteral("new"));
     press(QKeySequence::Save);
     QCOMPARE(record(3)->mName, QStringLiteral("new"));
+    // The jump menus know it, and that no step goes on with itself.
+    const auto jumpsTo = [this](const char *entry) {
+        return item("jump")->property("itemTreeJson").toString().contains(QLatin1String(entry));
+    };
+    QTRY_VERIFY(jumpsTo("\"name\":\"new\",\"folder\":false,\"enabled\":false"));
     goesOn(Qt::Key_Up, 2);
 
     typeInto("condition", QStringLiteral("wa"));
@@ -89,6 +96,12 @@ void tst_SettingScreen::keysStayWhereTheyWere()
     type(QStringLiteral("it"));
     press(Qt::Key_Return);
     QCOMPARE(condition(2), QStringLiteral("wait"));
+    // Nor does a step back move the cursor.
+    typeInto("hint.edit", QStringLiteral("abc"));
+    undo();
+    QTRY_COMPARE(shown("hint.edit"), QStringLiteral("ab"));
+    type(QStringLiteral("d"));
+    QCOMPARE(record(2)->mHint, QStringLiteral("abd"));
 }
 
 void tst_SettingScreen::fieldsGoThroughTheHistory()
@@ -180,6 +193,38 @@ void tst_SettingScreen::typedTextIsNotLost()
     check("language", [this] { item("localeComboBox")->setProperty("currentIndex", 1); });
 }
 
+void tst_SettingScreen::hostIsShownTheStep()
+{
+    const QSignalSpy sent(&mHost, &ProgramLink::received);
+    const auto starts = [&] {
+        QString ids;
+        for (const QVariantList &arguments : sent) {
+            const QStringList fields = arguments.first().toStringList();
+            if (fields.first() == ToHost::kStart)
+                ids += fields.last() + QLatin1Char(' ');
+        }
+        return ids;
+    };
+    // From the beginning, from the current step, and one whose looks are edited.
+    press(Qt::Key_F5);
+    press(Qt::Key_F6);
+    item("showArrow")->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    QTRY_COMPARE(starts(), QStringLiteral("-1 2 2 "));
+}
+
+void tst_SettingScreen::stepBackOpensItsFolder()
+{
+    select(5);
+    typeInto("condition", QStringLiteral("wait"));
+    selectInTree(4);
+    press(Qt::Key_Left);
+    QTRY_VERIFY(!row(5));
+    undo();
+    QTRY_VERIFY(row(5));
+    QTRY_COMPARE(currentId(), 5);
+}
+
 void tst_SettingScreen::textThatCantBeSavedIsRefused()
 {
     const QString text = QStringLiteral("a];b");
@@ -205,7 +250,7 @@ void tst_SettingScreen::takenNameIsAskedFor()
 {
     for (const bool taken : { false, true }) {
         rename(2, QStringLiteral("name3"));
-        answer(taken ? QMessageBox::Yes : QMessageBox::No);
+        QVERIFY(answer(taken ? QMessageBox::Yes : QMessageBox::No).endsWith(QLatin1String("Change name3 to name6 ?")));
         QTRY_COMPARE(record(2)->mName, QLatin1String(taken ? "name6" : "name2"));
         QCOMPARE(UndoRedo::instance()->canUndo(), taken);
         QVERIFY(activate());
@@ -292,10 +337,12 @@ void tst_SettingScreen::eventIsTakenOver()
     // A folder takes none; the item does.
     for (const int id : { 1, 2 }) {
         select(id);
+        press(Qt::Key_F4);
         doubleClick("eventList");
         doubleClick("trackingList");
     }
     QCOMPARE(condition(1) + record(1)->mWindowKey, QString());
+    QVERIFY(record(1)->mX == TutorialItemData::kNoPosition && record(2)->mX != TutorialItemData::kNoPosition);
     QCOMPARE(condition(2), QStringLiteral("click,Row & more"));
     QCOMPARE(record(2)->mWindowKey, QStringLiteral("MainWindow/<i>tool</i>"));
 
