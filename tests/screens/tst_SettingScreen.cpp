@@ -336,7 +336,7 @@ void tst_SettingScreen::eventIsTakenOver()
     QTRY_VERIFY(row("eventList") && row("trackingList"));
     // A folder takes none; the item does.
     for (const int id : { 1, 2 }) {
-        select(id);
+        selectInTree(id);
         press(Qt::Key_F4);
         doubleClick("eventList");
         doubleClick("trackingList");
