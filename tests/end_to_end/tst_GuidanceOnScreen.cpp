@@ -289,8 +289,8 @@ void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()
     compositor.start(QStringLiteral("picom"),
                      QStringLiteral("--backend xrender --config /dev/null").split(QLatin1Char(' ')));
     QVERIFY(waitForStep(normal, true));
-    for (const Step &step :
-         { Step{ { 900, 200 }, false, true, 3 }, Step{ normal.target, false, false, kNoIcon }, normal }) {
+    for (const Step &step : { Step{ { 900, 200 }, false, true, 3 }, Step{ { 900, 200 }, false, true, kNoIcon },
+                              Step{ normal.target, false, false, kNoIcon }, normal }) {
         send(step);
         QVERIFY(waitForStep(step, true));
     }
