@@ -5,7 +5,10 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QDomDocument>
+#include <QLibraryInfo>
+#include <QProcess>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTranslator>
 #include <QtTest>
 
@@ -17,6 +20,7 @@ class tst_Catalogs : public QObject
 private Q_SLOTS:
     void messagesKeepTheirShape();
     void everyHintHasItsWords();
+    void everyTextOfTheProgramIsThere();
     void toolkitIsTranslated();
 };
 
@@ -57,6 +61,23 @@ void tst_Catalogs::everyHintHasItsWords()
             QVERIFY2(!words.isEmpty(), qPrintable(script.fileName() + source));
         }
     }
+}
+
+void tst_Catalogs::everyTextOfTheProgramIsThere()
+{
+    const QString root = QFileInfo(QFINDTESTDATA("../../translations/ja_JP.ts")).path() + QLatin1String("/../");
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(QStringLiteral("ja_JP.ts"));
+    QVERIFY(QFile::copy(root + QLatin1String("translations/ja_JP.ts"), copy));
+    const QString tool = QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/lupdate");
+    QCOMPARE(QProcess::execute(tool,
+                               { QStringLiteral("-silent"), root + QLatin1String("cpp"), root + QLatin1String("main"),
+                                 root + QLatin1String("qml"), QStringLiteral("-ts"), copy }),
+             0);
+    // What the tool finds in the sources alone is added as a message without words.
+    const QByteArray updated = readAll(copy);
+    QVERIFY(updated.contains("</TS>"));
+    QVERIFY2(!updated.contains("unfinished"), updated.mid(updated.indexOf("unfinished") - 200, 200));
 }
 
 void tst_Catalogs::toolkitIsTranslated()
