@@ -83,7 +83,6 @@ void TutorialManager::connectToHost(const QString &suffix)
                 &TutorialManager::onApplicationStateChanged);
     }
     mTickTimerId = startTimer(kTickInterval, Qt::CoarseTimer);
-    setModified(false);
     mDeferredTimer.setInterval(kDeferredInterval);
     connect(&mDeferredTimer, &QTimer::timeout, this, &TutorialManager::onTimerTimeout);
     mDeferredTimer.start();

@@ -86,7 +86,7 @@ QString TutorialManager::getTutorialJson()
     }
     QStringList errors;
     const QString array = ScenarioText::removeAssignment(QString::fromUtf8(bytes), QStringLiteral("list"));
-    const QString text = mTranslation->applyTranslationToList(array, errors);
+    QString text = mTranslation->applyTranslationToList(array, errors);
     if (!errors.isEmpty())
         Log::warning(kFolder, "TutorialManager::getTutorialJson", __LINE__) << errors;
     return text;
