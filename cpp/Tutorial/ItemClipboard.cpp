@@ -95,9 +95,8 @@ private:
     void readSecondHints(const Item &item, const JsonWrapper &json)
     {
         TutorialItemData &record = *mRecords[mNext++];
-        const QString hintKey = QStringLiteral("hint2");
-        if (!item.mFolder && json.contains(hintKey))
-            record.mHint2 = json[hintKey].toString();
+        if (!item.mFolder)
+            TutorialItemField::find(&TutorialItemData::mHint2).readJson(record, json);
         if (item.mChildren.isEmpty())
             return;
         const JsonWrapper children = json[QStringLiteral("children")];
