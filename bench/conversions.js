@@ -1,121 +1,129 @@
-// usage: scripts/with-x -- node bench/conversions.js <build folder> [seconds of idling]
+// usage: scripts/with-x -- node bench/conversions.js <build folder> [--json <file>]
 //
-// What the conversion costs in the program with its link, beside the same
-// compiler in Node: conversions per second, the times from the start to the
-// connection, the first "alive" and the first answer, and the processor time
-// and memory of all its processes while it idles.
+// Conversions per second in the program with its link, when so many are asked
+// for at once, beside the same compiler in this process. Both have the same
+// sources and have warmed up alike, and they take turns.
 "use strict";
 
-const { execFileSync, spawn } = require("child_process");
+const { spawn } = require("child_process");
 const fs = require("fs");
 const net = require("net");
 const os = require("os");
 const path = require("path");
 
+const { FromHost, ToHost, encode, socketPath } = require("./hostMessages.js");
+const { loadCompiler } = require("../scripts/convert-coffee-script.js");
+
+const counts = [100, 1000];
+const rounds = 9;
+
 const folder = path.resolve(process.argv[2]);
-const idleSeconds = Number(process.argv[3] || 0);
-const source = path.resolve(__dirname, "..");
-const repetitions = 20;
+const jsonFile = process.argv[3] === "--json" ? process.argv[4] : "";
+const corpus = path.join(__dirname, "..", "tests", "end_to_end", "coffee");
+const sources = fs.readdirSync(corpus).sort().map(name => fs.readFileSync(path.join(corpus, name), "utf8"));
+const convertHere = loadCompiler(path.join(folder, "npm", "node_modules", "coffee-script"));
 
-const corpus = path.join(source, "tests", "end_to_end", "coffee");
-const sources = fs.readdirSync(corpus).sort().map((name) => fs.readFileSync(path.join(corpus, name), "utf8"));
+const milliseconds = () => Number(process.hrtime.bigint()) / 1e6;
+const median = values => values.sort((a, b) => a - b)[values.length >> 1];
 
-const home = fs.mkdtempSync(path.join(os.tmpdir(), "trelvane-bench-"));
-const suffix = `-bench-${process.pid}`;
-let begin = 0n;
-const elapsed = () => Number(process.hrtime.bigint() - begin) / 1e9;
-const report = (what, value) => console.log(`${what.padEnd(44)} ${value}`);
-
-// Processes of the tree, with what they have used: processor seconds and MiB.
-function usage(root) {
-    const parents = new Map();
-    for (const name of fs.readdirSync("/proc").filter((entry) => /^\d+$/.test(entry))) {
-        try {
-            parents.set(Number(name), Number(fs.readFileSync(`/proc/${name}/stat`, "utf8").replace(/.*\) /, "").split(" ")[1]));
-        } catch (gone) {
-            continue;
-        }
-    }
-    const belongs = (pid) => pid === root || (parents.has(pid) && belongs(parents.get(pid)));
-    const sum = { processes: 0, seconds: 0, memory: 0 };
-    for (const pid of [...parents.keys()].filter(belongs)) {
-        const fields = fs.readFileSync(`/proc/${pid}/stat`, "utf8").replace(/.*\) /, "").split(" ");
-        const share = /^Pss:\s+(\d+)/m.exec(fs.readFileSync(`/proc/${pid}/smaps_rollup`, "utf8"));
-        sum.processes += 1;
-        sum.seconds += (Number(fields[11]) + Number(fields[12])) / 100;
-        sum.memory += Number(share[1]) / 1024;
-    }
-    return sum;
-}
-
-const wait = (seconds) => new Promise((resolve) => setTimeout(resolve, seconds * 1000));
-
-async function idle(what, pid) {
-    const before = usage(pid);
-    await wait(idleSeconds);
-    const after = usage(pid);
-    report(`processor time in ${idleSeconds} s, ${what}`, `${(after.seconds - before.seconds).toFixed(2)} s`);
-    report(`memory of ${after.processes} processes, ${what}`, `${after.memory.toFixed(0)} MiB`);
-}
-
-async function measure(socket, program) {
-    let pending = Buffer.alloc(0);
-    let answered = () => {};
-    let sawAlive = false;
-    socket.on("data", (bytes) => {
-        pending = Buffer.concat([pending, bytes]);
-        for (let end = pending.indexOf(0); end >= 0; end = pending.indexOf(0)) {
-            const fields = pending.toString("utf8", 2, end).split("\x01");
-            pending = pending.subarray(end + 1);
-            if (fields[0] === "alive" && !sawAlive) {
-                sawAlive = true;
-                report("start to the first \"alive\"", `${elapsed().toFixed(2)} s`);
+class Program {
+    constructor(socket, program) {
+        this.socket = socket;
+        this.answered = () => {};
+        this.ended = () => {};
+        program.on("exit", () => this.ended());
+        let pending = Buffer.alloc(0);
+        socket.on("data", bytes => {
+            pending = Buffer.concat([pending, bytes]);
+            for (let end = pending.indexOf(0); end >= 0; end = pending.indexOf(0)) {
+                const [name, key] = pending.toString("utf8", 2, end).split("\x01");
+                pending = pending.subarray(end + 1);
+                if (name === ToHost.kCallbackCoffeeJs)
+                    this.answered(Number(key));
             }
-            if (fields[0] === "callbackCoffeeJs")
-                answered();
-        }
-    });
-    const send = (...fields) => socket.write(`0\x02${fields.join("\x01")}\0`);
-    const alive = setInterval(() => send("alive"), 1000);
-
-    const convert = (count) => new Promise((resolve) => {
-        let left = count;
-        answered = () => --left === 0 && resolve();
-        for (let i = 0; i < count; ++i)
-            send("coffeeJs", i, JSON.stringify(sources[i % sources.length]));
-    });
-
-    report("start to the connection", `${elapsed().toFixed(2)} s`);
-    await convert(1);
-    report("start to the first answer", `${elapsed().toFixed(2)} s`);
-    await convert(sources.length);
-    const first = elapsed();
-    await convert(repetitions * sources.length);
-    report("conversions per second through the link", (repetitions * sources.length / (elapsed() - first)).toFixed(0));
-    const arguments_ = ["convert-coffee-script.js", path.join(folder, "npm/node_modules/coffee-script"), repetitions];
-    report("conversions per second in Node", execFileSync(process.execPath, arguments_, {
-        cwd: path.join(source, "scripts"), input: JSON.stringify(sources) }));
-    if (idleSeconds > 0) {
-        await idle("no guidance", program.pid);
-        send("start", 0, 0, 800, 600);
-        send("indicator", "update", 200, 200, "", "A hint", 7, 0);
-        await wait(2);
-        await idle("running guidance", program.pid);
+        });
+        this.alive = setInterval(() => socket.write(encode(FromHost.kAlive)), 1000);
     }
-    clearInterval(alive);
-    socket.end();
+
+    static async start(home) {
+        // The log is written only where its folder is there.
+        fs.mkdirSync(path.join(home, "Harnwick", "Trelvane"), { recursive: true });
+        const suffix = `-bench-${process.pid}`;
+        const server = net.createServer();
+        await new Promise(resolve => server.listen(socketPath(suffix), resolve));
+        const program = spawn(path.join(folder, "bin", "trelvane"), [suffix], {
+            env: { ...process.env, HOME: home, XDG_CONFIG_HOME: home, XDG_DATA_HOME: home, XDG_CACHE_HOME: home },
+            stdio: "ignore"
+        });
+        const socket = await new Promise((resolve, reject) => {
+            server.on("connection", resolve);
+            program.on("error", reject);
+            program.on("exit", () => reject(new Error("the program ended")));
+        });
+        server.close();
+        return new Program(socket, program);
+    }
+
+    convert(count) {
+        return new Promise((resolve, reject) => {
+            this.ended = () => reject(new Error("the program ended"));
+            let next = 0;
+            this.answered = key => {
+                if (key !== next++)
+                    reject(new Error(`answer ${key} is out of order`));
+                if (next === count)
+                    resolve();
+            };
+            for (let i = 0; i < count; ++i)
+                this.socket.write(encode(FromHost.kCoffeeJs, i, JSON.stringify(sources[i % sources.length])));
+        });
+    }
+
+    async end() {
+        clearInterval(this.alive);
+        const ended = new Promise(resolve => {
+            this.ended = resolve;
+        });
+        this.socket.destroy();
+        await ended;
+    }
 }
 
-let program = null;
-const server = net.createServer((socket) => measure(socket, program));
-server.listen(path.join(os.tmpdir(), `qelm${suffix}`), () => {
-    begin = process.hrtime.bigint();
-    program = spawn(path.join(folder, "bin", "trelvane"), [suffix], {
-        env: { ...process.env, HOME: home, XDG_CONFIG_HOME: home, XDG_DATA_HOME: home, XDG_CACHE_HOME: home },
-        stdio: "ignore"
-    });
-    program.on("exit", () => {
-        server.close();
-        fs.rmSync(home, { recursive: true, force: true });
-    });
+async function measure(act) {
+    const begin = milliseconds();
+    await act();
+    return milliseconds() - begin;
+}
+
+function convertAllHere(count) {
+    for (let i = 0; i < count; ++i)
+        JSON.stringify(convertHere(sources[i % sources.length]));
+}
+
+async function main() {
+    const home = fs.mkdtempSync(path.join(os.tmpdir(), "trelvane-bench-"));
+    const program = await Program.start(home);
+    await program.convert(1000);
+    convertAllHere(1000);
+    const rows = [];
+    for (const count of counts) {
+        const through = [];
+        const here = [];
+        for (let i = 0; i < rounds; ++i) {
+            through.push(await measure(() => program.convert(count)));
+            here.push(await measure(() => convertAllHere(count)));
+        }
+        rows.push({ name: "conversions", size: count, value: 1000 * count / median(through), unit: "/s" },
+            { name: "conversionsFloorNode", size: count, value: 1000 * count / median(here), unit: "/s" });
+    }
+    await program.end();
+    fs.rmSync(home, { recursive: true, force: true });
+    rows.forEach(({ name, size, value, unit }) => console.log(name, size, value.toFixed(0), unit));
+    if (jsonFile)
+        fs.writeFileSync(jsonFile, JSON.stringify(rows, null, 1));
+}
+
+main().catch(error => {
+    console.error(error.message);
+    process.exit(1);
 });

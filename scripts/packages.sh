@@ -25,6 +25,9 @@ packages_without_display=(xvfb openbox picom xdotool x11-utils)
 # shellcheck disable=SC2034
 packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3)
 
+# shellcheck disable=SC2034
+packages_to_measure=(libbenchmark-dev)
+
 # Fetch the script compiler. They come from many places other than Debian's
 # packages, so the commands themselves are looked for.
 declare -A packages_of_commands=([node]=nodejs [npm]=npm)
