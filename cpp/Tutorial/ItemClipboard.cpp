@@ -96,7 +96,7 @@ private:
     {
         TutorialItemData &record = *mRecords[mNext++];
         if (!item.mFolder)
-            TutorialItemField::find(&TutorialItemData::mHint2).readJson(record, json);
+            TutorialItemField::find(&TutorialItemData::mHint2).readJson(record, json.toObject());
         if (item.mChildren.isEmpty())
             return;
         const JsonWrapper children = json[QStringLiteral("children")];

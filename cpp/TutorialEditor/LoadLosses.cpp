@@ -3,7 +3,6 @@
 #include "TutorialEditor/Manager.h"
 
 #include <QJsonArray>
-#include <QJsonObject>
 
 using TutorialEditor::Manager;
 
@@ -11,13 +10,7 @@ namespace
 {
 const QString kFolderKey = QStringLiteral("folder");
 const QString kChildrenKey = QStringLiteral("children");
-
-QJsonValue::Type jsonType(const TutorialItemField &field)
-{
-    // In the order of the member's alternatives.
-    constexpr QJsonValue::Type types[] = { QJsonValue::Double, QJsonValue::String, QJsonValue::Bool };
-    return types[field.member.index()];
-}
+const QLatin1String kSeparator(" / ");
 
 QString label(const QJsonObject &item)
 {
@@ -25,20 +18,13 @@ QString label(const QJsonObject &item)
     const QString name = item.value(QLatin1String("name")).toString();
     return name.isEmpty() ? id : QString(name + QLatin1String(" (") + id + QLatin1Char(')'));
 }
-
-/// Whether the reader takes the value as it is.
-bool isKept(const QJsonValue &value, QJsonValue::Type type)
-{
-    if (value.type() != type)
-        return false;
-    return type != QJsonValue::Double || value.toInt(0) == value.toInt(1);
-}
 } // namespace
 
-void LoadLosses::inspect(const QJsonValue &element)
+void LoadLosses::inspect(const QJsonValue &element, bool valuesKept)
 {
+    mValuesKept = valuesKept;
     const int before = mLines.size();
-    if (inspect(element, QString(), mCount++))
+    if (inspect(element, nullptr, mCount++))
         return;
     mLines = mLines.mid(0, before);
     mLines.append(element.isObject()
@@ -46,52 +32,61 @@ void LoadLosses::inspect(const QJsonValue &element)
                       : Manager::tr("%1 can't be read").arg(mUnreadable));
 }
 
-bool LoadLosses::inspect(const QJsonValue &element, const QString &parentPath, int position)
+QString LoadLosses::path(const Place *place)
+{
+    return place->parent ? QString(path(place->parent) + kSeparator + label(place->item)) : label(place->item);
+}
+
+bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int position)
 {
     if (!element.isObject()) {
-        mUnreadable = parentPath + Manager::tr("entry %1").arg(position + 1);
+        const QString entry = Manager::tr("entry %1").arg(position + 1);
+        mUnreadable = parent ? QString(path(parent) + kSeparator + entry) : entry;
         return false;
     }
     const QJsonObject item = element.toObject();
-    const QString path = parentPath + label(item);
+    const Place place{ item, parent };
     const int id = item.value(QLatin1String("id")).toInt();
     // Where two items share an id, the first one's record stands for both.
     if (mIds.contains(id))
-        mLines.append(Manager::tr("%1: another item has the same id").arg(path));
+        mLines.append(Manager::tr("%1: another item has the same id").arg(path(&place)));
     mIds.insert(id);
-    inspectValues(item, path);
+    if (!mValuesKept)
+        inspectValues(place);
 
-    if (!item.contains(kChildrenKey))
+    const auto entry = item.constFind(kChildrenKey);
+    if (entry == item.constEnd())
         return true;
-    const QString below = path + QLatin1String(" / ");
-    if (!item.value(kChildrenKey).isArray()) {
-        mUnreadable = below + kChildrenKey;
+    const QJsonValue value = *entry;
+    if (!value.isArray()) {
+        mUnreadable = path(&place) + kSeparator + kChildrenKey;
         return false;
     }
-    const QJsonArray children = item.value(kChildrenKey).toArray();
+    const QJsonArray children = value.toArray();
     if (!children.isEmpty() && !item.value(kFolderKey).toBool())
-        mLines.append(Manager::tr("%1: what stands in it, for it is no folder").arg(path));
+        mLines.append(Manager::tr("%1: what stands in it, for it is no folder").arg(path(&place)));
     for (int i = 0; i < children.size(); ++i) {
-        if (!inspect(children.at(i), below, i))
+        if (!inspect(children.at(i), &place, i))
             return false;
     }
     return true;
 }
 
-void LoadLosses::inspectValues(const QJsonObject &item, const QString &path)
+void LoadLosses::inspectValues(const Place &place)
 {
-    const auto inspectValue = [&](const QString &key, QJsonValue::Type type) {
-        const auto value = item.constFind(key);
-        if (value != item.constEnd() && !isKept(*value, type))
-            mLines.append(Manager::tr("%1: the value of \"%2\"").arg(path, key));
-    };
+    const QJsonObject &item = place.item;
     const bool folder = item.value(kFolderKey).toBool();
-    inspectValue(kFolderKey, QJsonValue::Bool);
+    const auto tell = [&](const QString &key) {
+        mLines.append(Manager::tr("%1: the value of \"%2\"").arg(path(&place), key));
+    };
+    if (item.contains(kFolderKey) && !item.value(kFolderKey).isBool())
+        tell(kFolderKey);
     for (const TutorialItemField &field : TutorialItemField::all()) {
         if (field.form == TutorialItemField::Form::Nowhere || (folder && field.owner == TutorialItemField::Owner::Step))
             continue;
-        inspectValue(field.name, jsonType(field));
-        if (!field.olderName.isEmpty())
-            inspectValue(field.olderName, jsonType(field));
+        for (const QString &key : { field.name, field.olderName }) {
+            if (!key.isEmpty() && item.contains(key) && !field.isKept(item.value(key)))
+                tell(key);
+        }
     }
 }

@@ -73,7 +73,7 @@ QStringList Manager::setContents(const QString &filename)
     file.close();
 
     text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
-    text = ScenarioText::removeAssignment(text);
+    text = ScenarioText::removeAssignment(std::move(text));
     QStringList errors;
     if (const DocumentContext *context = DocumentContext::instance())
         text = context->applyTranslationToText(text, errors);
@@ -99,23 +99,41 @@ bool Manager::readItems(const QString &arrayText)
     if (!json.isArray())
         return false;
     LoadLosses losses;
+    QSet<QString> texts;
     const int length = json.length();
     for (int i = 0; i < length; ++i) {
         const JsonWrapper element = json[i];
+        bool kept = true;
+        const int firstRecord = mData.mDataList.size();
         const std::unique_ptr<TreeItem<TutorialItemData>> item(
-            TreeItem<TutorialItemData>::createFromJson(element, &mData.mDataList));
+            TreeItem<TutorialItemData>::createFromJson(element, &mData.mDataList, &kept));
         if (item)
             mData.mRoot.mChildren.append(*item);
-        losses.inspect(element.toValue());
+        shareTexts(firstRecord, texts);
+        losses.inspect(element.toValue(), item && kept);
     }
     mLeftOut = losses.lines();
     return true;
 }
 
+void Manager::shareTexts(int firstRecord, QSet<QString> &texts)
+{
+    // Most items have the key, the condition and the icon of others, and the hint of both languages is the same where
+    // only one is known.
+    for (int i = firstRecord; i < mData.mDataList.size(); ++i) {
+        TutorialItemData &record = *mData.mDataList.at(i);
+        for (QString *text : { &record.mWindowKey, &record.mCondition, &record.mIcon, &record.mCommand })
+            *text = *texts.insert(*text);
+        if (record.mHint2 == record.mHint)
+            record.mHint2 = record.mHint;
+    }
+}
+
 void Manager::fillInNames()
 {
     QStringList names = mData.getNameList();
-    names.removeAll(QString());
+    if (names.removeAll(QString()) == 0)
+        return;
     FreeNames freeNames(names);
     const QString folderBase = tr("folder");
     const QString itemBase = tr("item");

@@ -4,6 +4,7 @@
 #include "model/TutorialItemData.h"
 
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 
 #include <memory>
@@ -81,6 +82,7 @@ private:
     };
 
     bool readItems(const QString &arrayText);
+    void shareTexts(int firstRecord, QSet<QString> &texts);
     void fillInNames();
     void replaceDocument();
     void dropRecords();

@@ -1,22 +1,23 @@
 #include "TutorialEditor/ScenarioText.h"
 
+#include "tool/TextSearch.h"
+
 #include <QStringList>
 
 namespace
 {
-void replaceFirst(QString &text, const QString &before, const QString &after)
+void replaceFirst(QString &text, int position, int size, const QLatin1String &after)
 {
-    const int position = text.indexOf(before);
     if (position >= 0)
-        text.replace(position, before.size(), after);
+        text.replace(position, size, after);
 }
 
-bool isLineComment(const QStringRef &line)
+/// Where the line begins if only blanks and tabs stand before the position, else -1.
+int startOfBlankLine(const QString &text, int position)
 {
-    int i = 0;
-    while (i < line.size() && (line.at(i) == QLatin1Char(' ') || line.at(i) == QLatin1Char('\t')))
-        ++i;
-    return line.mid(i).startsWith(QLatin1String("//"));
+    while (position > 0 && (text.at(position - 1) == QLatin1Char(' ') || text.at(position - 1) == QLatin1Char('\t')))
+        --position;
+    return position == 0 || text.at(position - 1) == QLatin1Char('\n') ? position : -1;
 }
 } // namespace
 
@@ -24,47 +25,57 @@ QString ScenarioText::removeBlockComments(const QString &text)
 {
     const QLatin1String opening("/*");
     const QLatin1String closing("*/");
-    // A cut can join a new opening from what stood on its two sides, so the search goes on one
-    // character before each cut, over what is kept and what is left.
+    // A cut can join a new opening from what stood on its two sides, so an opening is what ends in a
+    // star after what is kept.
     QString kept;
-    kept.reserve(text.size());
     int position = 0;
-    while (position < text.size()) {
-        const QChar next = text.at(position);
-        const bool joined = next == QLatin1Char('*') && kept.endsWith(QLatin1Char('/'));
-        if (!joined) {
-            kept.append(next);
-            ++position;
+    int star = text.indexOf(QLatin1Char('*'));
+    while (star >= 0) {
+        const QChar before = star > position ? text.at(star - 1) : kept.isEmpty() ? QChar() : kept.back();
+        if (before != QLatin1Char('/')) {
+            star = text.indexOf(QLatin1Char('*'), star + 1);
             continue;
         }
-        const int end = text.indexOf(closing, position + 1);
+        const int end = indexOfMarker(text, closing, star + 1);
         if (end < 0)
-            return kept + text.midRef(position);
+            break;
+        kept.append(text.midRef(position, star - position));
         kept.chop(opening.size() - 1);
         position = end + closing.size();
+        star = text.indexOf(QLatin1Char('*'), position);
     }
-    return kept;
+    return position == 0 ? text : kept + text.midRef(position);
 }
 
 QString ScenarioText::removeLineComments(const QString &text)
 {
+    const QLatin1String opening("//");
     QString kept;
-    kept.reserve(text.size());
-    int start = 0;
-    for (int end = text.indexOf(QLatin1Char('\n')); end >= 0; end = text.indexOf(QLatin1Char('\n'), start)) {
-        if (!isLineComment(text.midRef(start, end - start)))
-            kept.append(text.midRef(start, end + 1 - start));
-        start = end + 1;
+    int position = 0;
+    int found = indexOfMarker(text, opening);
+    while (found >= 0) {
+        const int start = startOfBlankLine(text, found);
+        if (start < 0) {
+            found = indexOfMarker(text, opening, found + 1);
+            continue;
+        }
+        const int end = text.indexOf(QLatin1Char('\n'), found);
+        if (end < 0)
+            break;
+        kept.append(text.midRef(position, start - position));
+        position = end + 1;
+        found = indexOfMarker(text, opening, position);
     }
-    return kept + text.midRef(start);
+    return position == 0 ? text : kept + text.midRef(position);
 }
 
-QString ScenarioText::removeAssignment(const QString &text, const QString &variable)
+QString ScenarioText::removeAssignment(QString text, const QString &variable)
 {
-    QString array = text;
-    replaceFirst(array, QStringLiteral("var %1 = [").arg(variable), QStringLiteral("["));
-    replaceFirst(array, QStringLiteral("];"), QStringLiteral("]"));
-    return array;
+    const QString opening = QStringLiteral("var %1 = [").arg(variable);
+    replaceFirst(text, text.indexOf(opening), opening.size(), QLatin1String("["));
+    const QLatin1String closing("];");
+    replaceFirst(text, indexOfMarker(text, closing), closing.size(), QLatin1String("]"));
+    return text;
 }
 
 QString ScenarioText::findUnreadable(const QString &text)

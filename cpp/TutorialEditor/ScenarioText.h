@@ -17,7 +17,7 @@ QString removeLineComments(const QString &text);
 
 /// The array without its assignment to that variable: the first "var scenario = [" becomes "[" and
 /// the first "];" becomes "]".
-QString removeAssignment(const QString &text, const QString &variable = QStringLiteral("scenario"));
+QString removeAssignment(QString text, const QString &variable = QStringLiteral("scenario"));
 
 /// The part of a name, key, condition or command that keeps a file that holds this text from being
 /// read again; empty if nothing does.

@@ -5,29 +5,33 @@
 namespace
 {
 constexpr char kFolder[] = "cpp/TutorialEditor";
+const QLatin1String kSeparator(",\n");
 
-QString entry(const QString &key, const QString &valueText)
+// Appended piece by piece: the sum of several pieces would make room for just these, and so move the text each time.
+void appendKey(QString &text, const QString &key)
 {
-    return QLatin1Char('"') + key + QLatin1String("\":") + valueText;
+    text += QLatin1Char('"');
+    text += key;
+    text += QLatin1String("\":");
 }
 
-QString fieldText(const TutorialItemField &field, const TutorialItemData &record, bool forSaving)
+/// Appends what steps and folders have, or what steps have beside that, each entry with the separator after it.
+void appendFields(QString &text, const TutorialItemData &record, bool ofStep, bool forSaving)
 {
-    if (field.form == TutorialItemField::Form::Hint && forSaving)
-        return QStringLiteral("qsTr(\"#%1\")").arg(record.mId);
-    return JsonWrapper::getJsonString(field.read(record));
-}
-
-/// What steps and folders have, or what steps have beside that.
-QStringList fieldEntries(const TutorialItemData &record, bool ofStep, bool forSaving)
-{
-    QStringList entries;
     for (const TutorialItemField &field : TutorialItemField::all()) {
         const bool isOfStep = field.owner != TutorialItemField::Owner::Item;
-        if (isOfStep == ofStep && field.form != TutorialItemField::Form::Nowhere)
-            entries.append(entry(field.name, fieldText(field, record, forSaving)));
+        if (isOfStep != ofStep || field.form == TutorialItemField::Form::Nowhere)
+            continue;
+        appendKey(text, field.name);
+        if (field.form == TutorialItemField::Form::Hint && forSaving) {
+            text += QLatin1String("qsTr(\"#");
+            text += QString::number(record.mId);
+            text += QLatin1String("\")");
+        } else {
+            field.appendJson(text, record);
+        }
+        text += kSeparator;
     }
-    return entries;
 }
 } // namespace
 
@@ -46,21 +50,27 @@ void Manager::getJsonText(int level, const TreeItem<TutorialItemData> &item,
             continue;
         }
         if (!first)
-            text += QLatin1String(",\n");
+            text += kSeparator;
         first = false;
 
-        text += indent + QLatin1String("{\n");
-        QStringList entries = fieldEntries(*record, false, forSaving);
-        entries.append(entry(QStringLiteral("folder"), JsonWrapper::getJsonString(child.mFolder)));
-        text += entries.join(QLatin1String(",\n")) + QLatin1String(",\n");
+        text += indent;
+        text += QLatin1String("{\n");
+        appendFields(text, *record, false, forSaving);
+        appendKey(text, QStringLiteral("folder"));
+        JsonWrapper::appendJson(text, child.mFolder);
+        text += kSeparator;
         if (child.mFolder) {
             // Written where it stands, so that a deep tree is not copied once for each level.
-            text += QLatin1String("\"children\":");
+            appendKey(text, QStringLiteral("children"));
             getJsonText(level + 1, child, data, text, forSaving);
         } else {
-            text += fieldEntries(*record, true, forSaving).join(QLatin1String(",\n"));
+            appendFields(text, *record, true, forSaving);
+            text.chop(kSeparator.size());
         }
-        text += indent + QLatin1Char('\n') + indent + QLatin1Char('}');
+        text += indent;
+        text += QLatin1Char('\n');
+        text += indent;
+        text += QLatin1Char('}');
     }
     text += QLatin1String("\n]");
 }

@@ -32,8 +32,9 @@ public:
 
     /// A subtree from JSON, owned by the caller, with its records appended to dataList, parents
     /// before children. Null with a warning in the log when the JSON is no object; the records that
-    /// were read until then stay in dataList.
-    static TreeItem<T> *createFromJson(const JsonWrapper &json, QList<T *> *dataList);
+    /// were read until then stay in dataList. Kept becomes false where a record lacks what a key of one of its
+    /// fields says.
+    static TreeItem<T> *createFromJson(const JsonWrapper &json, QList<T *> *dataList, bool *kept = nullptr);
 
     /// Calls visit for this node and then for all below it, parents before children.
     void visitAll(const std::function<void(const TreeItem<T> &)> &visit) const;
@@ -46,7 +47,7 @@ public:
     QList<TreeItem<T>> mChildren;
 
 private:
-    static std::unique_ptr<TreeItem<T>> read(const JsonWrapper &json, QList<T *> &dataList);
+    static bool read(const JsonWrapper &json, TreeItem<T> &item, QList<T *> &dataList, bool *kept);
 };
 
 /// The tree of nodes and the flat list of records, which together are a document.
@@ -110,10 +111,11 @@ private:
 };
 
 template <typename T>
-TreeItem<T> *TreeItem<T>::createFromJson(const JsonWrapper &json, QList<T *> *dataList)
+TreeItem<T> *TreeItem<T>::createFromJson(const JsonWrapper &json, QList<T *> *dataList, bool *kept)
 {
     try {
-        return read(json, *dataList).release();
+        auto item = std::make_unique<TreeItem<T>>();
+        return read(json, *item, *dataList, kept) ? item.release() : nullptr;
     } catch (const JsonWrapperException &exception) {
         Log::warning("cpp/model", "TreeItem<class TutorialItemData>::createFromJson", __LINE__) << exception.message();
         return nullptr;
@@ -121,28 +123,27 @@ TreeItem<T> *TreeItem<T>::createFromJson(const JsonWrapper &json, QList<T *> *da
 }
 
 template <typename T>
-std::unique_ptr<TreeItem<T>> TreeItem<T>::read(const JsonWrapper &json, QList<T *> &dataList)
+bool TreeItem<T>::read(const JsonWrapper &json, TreeItem<T> &item, QList<T *> &dataList, bool *kept)
 {
-    T *record = T::fromJson(json);
+    T *record = T::fromJson(json, kept);
     if (!record)
-        return nullptr;
+        return false;
     dataList.append(record);
-    auto item = std::make_unique<TreeItem<T>>(record->mId, false);
-    const QString folderKey = QStringLiteral("folder");
-    if (json.contains(folderKey))
-        item->mFolder = json[folderKey].toBool();
-    const QString childrenKey = QStringLiteral("children");
-    if (json.contains(childrenKey)) {
-        const JsonWrapper children = json[childrenKey];
-        const int length = children.length();
-        for (int i = 0; i < length; ++i) {
-            const std::unique_ptr<TreeItem<T>> child = read(children[i], dataList);
-            if (!child)
-                return nullptr;
-            item->mChildren.append(*child);
-        }
+    item.mId = record->mId;
+    const QJsonObject object = json.toObject();
+    item.mFolder = object.value(QLatin1String("folder")).toBool();
+    const auto children = object.constFind(QLatin1String("children"));
+    if (children == object.constEnd())
+        return true;
+    const JsonWrapper list(*children);
+    item.mChildren.reserve(list.length());
+    const QJsonArray elements = list.toArray();
+    for (const QJsonValue &element : elements) {
+        item.mChildren.append(TreeItem<T>());
+        if (!read(JsonWrapper(element), item.mChildren.last(), dataList, kept))
+            return false;
     }
-    return item;
+    return true;
 }
 
 template <typename T>

@@ -5,18 +5,10 @@
 #include "tool/JsonWrapperException.h"
 #include "tool/Log.h"
 
-#include <QStringList>
-
 #include <memory>
 
 namespace
 {
-bool isFolder(const JsonWrapper &json)
-{
-    const QString key = QStringLiteral("folder");
-    return json.contains(key) && json[key].toBool();
-}
-
 QString secondHint(int id)
 {
     const QString key = QStringLiteral("#%1").arg(id);
@@ -41,17 +33,22 @@ TutorialItemData::TutorialItemData(const TutorialItemData &other) : QObject(null
         field.copy(*this, other);
 }
 
-TutorialItemData *TutorialItemData::fromJson(const JsonWrapper &json)
+TutorialItemData *TutorialItemData::fromJson(const JsonWrapper &json, bool *kept)
 {
     using Field = TutorialItemField;
     auto record = std::make_unique<TutorialItemData>();
     try {
         record->mId = json[QStringLiteral("id")].toInt();
-        const bool folder = isFolder(json);
+        const QJsonObject object = json.toObject();
+        const QJsonValue folderValue = object.value(QLatin1String("folder"));
+        const bool folder = folderValue.toBool();
+        bool allKept = folderValue.isBool() || folderValue.isUndefined();
         for (const Field &field : Field::all()) {
             if (field.form != Field::Form::Nowhere && !(folder && field.owner == Field::Owner::Step))
-                field.readJson(*record, json);
+                allKept = field.readJson(*record, object) && allKept;
         }
+        if (kept && !allKept)
+            *kept = false;
         if (!folder)
             record->mHint2 = secondHint(record->mId);
     } catch (const JsonWrapperException &exception) {
@@ -96,14 +93,19 @@ void TutorialItemData::setValue(const QString &propertyName, const QVariant &val
 
 QString TutorialItemData::toJsonText(const QString &extra) const
 {
-    QStringList entries;
+    QString json;
     for (const TutorialItemField &field : TutorialItemField::all()) {
-        entries.append(QLatin1Char('"') + field.name + QLatin1String("\":")
-                       + JsonWrapper::getJsonString(field.read(*this)));
+        json += json.isEmpty() ? QLatin1String("{\"") : QLatin1String(",\"");
+        json += field.name;
+        json += QLatin1String("\":");
+        field.appendJson(json, *this);
     }
-    if (!extra.isEmpty())
-        entries.append(extra);
-    return QLatin1Char('{') + entries.join(QLatin1Char(',')) + QLatin1Char('}');
+    if (!extra.isEmpty()) {
+        json += QLatin1Char(',');
+        json += extra;
+    }
+    json += QLatin1Char('}');
+    return json;
 }
 
 void TutorialItemData::change(const TutorialItemField &field, const QVariant &value)

@@ -27,8 +27,8 @@ public:
     TutorialItemData &operator=(const TutorialItemData &) = delete;
 
     /// A new record from a JSON object, owned by the caller; null with a warning in the log when
-    /// the JSON is no object.
-    static TutorialItemData *fromJson(const JsonWrapper &json);
+    /// the JSON is no object. Kept becomes false where the record lacks what a key of a field says.
+    static TutorialItemData *fromJson(const JsonWrapper &json, bool *kept = nullptr);
 
     /// The field of that property name, or an invalid variant with a warning for an unknown name.
     QVariant getValue(const QString &propertyName) const;

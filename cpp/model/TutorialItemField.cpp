@@ -2,22 +2,24 @@
 
 #include "model/TutorialItemData.h"
 
+#include <QJsonObject>
+
 #include <algorithm>
 #include <type_traits>
 
 namespace
 {
-void assign(int &field, const JsonWrapper &value)
+void assign(int &field, const QJsonValue &value)
 {
     field = value.toInt();
 }
 
-void assign(QString &field, const JsonWrapper &value)
+void assign(QString &field, const QJsonValue &value)
 {
     field = value.toString();
 }
 
-void assign(bool &field, const JsonWrapper &value)
+void assign(bool &field, const QJsonValue &value)
 {
     field = value.toBool();
 }
@@ -88,14 +90,33 @@ void TutorialItemField::copy(TutorialItemData &record, const TutorialItemData &o
     std::visit([&](auto field) { record.*field = other.*field; }, member);
 }
 
-void TutorialItemField::readJson(TutorialItemData &record, const JsonWrapper &json) const
+void TutorialItemField::appendJson(QString &json, const TutorialItemData &record) const
 {
-    const auto take = [&](const QString &key) {
-        if (!json.contains(key))
-            return false;
-        std::visit([&](auto field) { assign(record.*field, json[key]); }, member);
+    std::visit([&](auto field) { JsonWrapper::appendJson(json, record.*field); }, member);
+}
+
+bool TutorialItemField::isKept(const QJsonValue &value) const
+{
+    // In the order of the member's alternatives.
+    constexpr QJsonValue::Type types[] = { QJsonValue::Double, QJsonValue::String, QJsonValue::Bool };
+    const QJsonValue::Type type = types[member.index()];
+    return value.type() == type && (type != QJsonValue::Double || value.toInt(0) == value.toInt(1));
+}
+
+bool TutorialItemField::readJson(TutorialItemData &record, const QJsonObject &object) const
+{
+    auto entry = object.constFind(name);
+    bool kept = true;
+    if (!olderName.isEmpty()) {
+        const auto older = object.constFind(olderName);
+        if (entry == object.constEnd())
+            entry = older;
+        else
+            kept = older == object.constEnd();
+    }
+    if (entry == object.constEnd())
         return true;
-    };
-    if (!take(name) && !olderName.isEmpty())
-        take(olderName);
+    const QJsonValue value = *entry;
+    std::visit([&](auto field) { assign(record.*field, value); }, member);
+    return kept && isKept(value);
 }

@@ -6,7 +6,8 @@
 #include <variant>
 #include <vector>
 
-class JsonWrapper;
+class QJsonObject;
+class QJsonValue;
 class TutorialItemData;
 
 /// One field of an item's record: all that the program needs to know to read, write, copy and edit it.
@@ -50,8 +51,12 @@ struct TutorialItemField
     QVariant convert(const QVariant &value) const;
     /// Writes past the history, converted.
     void write(TutorialItemData &record, const QVariant &value) const;
+    /// Whether the field can hold the value as it is.
+    bool isKept(const QJsonValue &value) const;
     void copy(TutorialItemData &record, const TutorialItemData &other) const;
-    /// Takes the value over if the JSON object has it. A value of another type gives 0, an empty
-    /// text or false.
-    void readJson(TutorialItemData &record, const JsonWrapper &json) const;
+    /// Appends the value as JSON.
+    void appendJson(QString &json, const TutorialItemData &record) const;
+    /// Takes the value over if the object has it. A value of another type gives 0, an empty
+    /// text or false. The result is whether the record now holds all that the object says of the field.
+    bool readJson(TutorialItemData &record, const QJsonObject &object) const;
 };

@@ -111,7 +111,8 @@ bool DataSupport::readFile(const QString &path, QByteArray &bytes)
 bool DataSupport::isDamaged(const QString &text, const QByteArray &bytes)
 {
     // Those that stand in the file itself are its text.
-    return text.count(QChar::ReplacementCharacter) > bytes.count("\xef\xbf\xbd");
+    return text.contains(QChar::ReplacementCharacter)
+        && text.count(QChar::ReplacementCharacter) > bytes.count("\xef\xbf\xbd");
 }
 
 bool DataSupport::writeFile(const QString &path, const QByteArray &bytes)

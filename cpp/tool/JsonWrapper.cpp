@@ -204,49 +204,6 @@ JsonWrapper &JsonWrapper::operator=(const QJsonValue &)
     errorHandler(QStringLiteral("= is applied for %1.").arg(kindName()));
 }
 
-QString JsonWrapper::getJsonString(const QVariant &value)
-{
-    switch (value.userType()) {
-    case QMetaType::Bool:
-        return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return value.toString();
-    case QMetaType::Double:
-        return QStringLiteral("%1").arg(value.toDouble(), 0, 'g', -1);
-    case QMetaType::QString:
-        return QStringLiteral("\"%1\"").arg(escapeJsonString(value.toString()));
-    case QMetaType::QVariantList: {
-        QStringList elements;
-        const QVariantList list = value.toList();
-        for (const QVariant &element : list)
-            elements.append(getJsonString(element));
-        return QStringLiteral("[ %1 ]").arg(elements.join(QStringLiteral(", ")));
-    }
-    case QMetaType::QVariantHash: {
-        QStringList entries;
-        const QVariantHash hash = value.toHash();
-        for (auto entry = hash.constBegin(); entry != hash.constEnd(); ++entry)
-            entries.append(QStringLiteral("%1: %2").arg(getJsonString(entry.key()), getJsonString(entry.value())));
-        return QStringLiteral("{ %1 }").arg(entries.join(QStringLiteral(", ")));
-    }
-    default:
-        Log::warning("cpp/tool", "JsonWrapper::getJsonString", __LINE__) << "Unknown type" << value;
-        return QStringLiteral("?");
-    }
-}
-
-QString JsonWrapper::escapeJsonString(const QString &text)
-{
-    // Qt writes `[\n    "` before the string and `"\n]\n` after it.
-    const int before = 7;
-    const int after = 4;
-    const QString json = documentText(QJsonDocument(QJsonArray{ text }), true);
-    return json.mid(before, json.size() - before - after);
-}
-
 void JsonWrapper::errorHandler(const QString &message)
 {
     Log::debug("cpp/tool", "JsonWrapper::errorHandler", __LINE__) << message;

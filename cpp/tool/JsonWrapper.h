@@ -85,6 +85,11 @@ public:
     /// The text with JSON's string escapes, without quotes round it.
     static QString escapeJsonString(const QString &text);
 
+    /// Appends the same text as that of getJsonString.
+    static void appendJson(QString &json, bool value);
+    static void appendJson(QString &json, int value);
+    static void appendJson(QString &json, const QString &value);
+
 private:
     [[noreturn]] static void errorHandler(const QString &message);
     [[noreturn]] static void errorHandler(const char *message);

@@ -104,6 +104,8 @@ void tst_Scenario::reads_data()
         "(1(0) 0 2)",
         "#1: what stands in it, for it is no folder|a (#0): another item has the same id|#2: the value of \"x\"|"
         "#2: the value of \"hint\"|#2: the value of \"showArrow\"");
+    row("[{\"id\":1,\"windowKey\":\"a\",\"followWindow\":7},{\"folder\":1,\"id\":2,\"jump\":1}]", "(1 2)",
+        "#1: the value of \"followWindow\"|#2: the value of \"folder\"");
     row("[{\"id\":1,\"name\":\"caf\xe9\"}]", "(1)", "Characters that are not UTF-8");
 }
 
@@ -239,6 +241,13 @@ void tst_Scenario::writesTheSameAfterARead()
     QCOMPARE(mManager->setContents(write(stored.toUtf8())), QStringList());
     QCOMPARE(mManager->getScenario(true), stored);
     QCOMPARE(mManager->getScenario(false), sent);
+    // Items hold one and the same text where they have the same key.
+    QHash<QString, const QChar *> keys;
+    for (const TutorialItemData *record : qAsConst(mManager->mData.mDataList)) {
+        if (!keys.contains(record->mWindowKey))
+            keys.insert(record->mWindowKey, record->mWindowKey.constData());
+        QCOMPARE(record->mWindowKey.constData(), keys.value(record->mWindowKey));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Scenario)

@@ -195,6 +195,12 @@ void tst_Tool::writesJsonText()
              QStringLiteral("{ \"\\\"\": [ 18446744073709551615, 0.1, [  ] ] }"));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Unknown type")));
     QCOMPARE(JsonWrapper::getJsonString(QVariant()), QStringLiteral("?"));
+    // With the escapes of Qt's own writer, for each code unit alone and before the second half of a pair.
+    QString units;
+    for (int unit = 0; unit <= 0xffff; ++unit)
+        (units += QChar(unit)) += unit % 3 ? QStringLiteral("a") : QString(QChar(0xdc00));
+    const QString array = QString::fromUtf8(QJsonDocument(QJsonArray{ units }).toJson(QJsonDocument::Compact));
+    QVERIFY(QLatin1Char('[') + JsonWrapper::getJsonString(units) + QLatin1Char(']') == array);
 }
 
 QTEST_GUILESS_MAIN(tst_Tool)

@@ -1,5 +1,7 @@
 #include "Tutorial/translation/TranslatableText.h"
 
+#include "tool/TextSearch.h"
+
 #include <QCoreApplication>
 
 namespace
@@ -118,7 +120,7 @@ Scanner::Expression Scanner::readPlainLiteral(int start)
 
 Scanner::Expression Scanner::readQsTr(int start)
 {
-    const int closing = mText.indexOf(kClosing, start + kClosingSearchStart);
+    const int closing = indexOfMarker(mText, kClosing, start + kClosingSearchStart);
     if (closing < 0) {
         const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not matched %1...%2: "));
         return fail(start, text.arg(kQsTr, kClosing));
@@ -129,7 +131,7 @@ Scanner::Expression Scanner::readQsTr(int start)
 
 Scanner::Expression Scanner::readNoop(int start)
 {
-    const int closing = mText.indexOf(kClosing, start + kClosingSearchStart);
+    const int closing = indexOfMarker(mText, kClosing, start + kClosingSearchStart);
     if (closing < 0) {
         const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not matched %1...%2: "));
         return fail(start, text.arg(kNoop, kClosing));
@@ -157,7 +159,7 @@ int Scanner::find(Separator &separator, int from) const
 {
     const bool passed = separator.position >= 0 && separator.position < from;
     if (!separator.known || passed) {
-        separator.position = mText.indexOf(separator.marker, from);
+        separator.position = indexOfMarker(mText, separator.marker, from);
         separator.known = true;
     }
     return separator.position;
@@ -183,21 +185,27 @@ void Scanner::readArguments(Expression &expression, int depth)
 QString replaceExpressions(const QString &text, const QLatin1String &marker, int skipped, const QString &context,
                            const TranslatableText::Translate &translate, QStringList &errors)
 {
+    int start = indexOfMarker(text, marker);
+    if (start < 0)
+        return text;
     Scanner scanner(text, context, translate, errors);
     QString result;
     result.reserve(text.size());
     int copied = 0;
-    for (int start = text.indexOf(marker); start >= 0; start = text.indexOf(marker, copied + skipped)) {
+    for (; start >= 0; start = indexOfMarker(text, marker, copied + skipped)) {
         const Scanner::Expression expression = scanner.read(start);
         result += text.midRef(copied, start - copied) + expression.literal;
         copied = expression.end;
     }
-    return result + text.midRef(copied);
+    result += text.midRef(copied);
+    return result;
 }
 } // namespace
 
 QString TranslatableText::escapeString(const QString &text)
 {
+    if (!text.contains(QLatin1Char('"')) && !text.contains(QLatin1Char('\\')))
+        return text;
     QString escaped;
     escaped.reserve(text.size());
     for (const QChar character : text) {
@@ -210,6 +218,8 @@ QString TranslatableText::escapeString(const QString &text)
 
 QString TranslatableText::unescapeString(const QString &text)
 {
+    if (!text.contains(QLatin1Char('\\')))
+        return text;
     QString unescaped;
     unescaped.reserve(text.size());
     for (int i = 0; i < text.size(); ++i) {
