@@ -5,6 +5,10 @@ import Morvi.kess 1.0
 /// request once, in order. A request that the page doesn't answer, because its
 /// script runs for ever or takes the page's process with it, is answered with
 /// an error, and the others go on in a new page.
+///
+/// The way to the page and back costs more than most conversions, so that
+/// requests that wait for each other take it together, as a batch. Those of a
+/// batch that was lost take it alone: one of them may be to blame.
 Item {
     id: service
 
@@ -14,7 +18,7 @@ Item {
     property bool ready: false
     /// Requests that wait, the oldest first.
     property var list: []
-    /// Requests that the page has and hasn't answered, the oldest first.
+    /// Batches that the page has and hasn't answered, the oldest first.
     property var running: []
     /// Lost pages in a row that answered nothing.
     property int failedPages: 0
@@ -27,6 +31,11 @@ Item {
     readonly property int maximumAttempts: 2
     /// With more of them, requests are answered with an error until a page is ready.
     readonly property int maximumFailedPages: 3
+    /// One batch can run while the answers of the one before are on their way.
+    readonly property int maximumRunning: 2
+    /// So that no answer waits long for those of its batch.
+    readonly property int maximumBatch: 32
+    readonly property int maximumBatchLength: 20000
     /// Times in milliseconds.
     readonly property int answerLimit: 10000
     readonly property int maximumAnswerLimit: 3600000
@@ -34,54 +43,71 @@ Item {
 
     function requestCoffeeJs(key, coffeeScript) {
         console.log("requestCoffeeJs:", key, coffeeScript);
-        var request = { "key": key, "source": coffeeScript, "attempts": 0, "begun": false };
-        if (!ready && failedPages > maximumFailedPages)
+        var request = { "key": key, "source": coffeeScript, "attempts": 0, "alone": false };
+        if (!ready && failedPages > maximumFailedPages) {
             refuse(request, "The conversion is not available.");
-        else if (!ready || list.length > 0)
-            list.push(request);
-        else
-            convert(request, function() {});
+            return;
+        }
+        list.push(request);
+        processList();
     }
 
     function processList() {
-        if (!ready || list.length === 0)
-            return;
-        convert(list[0], function() {
-            list.shift();
-            Qt.callLater(processList);
-        });
+        while (ready && list.length > 0 && running.length < maximumRunning)
+            convert({ "requests": takeBatch(), "begun": false });
     }
 
-    // `finish` is called once the page has answered, before the answer goes out.
-    function convert(request, finish) {
-        running.push(request);
+    function takeBatch() {
+        var count = 1;
+        var length = list[0].source.length;
+        if (list[0].alone)
+            return [list.shift()];
+        while (count < Math.min(list.length, maximumBatch) && !list[count].alone
+               && length + list[count].source.length <= maximumBatchLength)
+            length += list[count++].source.length;
+        return list.splice(0, count);
+    }
+
+    function convert(batch) {
+        running.push(batch);
         if (running.length === 1)
             watchOldest();
-        // The page takes scripts in turn: with this answer it is the source's turn.
+        // The page takes scripts in turn: with this answer it is the batch's turn.
         webEngineView.runJavaScript("0", function() {
-            request.begun = running.indexOf(request) >= 0;
-            if (running[0] === request)
+            batch.begun = running.indexOf(batch) >= 0;
+            if (running[0] === batch)
                 watchOldest();
         });
-        webEngineView.runJavaScript("convertCoffee(" + request.source + ")", function(result) {
-            var index = running.indexOf(request);
+        webEngineView.runJavaScript(scriptOf(batch.requests), function(result) {
+            var index = running.indexOf(batch);
             if (index < 0)
                 return;
             running.splice(index, 1);
             failedPages = 0;
             watchOldest();
-            finish();
-            answer(request.key, result);
+            var results = batch.requests.length === 1 ? [result] : result || [];
+            batch.requests.forEach(function(request, i) { answer(request.key, results[i]); });
+            processList();
         });
+    }
+
+    function scriptOf(requests) {
+        var calls = requests.map(function(request) { return "convertCoffee(" + request.source + ")"; });
+        if (calls.length === 1)
+            return calls[0];
+        // JSON allows these two in a text, scripts do only of late.
+        return "runEach(" + JSON.stringify(calls).replace(/\u2028/g, "\\u2028").replace(/\u2029/g, "\\u2029") + ")";
     }
 
     // The compiler's time grows with the square of the source. This is ten
     // times what 300 kB of the shortest usual lines take.
-    function limitFor(request) {
-        if (!request.begun)
+    function limitFor(batch) {
+        if (!batch.begun)
             return answerLimit;
-        var length = request.source.length;
-        return Math.min(answerLimit + 3e-5 * length * length, maximumAnswerLimit);
+        var squares = batch.requests.reduce(function(sum, request) {
+            return sum + request.source.length * request.source.length;
+        }, 0);
+        return Math.min(answerLimit + 3e-5 * squares, maximumAnswerLimit);
     }
 
     function watchOldest() {
@@ -109,27 +135,31 @@ Item {
             console.warn("conversion page:", reason);
         if (ready && Date.now() - readySince > answerLimit)
             failedPages = 0;
-        var lost = running;
+        var oldest = running[0];
+        var lost = running.reduce(function(requests, batch) { return requests.concat(batch.requests); }, []);
         running = [];
         answerTimer.stop();
         processTimer.stop();
         ready = false;
         viewLoader.running = false;
-        if (list.length > 0 && list[0] === lost[0])
-            list.shift();
-        var oldest = lost[0];
-        if (oldest && oldest.begun && (!processEnded || ++oldest.attempts >= maximumAttempts)) {
-            lost.shift();
-            failedPages = 0;
-            refuse(oldest, "The conversion did not end.");
-        }
-        lost.forEach(function(request) { request.begun = false; });
+        if (oldest && oldest.begun)
+            blame(oldest.requests, lost, processEnded);
         list = lost.concat(list);
         ++failedPages;
         if (failedPages > maximumFailedPages)
             refuseAll();
         restartTimer.interval = Math.min(50 * Math.pow(2, failedPages), maximumRestartDelay);
         restartTimer.start();
+    }
+
+    // Refuses a request that was alone, the first of the lost, where it is to blame.
+    function blame(requests, lost, processEnded) {
+        if (requests.length > 1) {
+            requests.forEach(function(request) { request.alone = true; });
+        } else if (!processEnded || ++requests[0].attempts >= maximumAttempts) {
+            failedPages = 0;
+            refuse(lost.shift(), "The conversion did not end.");
+        }
     }
 
     function refuseAll() {

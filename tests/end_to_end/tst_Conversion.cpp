@@ -134,6 +134,9 @@ void tst_Conversion::answersEachInOrder()
         { "(JSON.stringify = console.log = Array.prototype.push = Array.prototype.concat = "
           "String.prototype.replace = RegExp.prototype.exec = Object.create = null, 'a = 1')",
           kGood },
+        { "(eval = null, Object.defineProperty(Array.prototype, 1, {set: function() {}, "
+          "configurable: true}), 'a = 1')",
+          kGood },
         { "(Function.prototype.call = Function.prototype.apply = function() { return 7; }, 'a = 1')", kGood },
         { "(Object.defineProperty(Object.prototype, 'location', {get: function() { return {first_line: 8}; }, "
           "configurable: true}), Array = RegExp = Error = function() {}, 'a = 1')",
@@ -160,23 +163,31 @@ void tst_Conversion::answersEachInOrder()
                             + service.mFields.join(QLatin1Char(' '))));
 }
 
-// The page's process is given up once, and those that waited are answered by the next one. Three
-// programs wait for the time limit together.
+// The page's process is given up once, and those that waited are answered by the next one; where several
+// waited together, it takes a second page to find which of them doesn't end. The programs wait for the
+// time limit together.
 void tst_Conversion::sourcesThatNeverEnd()
 {
     Service endless;
     Service busyPage;
     Service large;
-    QVERIFY(endless.begin() && busyPage.begin() && large.begin());
+    Service together;
+    QVERIFY(endless.begin() && busyPage.begin() && large.begin() && together.begin());
+    const QString never = QStringLiteral("(function() { for (;;); })()");
+    together.request(1, kSource);
+    together.request(2, never);
+    together.request(3, QStringLiteral("7"));
+    together.request(4, kSource);
     // While the page is open.
     endless.request(1, kSource);
     QVERIFY(endless.answers(1));
 
-    endless.request(2, QStringLiteral("(function() { for (;;); })()"));
+    endless.request(2, never);
     endless.request(3, kSource);
     endless.request(4, QStringLiteral("7"));
     // What a source leaves in the page is not blamed on the next one.
     busyPage.request(1, QStringLiteral("(setTimeout(function() { for (;;); }, 0), 'a = 1')"));
+    QVERIFY(busyPage.answers(1));
     busyPage.request(2, kSource);
     // A large source is given more time than a small one.
     large.request(1,
@@ -187,8 +198,11 @@ void tst_Conversion::sourcesThatNeverEnd()
     QVERIFY(endless.answers(2, QLatin1String(kError)));
     QCOMPARE(endless.log().count(QLatin1String("no answer within")), 1);
     QVERIFY(endless.answers(3) && endless.answers(4, QLatin1String(kError)));
-    QVERIFY(busyPage.answers(1) && busyPage.answers(2));
+    QVERIFY(busyPage.answers(2));
     QVERIFY(large.answers(1));
+    QVERIFY(together.answers(1) && together.answers(2, QLatin1String(kError)));
+    QVERIFY(together.answers(3, QLatin1String(kError)) && together.answers(4));
+    QCOMPARE(together.log().count(QLatin1String("no answer within")), 2);
 }
 
 // However often pages are lost, each request is answered, in order, and a page that lasts serves again.
@@ -202,6 +216,18 @@ void tst_Conversion::pagesThatAreLost()
     killPages(program);
     service.request(1, kSource);
     QVERIFY(service.answers(1));
+
+    // Two are under way in the page, the others wait.
+    service.request(10,
+                    QStringLiteral("(function() { var end = Date.now() + 1000; while (Date.now() < end); "
+                                   "return 'a = 1'; })()"));
+    for (int key = 11; key < 15; ++key)
+        service.request(key, kSource);
+    QTRY_VERIFY(service.log().contains(QLatin1String("requestCoffeeJs: 14")));
+    killPages(program);
+    service.request(15, kSource);
+    for (int key = 10; key < 16; ++key)
+        QVERIFY2(service.answers(key), qPrintable(service.mFields.join(QLatin1Char(' '))));
 
     killPages(program);
     for (int key = 2; key < 5; ++key)
