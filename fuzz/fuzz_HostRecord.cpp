@@ -18,7 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     messages += reader.read(bytes.mid(cut));
     for (const QString &message : qAsConst(messages)) {
         const QStringList fields = HostMessages::split(message);
-        if (HostMessages::name(message) != fields.first())
+        if (HostMessages::isNamed(message, HostMessages::FromHost::kBye)
+            != (fields.first() == HostMessages::FromHost::kBye))
             std::abort();
         HostMessages::readStep(fields);
         HostMessages::readHostRect(fields);

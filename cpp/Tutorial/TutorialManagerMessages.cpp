@@ -51,7 +51,7 @@ void TutorialManager::onReceived(const QString &text)
 {
     const QStringList fields = split(text);
     if (isLogged(text))
-        Log::debug(kFolder, "TutorialManager::onReceived", __LINE__) << fields;
+        Log::debugTexts(kFolder, "TutorialManager::onReceived", __LINE__, fields);
     if (const MessageHandler handler = messageHandlers().value(fields.first()))
         (this->*handler)(fields);
 }

@@ -50,7 +50,7 @@ QString TutorialEventListModel::getTagStrippedText(const QString &text) const
 
 void TutorialEventListModel::readMessage(const QString &message)
 {
-    if (HostMessages::name(message) != FromHost::kEventLog)
+    if (!HostMessages::isNamed(message, FromHost::kEventLog))
         return;
     const QStringList fields = HostMessages::split(message);
     const QString kind = fields.value(1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDebug>
+#include <QStringList>
 
 /// The one form of the log statements of this program's classes: the folder of the source, the
 /// qualified name of the function and the line number, followed by the values of interest.
@@ -19,4 +20,8 @@ inline QDebug warning(const char *folder, const char *function, int line)
 {
     return QMessageLogger().warning() << folder << function << line;
 }
+
+/// The line of `debug(folder, function, line) << texts`, for what comes by the hundred thousand: it is put together
+/// without a stream.
+void debugTexts(const char *folder, const char *function, int line, const QStringList &texts);
 } // namespace Log

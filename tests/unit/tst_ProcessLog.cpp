@@ -1,5 +1,6 @@
 #include "../../main/ProcessLog.h"
 #include "support/FileBytes.h"
+#include "tool/Log.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -12,6 +13,7 @@ class tst_ProcessLog : public QObject
 
 private Q_SLOTS:
     void writesLinesAtOnceUntilItIsClosed();
+    void writesTextsAsAStreamDoes();
 };
 
 void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
@@ -48,6 +50,29 @@ void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
     restart();
     qWarning("no folder");
     QCOMPARE(forwarded, 1);
+    qInstallMessageHandler(nullptr);
+}
+
+void tst_ProcessLog::writesTextsAsAStreamDoes()
+{
+    static QStringList lines;
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &message) { lines.append(message); });
+    const QStringList texts = { QString(),
+                                QStringLiteral("plain ~!"),
+                                QStringLiteral("\"\\"),
+                                QString::fromUtf8("次😀\x7f"),
+                                QString(QChar(0xd800)),
+                                QString(QChar(0))
+                                    + QStringLiteral("\x1b[0m\n\t\x01"
+                                                     "f") };
+    for (const QStringList &list : { texts, QStringList(QString()), QStringList() }) {
+        lines.clear();
+        Log::debug("cpp/folder", "Class::function", 7) << list;
+        Log::debugTexts("cpp/folder", "Class::function", 7, list);
+        QCOMPARE(lines.size(), 2);
+        QCOMPARE(lines.at(1), lines.at(0));
+    }
     qInstallMessageHandler(nullptr);
 }
 

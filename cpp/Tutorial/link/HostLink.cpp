@@ -55,7 +55,7 @@ void HostLink::onReadyRead()
     mSilenceTicks = 0;
     const QStringList messages = mReader.read(mSocket->readAll());
     for (const QString &message : messages) {
-        if (HostMessages::name(message) == HostMessages::FromHost::kBye) {
+        if (HostMessages::isNamed(message, HostMessages::FromHost::kBye)) {
             mReader.clear();
             Q_EMIT bye();
             return;

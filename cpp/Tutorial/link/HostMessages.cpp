@@ -22,9 +22,9 @@ QString HostMessages::join(const QStringList &fields)
     return fields.join(kFieldSeparator);
 }
 
-QString HostMessages::name(const QString &message)
+bool HostMessages::isNamed(const QString &message, QLatin1String name)
 {
-    return message.left(message.indexOf(kFieldSeparator));
+    return message.startsWith(name) && (message.size() == name.size() || message.at(name.size()) == kFieldSeparator);
 }
 
 QString HostMessages::text(const QStringList &fields, int index)

@@ -186,8 +186,8 @@ constexpr QLatin1String kFeedbackPresetData = word("feedbackPresetData");
 QStringList split(const QString &message);
 QString join(const QStringList &fields);
 
-/// The name of a message: its first field.
-QString name(const QString &message);
+/// Whether that is the message's name, its first field.
+bool isNamed(const QString &message, QLatin1String name);
 
 QString text(const QStringList &fields, int index);
 int number(const QStringList &fields, int index);

@@ -13,5 +13,6 @@ QStringList HostRecord::splitMessages(const QByteArray &recordText)
 {
     if (recordText.isEmpty())
         return QStringList();
-    return QString::fromUtf8(recordText).split(QLatin1Char(kMessageStart));
+    const QString text = QString::fromUtf8(recordText);
+    return recordText.contains(kMessageStart) ? text.split(QLatin1Char(kMessageStart)) : QStringList(text);
 }
