@@ -3,7 +3,6 @@ import QtQuick.Controls 1.4
 import QtQuick.Window 2.2
 import Qt.labs.settings 1.0
 import Morvi.kess 1.0
-import "Controls"
 
 /// The root of both modes. In the guidance mode it carries nothing but the
 /// conversion service; in the authoring mode it is the tutorial editor.
@@ -17,10 +16,12 @@ ApplicationWindow {
     /// The context menu of the list that has the focus, or null: whatever has the
     /// members that the menu bar forwards to.
     property var activeMenu: null
-    property alias debugText: debugPanel.debugText
+    /// What the window opens. The guidance mode has it only once it is asked for.
+    readonly property Item parts: partsLoader.item
+    readonly property Item debugText: parts ? parts.debugText : null
     /// The TutorialSettingItem. By its type the guidance mode would load it too.
     readonly property Item settingScreen: settingLoader.item
-    readonly property alias messages: messageBoxes
+    readonly property Item messages: parts ? parts.messages : null
     /// Where the keys go while the menu bar does not have them.
     property Item typingItem: null
     // Read by the platform when the window is shown: in the guidance mode the
@@ -36,14 +37,19 @@ ApplicationWindow {
         conversionService.processList();
     }
 
+    function loadedParts() {
+        partsLoader.active = true;
+        return partsLoader.item;
+    }
+
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
     function checkSaveTutorial(callback) {
-        tutorialFile.checkSave(callback);
+        loadedParts().file.checkSave(callback);
     }
 
     function openTutorial() {
-        tutorialFile.open();
+        loadedParts().file.open();
     }
 
     function reloadTutorial() {
@@ -85,7 +91,7 @@ ApplicationWindow {
     /// a failure is shown here.
     function saveTutorialAnd(callback) {
         if (commitEditing())
-            tutorialFile.save("", callback);
+            loadedParts().file.save("", callback);
         else
             callback(false);
     }
@@ -127,15 +133,15 @@ ApplicationWindow {
     }
 
     function showMessage(caption, callback, container) {
-        messageBoxes.showMessage(caption, callback, container);
+        loadedParts().messages.showMessage(caption, callback, container);
     }
 
     function alert(message, callback, container) {
-        messageBoxes.alert(message, callback, container);
+        loadedParts().messages.alert(message, callback, container);
     }
 
     function confirm(title, text, callback, container) {
-        messageBoxes.confirm(title, text, callback, container);
+        loadedParts().messages.confirm(title, text, callback, container);
     }
 
     function showEventDialog() {
@@ -155,7 +161,7 @@ ApplicationWindow {
             width = Math.min(966, Screen.desktopAvailableWidth - 16);
         if (height === 1)
             height = Math.min(788, Screen.desktopAvailableHeight - 80);
-        menuBar = menuBarComponent.createObject(applicationWindow);
+        menuBar = loadedParts().makeMenuBar();
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
         updateSettings();
@@ -245,34 +251,11 @@ ApplicationWindow {
         onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
     }
 
-    DebugPanel {
-        id: debugPanel
-        x: 400
-        width: parent.width - 400
-        height: parent.height
-    }
-
-    Messages {
-        id: messageBoxes
-    }
-
-    TutorialFile {
-        id: tutorialFile
-        window: applicationWindow
-    }
-
-    LicenseWindow {
-        id: licenseWindow
-    }
-
-    Component {
-        id: menuBarComponent
-
-        ApplicationMenuBar {
-            window: applicationWindow
-            onLicenseRequested: licenseWindow.show()
-            onEventDialogRequested: applicationWindow.showEventDialog()
-        }
+    Loader {
+        id: partsLoader
+        anchors.fill: parent
+        active: applicationWindow.authoring
+        source: "WindowParts.qml"
     }
 
     // A close from inside the handler of the closing would have no effect.

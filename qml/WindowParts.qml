@@ -1,0 +1,47 @@
+import QtQuick 2.9
+import QtQuick.Controls 1.4
+
+/// What the application window opens: its menus, message boxes and dialogs.
+/// Apart from it, so that the link of the guidance mode doesn't wait for them.
+Item {
+    id: root
+
+    readonly property ApplicationWindow window: applicationWindow
+    readonly property alias messages: messageBoxes
+    readonly property alias file: tutorialFile
+    readonly property alias debugText: debugPanel.debugText
+
+    function makeMenuBar() {
+        return menuBarComponent.createObject(window);
+    }
+
+    DebugPanel {
+        id: debugPanel
+        x: 400
+        width: parent.width - 400
+        height: parent.height
+    }
+
+    Messages {
+        id: messageBoxes
+    }
+
+    TutorialFile {
+        id: tutorialFile
+        window: root.window
+    }
+
+    LicenseWindow {
+        id: licenseWindow
+    }
+
+    Component {
+        id: menuBarComponent
+
+        ApplicationMenuBar {
+            window: root.window
+            onLicenseRequested: licenseWindow.show()
+            onEventDialogRequested: root.window.showEventDialog()
+        }
+    }
+}
