@@ -1,4 +1,4 @@
-// usage: scripts/with-x -- node bench/process.js <build folder> [--json <file>] [--idle <seconds>]
+// usage: scripts/with-x -- node bench/process.js <build folder> [--json <file>] [--idle <seconds>] [--only <rows,...>]
 //
 // What the program costs as a process beside its host editor, each figure next
 // to the least that a process of the same toolkit needs: from its start to the
@@ -11,7 +11,9 @@ const net = require("net");
 const os = require("os");
 const path = require("path");
 
-const starts = 5;
+const { FromHost, ToHost, encode, socketPath } = require("./hostMessages.js");
+
+const rounds = 5;
 const messageCounts = [1000, 10000, 100000];
 
 const folder = path.resolve(process.argv[2]);
@@ -22,16 +24,13 @@ const option = (name, standard) => {
 const idleSeconds = Number(option("--idle", 10));
 const jsonFile = option("--json", "");
 
-const subjects = {
-    "": suffix => [path.join(folder, "bin", "trelvane"), suffix],
-    Floor: suffix => [path.join(folder, "bin", "trelvane_floor"), "application", suffix],
-    FloorWindow: suffix => [path.join(folder, "bin", "trelvane_floor"), "window", suffix]
-};
+const program = suffix => [path.join(folder, "bin", "trelvane"), suffix];
+const floor = (...words) => suffix => [path.join(folder, "bin", "trelvane_floor"), suffix, ...words];
 
 const rows = [];
 function report(name, size, value, unit) {
     rows.push({ name, size, value: Number(value.toPrecision(4)), unit });
-    console.log(`${name.padEnd(32)} ${String(size).padStart(7)} ${value.toFixed(2).padStart(12)} ${unit}`);
+    console.log(name, size, value.toFixed(2), unit);
 }
 
 const median = values => values.sort((a, b) => a - b)[values.length >> 1];
@@ -77,11 +76,11 @@ class Subject {
         this.processor = processorTime([program.pid]);
         this.answered = () => {};
         socket.on("data", bytes => {
-            if (bytes.includes("tutorialList"))
+            if (bytes.includes(ToHost.kTutorialList))
                 this.answered();
         });
         socket.on("error", () => {});
-        this.alive = setInterval(() => this.send("alive"), 1000);
+        this.alive = setInterval(() => this.send(FromHost.kAlive), 1000);
     }
 
     static async start(command) {
@@ -90,7 +89,7 @@ class Subject {
         fs.mkdirSync(path.join(home, "Harnwick", "Trelvane"), { recursive: true });
         const suffix = `-bench-${process.pid}`;
         const server = net.createServer();
-        await new Promise(resolve => server.listen(path.join(os.tmpdir(), `qelm${suffix}`), resolve));
+        await new Promise(resolve => server.listen(socketPath(suffix), resolve));
         const begin = milliseconds();
         const [file, ...args] = command(suffix);
         const program = spawn(file, args, {
@@ -107,15 +106,21 @@ class Subject {
     }
 
     send(...fields) {
-        this.socket.write(`0\x02${fields.join("\x01")}\0`);
+        this.socket.write(encode(...fields));
     }
 
     // Everything sent before has been handled once this is answered.
     settle() {
         return new Promise(resolve => {
             this.answered = resolve;
-            this.send("tutorialList");
+            this.send(FromHost.kTutorialList);
         });
+    }
+
+    // What the start leaves to do later, as the page, is no part of what follows.
+    async rest() {
+        await this.settle();
+        await wait(5);
     }
 
     async end() {
@@ -127,74 +132,73 @@ class Subject {
     }
 }
 
-async function measureStart(name, command) {
-    const connected = [];
-    const processor = [];
-    for (let i = 0; i < starts; ++i) {
+async function measureStarts() {
+    const subjects = { "": program, Floor: floor(), FloorWindow: floor("window") };
+    const times = {};
+    // They take turns, so that what else the machine does falls on all.
+    for (let i = 0; i < rounds; ++i) {
+        for (const [name, command] of Object.entries(subjects)) {
+            const subject = await Subject.start(command);
+            (times[`startToConnection${name}`] = times[`startToConnection${name}`] || []).push(subject.connected);
+            (times[`startProcessor${name}`] = times[`startProcessor${name}`] || []).push(subject.processor);
+            await subject.end();
+        }
+    }
+    for (const [name, values] of Object.entries(times))
+        report(name, 1, median(values), "ms");
+}
+
+async function measureMessages() {
+    const subjects = { "": program, Floor: floor(), FloorLog: floor("log") };
+    for (const [name, command] of Object.entries(subjects)) {
         const subject = await Subject.start(command);
-        connected.push(subject.connected);
-        processor.push(subject.processor);
+        await subject.rest();
+        for (const count of messageCounts) {
+            const records = Array.from({ length: count }, (_, i) =>
+                encode(FromHost.kWindowPosition, `key${i % 50}`, i % 1280, i % 1024)).join("");
+            const times = [];
+            for (let i = 0; i < rounds; ++i) {
+                const before = processorTime([subject.program.pid]);
+                subject.socket.write(records);
+                await subject.settle();
+                times.push(processorTime([subject.program.pid]) - before);
+            }
+            report(`messages${name}`, count, 1000 * count / median(times), "/s");
+        }
         await subject.end();
     }
-    report(`startToConnection${name}`, 1, median(connected), "ms");
-    report(`startProcessor${name}`, 1, median(processor), "ms");
 }
 
-async function measureMessages(name, command) {
-    const subject = await Subject.start(command);
-    // The first page and the screens are no part of the link.
-    await subject.settle();
-    await wait(5);
-    for (const count of messageCounts) {
-        let records = "";
-        for (let i = 0; i < count; ++i)
-            records += `0\x02windowPosition\x01key${i % 50}\x01${i % 1280}\x01${i % 1024}\0`;
-        const times = [];
-        for (let i = 0; i < 5; ++i) {
-            const before = processorTime([subject.program.pid]);
-            subject.socket.write(records);
-            await subject.settle();
-            times.push(processorTime([subject.program.pid]) - before);
-        }
-        report(`messages${name}`, count, median(times), "ms");
-    }
-    await subject.end();
-}
-
-async function idle(name, pid) {
-    const before = processorTime(treeOf(pid));
+async function idle(name, subject) {
+    const before = processorTime(treeOf(subject.program.pid));
     await wait(idleSeconds);
-    const after = treeOf(pid);
-    report(name, 1, (processorTime(after) - before) / idleSeconds / 10, "% of a core");
-    report(`${name}Memory`, after.length, memory(after), "MiB");
+    const after = treeOf(subject.program.pid);
+    report(`idle${name}`, 1, (processorTime(after) - before) / idleSeconds / 10, "%");
+    report(`idleMemory${name}`, 1, memory(after), "MiB");
 }
 
-async function measureIdle(name, command) {
-    const subject = await Subject.start(command);
-    await subject.settle();
-    await wait(5);
-    await idle(`idle${name}`, subject.program.pid);
-    if (name === "") {
-        subject.send("start", 0, 0, 800, 600);
-        subject.send("indicator", "update", 200, 200, "", "A hint", 7, 0);
-        await wait(2);
-        await idle("idleGuidance", subject.program.pid);
+async function measureIdle() {
+    const subjects = { "": program, Floor: floor(), FloorTimers: floor("timers") };
+    for (const [name, command] of Object.entries(subjects)) {
+        const subject = await Subject.start(command);
+        await subject.rest();
+        await idle(name, subject);
+        if (command === program) {
+            subject.send(FromHost.kStart, 0, 0, 800, 600);
+            subject.send(FromHost.kIndicator, FromHost.kUpdate, 200, 200, "", "A hint", 7, 0);
+            await wait(2);
+            await idle("Guiding", subject);
+        }
+        await subject.end();
     }
-    await subject.end();
 }
 
 async function main() {
-    const which = option("--only", "start,messages,idle").split(",");
-    for (const [name, command] of Object.entries(subjects)) {
-        if (which.includes("start"))
-            await measureStart(name, command);
-        if (which.includes("messages") && name !== "FloorWindow")
-            await measureMessages(name, command);
-        if (which.includes("idle") && idleSeconds > 0)
-            await measureIdle(name, command);
-    }
+    const all = { start: measureStarts, messages: measureMessages, idle: measureIdle };
+    for (const name of option("--only", Object.keys(all).join(",")).split(","))
+        await all[name]();
     if (jsonFile)
-        fs.writeFileSync(jsonFile, JSON.stringify(rows, null, 1) + "\n");
+        fs.writeFileSync(jsonFile, JSON.stringify(rows, null, 1));
 }
 
 main().catch(error => {
