@@ -44,11 +44,15 @@ void splitRecordsFloorCopyBytes(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// One record of that many KiB that comes in many reads.
+/// One record of so many times 640 bytes, which comes in many reads. The largest is about what a record may have.
+QByteArray longRecord(const benchmark::State &state)
+{
+    return HostRecord::encode(HostRecord::kFromHost, QString(static_cast<int>(state.range(0)) * 640, QLatin1Char('a')));
+}
+
 void joinLongRecord(benchmark::State &state)
 {
-    const QByteArray stream =
-        HostRecord::encode(HostRecord::kFromHost, QString(static_cast<int>(state.range(0)) * 1024, QLatin1Char('a')));
+    const QByteArray stream = longRecord(state);
     for (auto _ : state) {
         HostRecordReader reader(HostRecord::kFromHost);
         for (int position = 0; position < stream.size(); position += kReadSize)
@@ -57,21 +61,52 @@ void joinLongRecord(benchmark::State &state)
     state.SetBytesProcessed(state.iterations() * stream.size());
 }
 
-void dispatch(benchmark::State &state)
+void joinLongRecordFloorDecode(benchmark::State &state)
 {
-    TutorialManager manager(nullptr, nullptr);
+    const QByteArray stream = longRecord(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QString::fromUtf8(stream));
+    state.SetBytesProcessed(state.iterations() * stream.size());
+}
+
+QStringList sampleMessages(const benchmark::State &state)
+{
     QStringList messages;
     for (int i = 0; i < state.range(0); ++i)
         messages.append(sampleMessage(i));
+    return messages;
+}
+
+void dispatch(benchmark::State &state)
+{
+    TutorialManager manager(nullptr, nullptr);
+    const QStringList messages = sampleMessages(state);
     for (auto _ : state) {
-        for (const QString &message : qAsConst(messages))
+        for (const QString &message : messages)
             manager.onReceived(message);
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
+
+void dispatchFloorSplit(benchmark::State &state)
+{
+    const QStringList messages = sampleMessages(state);
+    for (auto _ : state) {
+        for (const QString &message : messages)
+            benchmark::DoNotOptimize(HostMessages::split(message));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void sizes(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
+}
 } // namespace
 
-BENCHMARK(splitRecords)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(splitRecordsFloorCopyBytes)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(joinLongRecord)->Arg(1024)->Arg(8192)->Unit(benchmark::kMillisecond);
-BENCHMARK(dispatch)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(splitRecords)->Apply(sizes);
+BENCHMARK(splitRecordsFloorCopyBytes)->Apply(sizes);
+BENCHMARK(joinLongRecord)->Apply(sizes);
+BENCHMARK(joinLongRecordFloorDecode)->Apply(sizes);
+BENCHMARK(dispatch)->Apply(sizes);
+BENCHMARK(dispatchFloorSplit)->Apply(sizes);
