@@ -134,7 +134,8 @@ void writeTranslations(benchmark::State &state)
 }
 } // namespace
 
-#define TRELVANE_BENCHMARK(function) BENCHMARK(function)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)
+#define TRELVANE_BENCHMARK(function) \
+    BENCHMARK(function)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)
 TRELVANE_BENCHMARK(load);
 TRELVANE_BENCHMARK(loadFloorParseJson);
 TRELVANE_BENCHMARK(translate);

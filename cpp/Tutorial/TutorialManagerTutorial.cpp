@@ -70,9 +70,10 @@ void TutorialManager::loadAndFeedback(const QString &name)
 void TutorialManager::startFromId(int id)
 {
     QStringList errors;
-    const QString array =
+    QString scenario =
         applyTranslationToText(ScenarioText::removeAssignment(mEditorManager->getScenario(false)), errors);
-    const QString scenario = QLatin1String("var scenario = ") + array + QLatin1Char(';');
+    scenario.prepend(QLatin1String("var scenario = "));
+    scenario += QLatin1Char(';');
     sendMessage(HostMessages::message(HostMessages::ToHost::kStart, scenario, id));
 }
 

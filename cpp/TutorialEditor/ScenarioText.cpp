@@ -93,10 +93,11 @@ QString ScenarioText::findUnreadable(const QString &text)
     return QString();
 }
 
-QString ScenarioText::addAssignment(const QString &arrayText)
+QString ScenarioText::addAssignment(QString arrayText)
 {
-    int size = arrayText.size();
-    while (size > 0 && (arrayText.at(size - 1) == QLatin1Char('\n') || arrayText.at(size - 1) == QLatin1Char('\r')))
-        --size;
-    return QStringLiteral("var scenario = ") + arrayText.leftRef(size) + QLatin1Char(';');
+    while (arrayText.endsWith(QLatin1Char('\n')) || arrayText.endsWith(QLatin1Char('\r')))
+        arrayText.chop(1);
+    arrayText += QLatin1Char(';');
+    arrayText.prepend(QLatin1String("var scenario = "));
+    return arrayText;
 }

@@ -24,5 +24,5 @@ QString removeAssignment(QString text, const QString &variable = QStringLiteral(
 QString findUnreadable(const QString &text);
 
 /// The assignment of the array, which loses the line ends at its end.
-QString addAssignment(const QString &arrayText);
+QString addAssignment(QString arrayText);
 } // namespace ScenarioText
