@@ -170,7 +170,7 @@ void TutorialManager::clearMimeData()
 
 void TutorialManager::setMimeData(const QString &mimeType, const QByteArray &data)
 {
-    Log::debug(kFolder, "TutorialManager::setMimeData", __LINE__) << mimeType << QString::fromUtf8(data);
+    Log::debugEachText(kFolder, "TutorialManager::setMimeData", __LINE__, { mimeType, QString::fromUtf8(data) });
     mMimeData.clear();
     mMimeData.setData(mimeType, data);
     setMimeType(mimeType);

@@ -20,9 +20,29 @@ QString label(const QJsonObject &item)
 }
 } // namespace
 
-void LoadLosses::inspect(const QJsonValue &element, bool valuesKept)
+void LoadLosses::inspectKept(const QJsonValue &element, const QList<int> &ids)
 {
-    mValuesKept = valuesKept;
+    int newCount = 0;
+    while (newCount < ids.size() && addId(ids.at(newCount)))
+        ++newCount;
+    if (newCount == ids.size()) {
+        ++mCount;
+        return;
+    }
+    for (int i = 0; i < newCount; ++i)
+        mIds.remove(ids.at(i));
+    inspect(element);
+}
+
+bool LoadLosses::addId(int id)
+{
+    const int count = mIds.size();
+    mIds.insert(id);
+    return mIds.size() > count;
+}
+
+void LoadLosses::inspect(const QJsonValue &element)
+{
     const int before = mLines.size();
     if (inspect(element, nullptr, mCount++))
         return;
@@ -46,13 +66,10 @@ bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int pos
     }
     const QJsonObject item = element.toObject();
     const Place place{ item, parent };
-    const int id = item.value(QLatin1String("id")).toInt();
     // Where two items share an id, the first one's record stands for both.
-    if (mIds.contains(id))
+    if (!addId(item.value(QLatin1String("id")).toInt()))
         mLines.append(Manager::tr("%1: another item has the same id").arg(path(&place)));
-    mIds.insert(id);
-    if (!mValuesKept)
-        inspectValues(place);
+    inspectValues(place);
 
     const auto entry = item.constFind(kChildrenKey);
     if (entry == item.constEnd())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QList>
 #include <QSet>
 #include <QStringList>
 
@@ -9,9 +10,11 @@
 class LoadLosses
 {
 public:
-    /// Looks at the next element of the file's array, as the reader does; at the values of its items
-    /// only where the reader has not kept them all.
-    void inspect(const QJsonValue &element, bool valuesKept);
+    /// Looks at the next element of the file's array, as the reader does.
+    void inspect(const QJsonValue &element);
+    /// The same for an element that the document holds as it is, unless one of the ids of its items
+    /// is another's, too.
+    void inspectKept(const QJsonValue &element, const QList<int> &ids);
 
     /// A line for each loss, for the user.
     const QStringList &lines() const { return mLines; }
@@ -25,12 +28,12 @@ private:
     };
     static QString path(const Place *place);
 
+    bool addId(int id);
     bool inspect(const QJsonValue &element, const Place *parent, int position);
     void inspectValues(const Place &place);
 
     QStringList mLines;
     QSet<int> mIds;
     int mCount = 0;
-    bool mValuesKept = false;
     QString mUnreadable; // the place that makes the reader leave out the whole element
 };

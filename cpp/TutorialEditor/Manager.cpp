@@ -12,7 +12,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextStream>
+#include <QSet>
+#include <QTextCodec>
 
 #include <algorithm>
 
@@ -27,16 +28,28 @@ QByteArray hashOf(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md4); // the fastest of Qt's
 }
 
+/// As a text stream reads it, at once: what a byte order mark says, else UTF-8; a character cut short at the end is
+/// left out.
 QString decoded(const QByteArray &bytes)
 {
-    QTextStream stream(bytes);
-    stream.setCodec("UTF-8");
-    return stream.readAll();
+    const QTextCodec *codec = QTextCodec::codecForUtfText(bytes, QTextCodec::codecForName("UTF-8"));
+    QTextCodec::ConverterState state;
+    return codec->toUnicode(bytes.constData(), bytes.size(), &state);
 }
 
 bool isBlank(const QString &text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar character) { return character.isSpace(); });
+}
+
+/// Most items have the key, the condition and the icon of others, and one hint for both languages where only one is
+/// known. Texts holds one of each.
+void shareTexts(TutorialItemData &record, QSet<QString> &texts)
+{
+    for (QString *text : { &record.mWindowKey, &record.mCondition, &record.mIcon, &record.mCommand })
+        *text = *texts.insert(*text);
+    if (record.mHint2 == record.mHint)
+        record.mHint2 = record.mHint;
 }
 } // namespace
 
@@ -122,24 +135,18 @@ bool Manager::readItems(const QString &arrayText)
             TreeItem<TutorialItemData>::createFromJson(element, &mData.mDataList, &kept));
         if (item)
             mData.mRoot.mChildren.append(*item);
-        shareTexts(firstRecord, texts);
-        losses.inspect(element.toValue(), item && kept);
+        QList<int> ids;
+        for (int record = firstRecord; record < mData.mDataList.size(); ++record) {
+            shareTexts(*mData.mDataList.at(record), texts);
+            ids.append(mData.mDataList.at(record)->mId);
+        }
+        if (item && kept)
+            losses.inspectKept(element.toValue(), ids);
+        else
+            losses.inspect(element.toValue());
     }
     mLeftOut = losses.lines();
     return true;
-}
-
-void Manager::shareTexts(int firstRecord, QSet<QString> &texts)
-{
-    // Most items have the key, the condition and the icon of others, and the hint of both languages is the same where
-    // only one is known.
-    for (int i = firstRecord; i < mData.mDataList.size(); ++i) {
-        TutorialItemData &record = *mData.mDataList.at(i);
-        for (QString *text : { &record.mWindowKey, &record.mCondition, &record.mIcon, &record.mCommand })
-            *text = *texts.insert(*text);
-        if (record.mHint2 == record.mHint)
-            record.mHint2 = record.mHint;
-    }
 }
 
 void Manager::fillInNames()
@@ -160,7 +167,7 @@ void Manager::fillInNames()
 QString Manager::save()
 {
     const QString text = getScenario(true);
-    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << mFilename << text;
+    Log::debugEachText(kFolder, "TutorialEditor::Manager::save", __LINE__, { mFilename, text });
     if (mFilename.isEmpty())
         return tr("Tutorial not loaded yet.");
     // What could not be read is not in the document, so that writing the document would empty the
@@ -188,7 +195,7 @@ bool Manager::isChangedOnDisk() const
 
 void Manager::save(const QString &text)
 {
-    Log::debug(kFolder, "TutorialEditor::Manager::save", __LINE__) << mFilename << text;
+    Log::debugEachText(kFolder, "TutorialEditor::Manager::save", __LINE__, { mFilename, text });
     if (mFilename.isEmpty())
         return;
     const bool saved = DataSupport::writeFile(mFilename, ScenarioText::addAssignment(text).toUtf8());

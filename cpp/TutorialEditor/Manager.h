@@ -4,7 +4,6 @@
 #include "model/TutorialItemData.h"
 
 #include <QObject>
-#include <QSet>
 #include <QStringList>
 
 #include <memory>
@@ -82,7 +81,6 @@ private:
     };
 
     bool readItems(const QString &arrayText);
-    void shareTexts(int firstRecord, QSet<QString> &texts);
     void fillInNames();
     void replaceDocument();
     void dropRecords();

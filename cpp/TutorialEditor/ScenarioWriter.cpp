@@ -79,7 +79,7 @@ QString Manager::getScenario(bool forSaving) const
 {
     QString text;
     getJsonText(0, mData.mRoot, mData, text, forSaving);
-    Log::debug(kFolder, "TutorialEditor::Manager::getScenario", __LINE__) << mFilename << text;
+    Log::debugEachText(kFolder, "TutorialEditor::Manager::getScenario", __LINE__, { mFilename, text });
     return ScenarioText::addAssignment(std::move(text));
 }
 } // namespace TutorialEditor

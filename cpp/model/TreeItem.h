@@ -33,7 +33,7 @@ public:
     /// A subtree from JSON, owned by the caller, with its records appended to dataList, parents
     /// before children. Null with a warning in the log when the JSON is no object; the records that
     /// were read until then stay in dataList. Kept becomes false where a record lacks what a key of one of its
-    /// fields says.
+    /// fields says, and where a node that is no folder has children.
     static TreeItem<T> *createFromJson(const JsonWrapper &json, QList<T *> *dataList, bool *kept = nullptr);
 
     /// Calls visit for this node and then for all below it, parents before children.
@@ -137,6 +137,8 @@ bool TreeItem<T>::read(const JsonWrapper &json, TreeItem<T> &item, QList<T *> &d
         return true;
     const JsonWrapper list(*children);
     item.mChildren.reserve(list.length());
+    if (kept && !item.mFolder && list.length() > 0)
+        *kept = false;
     const QJsonArray elements = list.toArray();
     for (const QJsonValue &element : elements) {
         item.mChildren.append(TreeItem<T>());

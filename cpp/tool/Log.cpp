@@ -10,30 +10,111 @@ bool isPlain(QChar character)
         && character != QLatin1Char('\\');
 }
 
-/// A stream escapes character by character; most texts have nothing to escape.
+/// The escape with one letter after the backslash, or a null character for what has none.
+QChar escapeLetter(QChar character)
+{
+    switch (character.unicode()) {
+    case '"':
+    case '\\':
+        return character;
+    case '\n':
+        return QLatin1Char('n');
+    default:
+        return QChar();
+    }
+}
+
+/// What a stream makes of a character that has a longer escape, or a rare one.
+QString escaped(const QString &character)
+{
+    QString quoted;
+    QDebug(&quoted).nospace() << character;
+    return quoted.mid(1, quoted.size() - 2);
+}
+
+bool isPrintable(const QString &text, int position, int size)
+{
+    if (size == 2)
+        return QChar::isPrint(QChar::surrogateToUcs4(text.at(position), text.at(position + 1)));
+    return text.at(position) > QLatin1Char('~') && text.at(position).isPrint();
+}
+
+/// Appends the text as a stream does, which writes one of many lines piece by piece.
 void appendQuoted(QString &line, const QString &text)
 {
-    if (std::all_of(text.begin(), text.end(), isPlain)) {
-        line += QLatin1Char('"');
-        line += text;
-        line += QLatin1Char('"');
-    } else {
-        QString quoted;
-        QDebug(&quoted).nospace() << text;
-        line += quoted;
+    line += QLatin1Char('"');
+    const int start = line.size();
+    // Room for a backslash before each character; longer escapes make more.
+    line.resize(start + 2 * text.size());
+    QChar *out = line.data() + start;
+    int size = 1;
+    for (int position = 0; position < text.size(); position += size) {
+        const QChar character = text.at(position);
+        size = 1;
+        if (isPlain(character)) {
+            *out++ = character;
+            continue;
+        }
+        const QChar letter = escapeLetter(character);
+        if (!letter.isNull()) {
+            *out++ = QLatin1Char('\\');
+            *out++ = letter;
+            continue;
+        }
+        if (character.isHighSurrogate() && position + 1 < text.size() && text.at(position + 1).isLowSurrogate())
+            size = 2;
+        if (isPrintable(text, position, size)) {
+            out = std::copy_n(text.begin() + position, size, out);
+            continue;
+        }
+        const QString escape = escaped(text.mid(position, size));
+        const auto used = out - line.data();
+        line.resize(line.size() + escape.size());
+        out = std::copy(escape.begin(), escape.end(), line.data() + used);
+    }
+    line.truncate(static_cast<int>(out - line.data()));
+    line += QLatin1Char('"');
+}
+
+/// The start of a line that holds the texts.
+QString begin(const char *folder, const char *function, int line, const QStringList &texts)
+{
+    int size = 128;
+    for (const QString &text : texts)
+        size += 2 * text.size() + 4;
+    QString message;
+    message.reserve(size);
+    message += QLatin1String(folder);
+    message += QLatin1Char(' ');
+    message += QLatin1String(function);
+    message += QLatin1Char(' ');
+    message += QString::number(line);
+    message += QLatin1Char(' ');
+    return message;
+}
+
+void append(QString &message, const QStringList &texts, const QLatin1String &separator)
+{
+    for (int i = 0; i < texts.size(); ++i) {
+        if (i > 0)
+            message += separator;
+        appendQuoted(message, texts.at(i));
     }
 }
 } // namespace
 
 void Log::debugTexts(const char *folder, const char *function, int line, const QStringList &texts)
 {
-    QString message = QLatin1String(folder) + QLatin1Char(' ') + QLatin1String(function) + QLatin1Char(' ')
-        + QString::number(line) + QLatin1String(" (");
-    for (int i = 0; i < texts.size(); ++i) {
-        if (i > 0)
-            message += QLatin1String(", ");
-        appendQuoted(message, texts.at(i));
-    }
+    QString message = begin(folder, function, line, texts);
+    message += QLatin1Char('(');
+    append(message, texts, QLatin1String(", "));
     message += QLatin1Char(')');
+    qt_message_output(QtDebugMsg, QMessageLogContext(), message);
+}
+
+void Log::debugEachText(const char *folder, const char *function, int line, const QStringList &texts)
+{
+    QString message = begin(folder, function, line, texts);
+    append(message, texts, QLatin1String(" "));
     qt_message_output(QtDebugMsg, QMessageLogContext(), message);
 }

@@ -24,4 +24,6 @@ inline QDebug warning(const char *folder, const char *function, int line)
 /// The line of `debug(folder, function, line) << texts`, for what comes by the hundred thousand: it is put together
 /// without a stream.
 void debugTexts(const char *folder, const char *function, int line, const QStringList &texts);
+/// The line of `debug(folder, function, line) << text << text`, in the same way.
+void debugEachText(const char *folder, const char *function, int line, const QStringList &texts);
 } // namespace Log

@@ -2,10 +2,9 @@
 
 QByteArray HostRecord::encode(char direction, const QString &message)
 {
-    const QByteArray text = message.toUtf8();
-    QByteArray bytes;
-    bytes.reserve(text.size() + 3);
-    bytes.append(direction).append(kMessageStart).append(text).append(kEnd);
+    const char start[] = { direction, kMessageStart };
+    QByteArray bytes = message.toUtf8();
+    bytes.prepend(start, sizeof start).append(kEnd);
     return bytes;
 }
 

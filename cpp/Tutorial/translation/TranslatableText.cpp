@@ -194,7 +194,9 @@ QString replaceExpressions(const QString &text, const QLatin1String &marker, int
     int copied = 0;
     for (; start >= 0; start = indexOfMarker(text, marker, copied + skipped)) {
         const Scanner::Expression expression = scanner.read(start);
-        result += text.midRef(copied, start - copied) + expression.literal;
+        // Not as a sum, which would make room for just these two.
+        result += text.midRef(copied, start - copied);
+        result += expression.literal;
         copied = expression.end;
     }
     result += text.midRef(copied);

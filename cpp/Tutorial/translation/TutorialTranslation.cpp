@@ -24,7 +24,7 @@ TutorialTranslation::TutorialTranslation(bool authoring, QObject *translatorOwne
 
 QString TutorialTranslation::applyTranslation(const QString &context, const QString &sourceText) const
 {
-    Log::debug(kFolder, "TutorialTranslation::applyTranslation", __LINE__) << context << sourceText;
+    Log::debugEachText(kFolder, "TutorialTranslation::applyTranslation", __LINE__, { context, sourceText });
     return QCoreApplication::translate(context.toUtf8().constData(), sourceText.toUtf8().constData());
 }
 
