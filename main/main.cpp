@@ -13,6 +13,8 @@
 #include <QQmlApplicationEngine>
 #include <QtWebEngine>
 
+#include <memory>
+
 namespace
 {
 // Qt::AA_X11InitThreads by its number: Qt 5.15 warns of the name, and older releases need the value.
@@ -31,7 +33,9 @@ int main(int argc, char *argv[])
     // The web engine draws with the same context as the screens.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     QApplication application(argc, argv);
-    const ModalGuard modalGuard;
+    // Modal windows, and the menus that they keep the keys from, are the authoring mode's alone, and a filter sees
+    // every event.
+    const auto modalGuard = TutorialManager::isMakingSupported() ? std::make_unique<ModalGuard>() : nullptr;
     QtWebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
