@@ -9,21 +9,24 @@ constexpr int kFoldersInFolder = 3;
 
 using Item = TreeItem<TutorialItemData>;
 
+void addStep(TutorialEditor::Manager &manager, Item &folder, int id)
+{
+    auto *record = new TutorialItemData; // owned by the document
+    record->mId = id;
+    record->mName = QStringLiteral("item%1").arg(id, 5, 10, QLatin1Char('0'));
+    record->mX = id % 1000;
+    record->mY = id % 700;
+    record->mWindowKey = QStringLiteral("MainWindow/canvas");
+    record->mCondition = QStringLiteral("click,MainWindow/toolRectangle");
+    record->mJump = id % 7 == 0 ? 1 : -1;
+    manager.mData.mDataList.append(record);
+    folder.mChildren.append(Item(id, false));
+}
+
 void fill(TutorialEditor::Manager &manager, Item &folder, int depth, int &nextId, int itemCount)
 {
-    for (int i = 0; i < kStepsInFolder && nextId <= itemCount; ++i) {
-        auto *record = new TutorialItemData; // owned by the document
-        record->mId = nextId;
-        record->mName = QStringLiteral("item%1").arg(nextId, 5, 10, QLatin1Char('0'));
-        record->mX = nextId % 1000;
-        record->mY = nextId % 700;
-        record->mWindowKey = QStringLiteral("MainWindow/canvas");
-        record->mCondition = QStringLiteral("click,MainWindow/toolRectangle");
-        record->mJump = nextId % 7 == 0 ? 1 : -1;
-        manager.mData.mDataList.append(record);
-        folder.mChildren.append(Item(nextId, false));
-        ++nextId;
-    }
+    for (int i = 0; i < kStepsInFolder && nextId <= itemCount; ++i)
+        addStep(manager, folder, nextId++);
     for (int i = 0; depth > 0 && i < kFoldersInFolder && nextId <= itemCount; ++i) {
         auto *record = new TutorialItemData; // owned by the document
         record->mId = nextId;
@@ -43,6 +46,14 @@ QString SampleScenario::fileText(int itemCount)
     int nextId = 1;
     while (nextId <= itemCount)
         fill(manager, manager.mData.mRoot, 3, nextId, itemCount);
+    return manager.getScenario(true);
+}
+
+QString SampleScenario::flatText(int itemCount)
+{
+    TutorialEditor::Manager manager;
+    for (int id = 1; id <= itemCount; ++id)
+        addStep(manager, manager.mData.mRoot, id);
     return manager.getScenario(true);
 }
 

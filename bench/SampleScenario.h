@@ -9,6 +9,9 @@ namespace SampleScenario
 /// The text of its file, as the writer writes it.
 QString fileText(int itemCount);
 
+/// The same of a tutorial whose items are steps without a folder.
+QString flatText(int itemCount);
+
 /// The hint of an item in a language.
 QString hint(int id, const QString &locale);
 } // namespace SampleScenario
