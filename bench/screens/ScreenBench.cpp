@@ -265,6 +265,9 @@ QString ScreenBench::shownName(int id) const
 void ScreenBench::select(int id)
 {
     mWindow.scrollToRow(0);
+    // A click on the selected row would rename it.
+    mWindow.click(id + 1);
+    mWindow.settle();
     mWindow.click(id);
     mWindow.settle();
 }
