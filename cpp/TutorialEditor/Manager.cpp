@@ -151,9 +151,11 @@ bool Manager::readItems(const QString &arrayText)
 
 void Manager::fillInNames()
 {
-    QStringList names = mData.getNameList();
-    if (names.removeAll(QString()) == 0)
+    const auto isNameless = [](const TutorialItemData *record) { return record->mName.isEmpty(); };
+    if (std::none_of(mData.mDataList.cbegin(), mData.mDataList.cend(), isNameless))
         return;
+    QStringList names = mData.getNameList();
+    names.removeAll(QString());
     FreeNames freeNames(names);
     const QString folderBase = tr("folder");
     const QString itemBase = tr("item");

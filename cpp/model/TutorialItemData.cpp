@@ -11,7 +11,7 @@ namespace
 {
 QString secondHint(int id)
 {
-    const QString key = QStringLiteral("#%1").arg(id);
+    const QString key = QLatin1Char('#') + QString::number(id);
     const DocumentContext *context = DocumentContext::instance();
     const QString translated = context ? context->translate(key) : QString();
     return translated.isEmpty() ? key : translated;

@@ -77,7 +77,8 @@ void appendQuoted(QString &line, const QString &text)
 }
 
 /// The start of a line that holds the texts.
-QString begin(const char *folder, const char *function, int line, const QStringList &texts)
+template <typename Texts>
+QString begin(const char *folder, const char *function, int line, const Texts &texts)
 {
     int size = 128;
     for (const QString &text : texts)
@@ -93,12 +94,13 @@ QString begin(const char *folder, const char *function, int line, const QStringL
     return message;
 }
 
-void append(QString &message, const QStringList &texts, const QLatin1String &separator)
+template <typename Texts>
+void append(QString &message, const Texts &texts, const QLatin1String &separator)
 {
-    for (int i = 0; i < texts.size(); ++i) {
-        if (i > 0)
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        if (text != texts.begin())
             message += separator;
-        appendQuoted(message, texts.at(i));
+        appendQuoted(message, *text);
     }
 }
 } // namespace
@@ -112,7 +114,7 @@ void Log::debugTexts(const char *folder, const char *function, int line, const Q
     qt_message_output(QtDebugMsg, QMessageLogContext(), message);
 }
 
-void Log::debugEachText(const char *folder, const char *function, int line, const QStringList &texts)
+void Log::debugEachText(const char *folder, const char *function, int line, std::initializer_list<QString> texts)
 {
     QString message = begin(folder, function, line, texts);
     append(message, texts, QLatin1String(" "));

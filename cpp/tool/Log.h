@@ -3,6 +3,8 @@
 #include <QDebug>
 #include <QStringList>
 
+#include <initializer_list>
+
 /// The one form of the log statements of this program's classes: the folder of the source, the
 /// qualified name of the function and the line number, followed by the values of interest.
 ///
@@ -25,5 +27,5 @@ inline QDebug warning(const char *folder, const char *function, int line)
 /// without a stream.
 void debugTexts(const char *folder, const char *function, int line, const QStringList &texts);
 /// The line of `debug(folder, function, line) << text << text`, in the same way.
-void debugEachText(const char *folder, const char *function, int line, const QStringList &texts);
+void debugEachText(const char *folder, const char *function, int line, std::initializer_list<QString> texts);
 } // namespace Log

@@ -72,7 +72,7 @@ void tst_ProcessLog::writesTextsAsAStreamDoes()
     }
     lines.clear();
     Log::debug("cpp/folder", "Class::function", 7) << texts.at(0) << texts.at(1) << units;
-    Log::debugEachText("cpp/folder", "Class::function", 7, texts);
+    Log::debugEachText("cpp/folder", "Class::function", 7, { texts.at(0), texts.at(1), units });
     QVERIFY(lines.at(1) == lines.at(0));
     qInstallMessageHandler(nullptr);
 }

@@ -190,7 +190,8 @@ QString replaceExpressions(const QString &text, const QLatin1String &marker, int
         return text;
     Scanner scanner(text, context, translate, errors);
     QString result;
-    result.reserve(text.size());
+    // A translation is longer than its key. Memory that isn't written to costs nothing.
+    result.reserve(text.size() + text.size() / 2);
     int copied = 0;
     for (; start >= 0; start = indexOfMarker(text, marker, copied + skipped)) {
         const Scanner::Expression expression = scanner.read(start);
@@ -209,12 +210,15 @@ QString TranslatableText::escapeString(const QString &text)
     if (!text.contains(QLatin1Char('"')) && !text.contains(QLatin1Char('\\')))
         return text;
     QString escaped;
-    escaped.reserve(text.size());
-    for (const QChar character : text) {
-        if (character == QLatin1Char('"') || character == QLatin1Char('\\'))
-            escaped += QLatin1Char('\\');
-        escaped += character;
+    int copied = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i) != QLatin1Char('"') && text.at(i) != QLatin1Char('\\'))
+            continue;
+        escaped += text.midRef(copied, i - copied);
+        escaped += QLatin1Char('\\');
+        copied = i;
     }
+    escaped += text.midRef(copied);
     return escaped;
 }
 
