@@ -65,13 +65,9 @@ void DocumentFollower::follow()
     mDue = false;
     const QList<int> showIds = idsToShow();
     mSteppedIds.clear();
-    const bool rowsDiffer = !mModel->hasRowsOfDocument();
-    if (rowsDiffer)
-        Q_EMIT rowsAboutToChange();
     mModel->refreshPartial();
     mModel->refreshRoles();
-    if (rowsDiffer)
-        Q_EMIT rowsChanged();
+    Q_EMIT rowsFollowed();
     if (mTreeChanged)
         Q_EMIT treeChanged();
     mTreeChanged = false;

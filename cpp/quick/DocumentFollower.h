@@ -29,9 +29,8 @@ public:
     Q_INVOKABLE void follow();
 
 Q_SIGNALS:
-    /// Rows are about to come or go, and have done so.
-    void rowsAboutToChange();
-    void rowsChanged();
+    /// The rows are those of the document, with all that they show.
+    void rowsFollowed();
     /// The shape of the tree or a name in it is another one than at the last time.
     void treeChanged();
     /// The rows are in line. After a step back or forth come the ids of the rows that show best what

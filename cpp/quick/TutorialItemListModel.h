@@ -58,8 +58,6 @@ public:
     /// Brings the icon, the jump and the prohibition of the rows, and what folders show of their
     /// contents, in line with the records.
     Q_INVOKABLE void refreshRoles();
-    /// Whether there is a row for each item of the tree, in its place, and no other.
-    bool hasRowsOfDocument() const;
 
     /// Invalid when the model has no rows.
     Q_INVOKABLE QModelIndex getRootIndex() const;
@@ -76,6 +74,10 @@ public:
     Q_INVOKABLE bool isAncestor(const QModelIndex &ancestor, const QModelIndex &index) const;
     /// Whether the row of id1 stands below that of id2.
     Q_INVOKABLE bool isLower(int id1, int id2) const;
+    /// The indexes of the folders that hold something, among those rows of a folder and below them.
+    Q_INVOKABLE QVariantList getFolders(const QModelIndex &folder, int first, int last) const;
+    /// How many rows a view shows above a row that it shows, with those folders open.
+    Q_INVOKABLE int getRowsAbove(const QModelIndex &index, const QList<int> &openFolderIds) const;
     /// The ids from the root row to that of id, for opening folders towards it; with a negative id
     /// those of the first children.
     Q_INVOKABLE QVariant getFocusIdList(int id) const;
@@ -118,6 +120,10 @@ public:
     QStandardItem *findItemById(int id) const;
 
 Q_SIGNALS:
+    /// refreshPartial is about to take these rows of a folder, or to add rows at one place; a view can
+    /// still close what it shows.
+    void rowsAboutToGo(const QModelIndex &folder, int first, int last);
+    void rowsAboutToCome();
     void errorOccurred(const QString &message);
 
 private:
@@ -133,10 +139,9 @@ private:
     static void copyRoles(QStandardItem &row);
     static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
     static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
-    static bool hasShapeOf(const QStandardItem &row, const Item &item);
-    static void reconcileRows(QStandardItem &parentRow, const Item &node);
-    static void reconcileStandingRow(QStandardItem &row, const Item &item);
-    static void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
+    void reconcileRows(QStandardItem &parentRow, const Item &node);
+    void reconcileStandingRow(QStandardItem &row, const Item &item);
+    void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
     static void refreshRoles(QStandardItem &row, const Item &item);
     static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
     static void setProhibitedBelow(QStandardItem &row, bool prohibited);

@@ -35,6 +35,30 @@ int firstOf(const QStandardItem *row, int id1, int id2)
     return -1;
 }
 
+/// Appends the folders that hold something, among those rows and below them.
+void appendFolders(const QStandardItem &folder, int first, int last, QVariantList &indexes)
+{
+    for (int i = first; i <= last; ++i) {
+        const QStandardItem *row = folder.child(i);
+        if (!row->hasChildren())
+            continue;
+        indexes.append(row->index());
+        appendFolders(*row, 0, row->rowCount() - 1, indexes);
+    }
+}
+
+/// The rows that are shown of those rows of a folder, each with what is open in it.
+int shownRows(const QStandardItem &folder, int first, int last, const QSet<int> &open)
+{
+    int count = last - first + 1;
+    for (int i = first; i <= last; ++i) {
+        const QStandardItem *row = folder.child(i);
+        if (row->hasChildren() && open.contains(row->data(Model::RoleId).toInt()))
+            count += shownRows(*row, 0, row->rowCount() - 1, open);
+    }
+    return count;
+}
+
 QString nodeText(const TreeItem<TutorialItemData> &item, const TreeDataTemplate<TutorialItemData> &data)
 {
     const TutorialItemData *record = data.getData(item.mId);
@@ -117,6 +141,23 @@ bool TutorialItemListModel::isAncestor(const QModelIndex &ancestor, const QModel
 bool TutorialItemListModel::isLower(int id1, int id2) const
 {
     return id1 != id2 && firstOf(getRootItem(), id1, id2) == id2;
+}
+
+QVariantList TutorialItemListModel::getFolders(const QModelIndex &folder, int first, int last) const
+{
+    QVariantList indexes;
+    const QStandardItem *row = folder.isValid() ? itemFromIndex(folder) : invisibleRootItem();
+    appendFolders(*row, qMax(0, first), qMin(last, row->rowCount() - 1), indexes);
+    return indexes;
+}
+
+int TutorialItemListModel::getRowsAbove(const QModelIndex &index, const QList<int> &openFolderIds) const
+{
+    const QSet<int> open = idSet(openFolderIds);
+    int count = 0;
+    for (QModelIndex step = index; step.parent().isValid(); step = step.parent())
+        count += 1 + shownRows(*itemFromIndex(step.parent()), 0, step.row() - 1, open);
+    return count;
 }
 
 QVariant TutorialItemListModel::getFocusIdList(int id) const

@@ -88,22 +88,6 @@ void TutorialItemListModel::refreshPartial()
     reconcileRows(*invisibleRootItem(), wrapper);
 }
 
-bool TutorialItemListModel::hasRowsOfDocument() const
-{
-    return rowCount() == 1 && hasShapeOf(*item(0), TutorialEditor::Manager::instance()->mData.mRoot);
-}
-
-bool TutorialItemListModel::hasShapeOf(const QStandardItem &row, const Item &item)
-{
-    if (row.data(RoleId) != item.mId || row.data(RoleFolder) != item.mFolder || row.rowCount() != item.mChildren.size())
-        return false;
-    for (int i = 0; i < row.rowCount(); ++i) {
-        if (!hasShapeOf(*row.child(i), item.mChildren.at(i)))
-            return false;
-    }
-    return true;
-}
-
 void TutorialItemListModel::insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first,
                                           int last)
 {
@@ -131,6 +115,8 @@ void TutorialItemListModel::reconcileRows(QStandardItem &parentRow, const Item &
         int next = i;
         while (next < children.size() && (!row || children.at(next).mId != standing))
             ++next;
+        if (next > i)
+            Q_EMIT rowsAboutToCome();
         insertNewRows(parentRow, i, children, i, next - 1);
         i = next;
         if (row)
@@ -153,9 +139,11 @@ void TutorialItemListModel::removeGoneRows(QStandardItem &parentRow, const QList
     // rows from the present one up to goneEnd have no child that fits the order, and go together.
     int unmatched = children.size();
     int goneEnd = parentRow.rowCount();
-    const auto removeGone = [&parentRow, &goneEnd](int first) {
-        if (goneEnd > first)
-            parentRow.removeRows(first, goneEnd - first);
+    const auto removeGone = [this, &parentRow, &goneEnd](int first) {
+        if (goneEnd <= first)
+            return;
+        Q_EMIT rowsAboutToGo(parentRow.index(), first, goneEnd - 1);
+        parentRow.removeRows(first, goneEnd - first);
     };
     for (int r = parentRow.rowCount() - 1; r >= 0; --r) {
         const QStandardItem *row = parentRow.child(r);

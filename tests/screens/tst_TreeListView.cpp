@@ -5,6 +5,8 @@
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
+#include <random>
+
 /// The tree of items by mouse and keys: selection, folders, names, the place of the view, and what it
 /// shows after each edit and each step in the history.
 class tst_TreeListView : public AuthoringTest
@@ -19,10 +21,13 @@ private Q_SLOTS:
     void renames();
     void showsAnotherDocument();
     void showsEditsAndSteps();
+    void showsRandomEdits_data();
+    void showsRandomEdits();
     void keepsItsPlaceAmongAThousandItems();
 
 private:
-    static void addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows);
+    static void addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows,
+                        const QSet<int> *open = nullptr);
     void checkShown(const QString &step, int id, qreal place);
 };
 
@@ -182,10 +187,18 @@ void tst_TreeListView::showsEditsAndSteps()
     QVERIFY(open(63));
     auto *follower = screen()->findChild<DocumentFollower *>();
     QVERIFY(follower);
+    const auto *list = qvariant_cast<QAbstractItemModel *>(
+        qvariant_cast<QObject *>(item("view")->property("flickableItem"))->property("model"));
+    QObject counter;
+    int moved = 0;
+    const auto count = [&moved](const QModelIndex &, int first, int last) { moved += last - first + 1; };
+    connect(list, &QAbstractItemModel::rowsInserted, &counter, count);
+    connect(list, &QAbstractItemModel::rowsRemoved, &counter, count);
     // The row 62 is selected, and the folder after it is open.
     const auto check = [&](const char *name, int edited, int undone, const std::function<void()> &edit) {
         selectInTree(62);
         QSignalSpy passes(follower, &DocumentFollower::followed);
+        moved = 0;
         edit();
         QTRY_COMPARE(currentId(), edited);
         settle();
@@ -200,6 +213,8 @@ void tst_TreeListView::showsEditsAndSteps()
         undo();
         // The edit and the three steps, once each.
         QCOMPARE(passes.count(), 4);
+        // The other rows of the view stand still.
+        QVERIFY2(moved <= 4 * 10, qPrintable(step + QString::number(moved)));
     };
     check("cut an open folder by its menu", 66, 63, [this] { chooseAt(at(63), "Cut"); });
     click(62);
@@ -219,6 +234,88 @@ void tst_TreeListView::showsEditsAndSteps()
     });
 }
 
+void tst_TreeListView::showsRandomEdits_data()
+{
+    QTest::addColumn<uint>("seed");
+    const int first = qEnvironmentVariableIntValue("SESSION_SEED");
+    const int count = qMax(3, qEnvironmentVariableIntValue("SESSION_COUNT"));
+    for (int seed = first; seed < first + count; ++seed)
+        QTest::addRow("seed %d", seed) << static_cast<uint>(seed);
+}
+
+/// Rows come and go in open folders, at few places and at many. What is open stays so.
+void tst_TreeListView::showsRandomEdits()
+{
+    QFETCH(uint, seed);
+    std::mt19937 random(seed);
+    const auto upTo = [&random](int end) { return static_cast<int>(random() % static_cast<unsigned>(end)); };
+    load(QStringLiteral("1[2 3[4 5] 6] 7 8[9 10[11] 12] 13"));
+    auto &model = *qvariant_cast<TutorialItemListModel *>(item("view")->property("model"));
+    auto &history = *UndoRedo::instance();
+    auto &document = TutorialEditor::Manager::instance()->mData;
+    const auto openFolders = [&] {
+        QSet<int> open;
+        for (const int id : document.getIdList()) {
+            QVariant isOpen;
+            QMetaObject::invokeMethod(item("view"), "isExpanded", Q_RETURN_ARG(QVariant, isOpen),
+                                      Q_ARG(QVariant, QVariant(model.getModelIndexById(id))));
+            if (isOpen.toBool() && !document.findItem(id)->mChildren.isEmpty())
+                open.insert(id);
+        }
+        return open;
+    };
+    const auto edit = [&] {
+        const QList<int> ids = document.getIdList();
+        if (ids.isEmpty()) {
+            model.addItem(-1);
+            return;
+        }
+        const int id = ids.at(upTo(ids.size()));
+        const int target = ids.at(upTo(ids.size()));
+        const int kind = upTo(6);
+        const bool below = document.getPathIds(target).contains(id);
+        if (kind < 2 && !below && (kind == 0 || document.findItem(target)->mFolder))
+            UndoRedo::moveItemsCommand({ id }, kind == 0, target, QString(), {});
+        else if (kind < 4 && ids.size() > 8)
+            model.deleteIdList({ id });
+        else if (ids.size() < 18)
+            kind == 4 ? model.addFolder(target) : model.addItem(target);
+    };
+    for (int step = 0; step < 80; ++step) {
+        for (const int id : document.getIdList()) {
+            if (upTo(4) == 0)
+                QMetaObject::invokeMethod(item("view"), upTo(3) ? "expand" : "collapse",
+                                          Q_ARG(QVariant, QVariant(model.getModelIndexById(id))));
+        }
+        const QSet<int> openBefore = openFolders();
+        const int kind = upTo(8);
+        if (kind < 2) {
+            kind ? history.undo() : history.redo();
+        } else {
+            history.beginSequence(QStringLiteral("random"));
+            for (int count = kind == 2 ? 12 : 2; count > 0; --count)
+                edit();
+            history.endSequence();
+        }
+        QCoreApplication::processEvents();
+        settle();
+        const auto seen = [&] { return shownRows().join(QLatin1Char('\n')); };
+        const auto expected = [&] {
+            const QSet<int> open = openFolders();
+            QStringList rows{ QStringLiteral("-1 /") };
+            addRows(document.mRoot, 1, rows, &open);
+            return rows.mid(int(scrolled() / 24), int(tree()->height() / 24) - 1).join(QLatin1Char('\n'));
+        };
+        if (!QTest::qWaitFor([&] { return seen() == expected(); }))
+            QFAIL(qPrintable(QStringLiteral("step %1 shows\n%2\nand not\n%3").arg(step).arg(seen(), expected())));
+        const QSet<int> open = openFolders();
+        for (const int id : openBefore) {
+            const auto *folder = document.findItem(id);
+            QVERIFY(!folder || folder->mChildren.isEmpty() || open.contains(id));
+        }
+    }
+}
+
 /// The row of the id is selected and in view, the tree has not been scrolled, but for a row that is
 /// gone from its end, and what the rows show is what stands in the document.
 void tst_TreeListView::checkShown(const QString &step, int id, qreal place)
@@ -235,12 +332,14 @@ void tst_TreeListView::checkShown(const QString &step, int id, qreal place)
     QCOMPARE(QStringList(step) + inView, QStringList(step) + rows.mid(int(scrolled() / 24) - 1, inView.size()));
 }
 
-void tst_TreeListView::addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows)
+void tst_TreeListView::addRows(const TreeItem<TutorialItemData> &folder, int depth, QStringList &rows,
+                               const QSet<int> *open)
 {
     for (const auto &child : folder.mChildren) {
         rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId)
                     + QLatin1String(child.mFolder ? "/ " : " ") + record(child.mId)->mName);
-        addRows(child, depth + 1, rows);
+        if (!open || open->contains(child.mId))
+            addRows(child, depth + 1, rows, open);
     }
 }
 

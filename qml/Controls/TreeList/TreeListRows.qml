@@ -2,10 +2,13 @@ import QtQuick 2.9
 import Morvi.kess 1.0
 
 /// Keeps the rows of the tree in line with the document, whoever has edited
-/// that. Rows come and go with the tree closed, which keeps the view from
-/// showing rows twice; afterwards the view is where it was.
+/// that. The tree stays open where rows come and go at a few places, and is
+/// closed where they are many: for each place the toolkit walks all that is
+/// open. Afterwards the same folders are open, and the view is where it was.
 QtObject {
     id: rows
+
+    readonly property int fewPlaces: 8
 
     /// The TreeListView, which knows this type.
     property Item tree: null
@@ -13,40 +16,67 @@ QtObject {
     property TreeListTree view: null
     property TutorialItemListModel model: null
 
-    /// While the rows change: how far the view was scrolled, and the folders that
-    /// were open.
+    /// While the rows change: at how many places they have done so, whether all of
+    /// the tree is closed for that, how far the view was scrolled, and the folders
+    /// that are to be open again.
+    property int places: 0
+    property bool closed: false
     property real placeBefore: 0
     property var openBefore: []
 
     readonly property DocumentFollower follower: DocumentFollower {
         history: UndoRedo
         model: rows.model
-        onRowsAboutToChange: rows.close()
-        onRowsChanged: rows.open()
+        onRowsFollowed: if (rows.places > 0) rows.open()
         onTreeChanged: rows.tree.treeChanged()
         onFollowed: rows.tree.followed(showIds)
     }
 
+    /// Rows come or go at one more place.
+    function makeWay() {
+        if (places++ === 0) {
+            dropArea.cancel();
+            placeBefore = view.scrolled();
+        }
+        if (places > fewPlaces && !closed)
+            close();
+    }
+
+    /// Keeps in mind which folders were open among rows that go: those of a folder
+    /// that is moved come anew, and closed.
+    function letGo(folder, first, last) {
+        makeWay();
+        if (closed)
+            return;
+        view.openFolders(folder, first, last).forEach(function(index) {
+            openBefore.push(tree.getIdByIndex(index));
+            view.collapse(index);
+        });
+    }
+
     function close() {
-        dropArea.cancel();
-        placeBefore = view.scrolled();
-        openBefore = view.openFolders();
+        closed = true;
+        openBefore = openBefore.concat(view.openIds());
         view.collapse(model.getRootIndex());
     }
 
     function open() {
         view.expand(model.getRootIndex());
-        // The row of a folder that was moved is a new one, and closed.
         openBefore.forEach(function(id) {
             var index = model.getModelIndexById(id);
             if (index.valid && !view.isExpanded(index))
                 view.expand(index);
         });
         openBefore = [];
+        places = 0;
+        closed = false;
         view.scrollTo(placeBefore);
     }
 
     function rebuild(change) {
+        dropArea.cancel();
+        placeBefore = view.scrolled();
+        places = 1;
         close();
         change();
         model.refreshRoles();
@@ -60,5 +90,12 @@ QtObject {
             return;
         for (var folder = index.parent; folder.valid; folder = folder.parent)
             view.expand(folder);
+    }
+
+    onModelChanged: {
+        if (!model)
+            return;
+        model.rowsAboutToGo.connect(letGo);
+        model.rowsAboutToCome.connect(makeWay);
     }
 }

@@ -35,43 +35,21 @@ TreeView {
         return shown;
     }
 
-    /// The ids of the folders that are open, whether they are in a closed one or not.
-    function openFolders() {
-        var ids = [];
-        addOpenFolders(model.getRootIndex(), ids);
-        return ids;
+    /// The folders among those rows and below them that are open, whether they are
+    /// in a closed one or not.
+    function openFolders(folder, first, last) {
+        return model.getFolders(folder, first, last).filter(isExpanded);
     }
 
-    function addOpenFolders(folder, ids) {
-        for (var i = 0; i < model.rowCount(folder); ++i) {
-            var index = model.index(i, 0, folder);
-            if (model.rowCount(index) === 0)
-                continue;
-            if (isExpanded(index))
-                ids.push(tree.getIdByIndex(index));
-            addOpenFolders(index, ids);
-        }
+    /// The ids of all folders that are open, but for the root row.
+    function openIds() {
+        var root = model.getRootIndex();
+        return openFolders(root, 0, model.rowCount(root) - 1).map(tree.getIdByIndex);
     }
 
     /// How many rows are shown above one that is shown.
     function rowsAbove(index) {
-        var count = 0;
-        for (var step = index; step.valid; step = step.parent) {
-            for (var i = 0; i < step.row; ++i)
-                count += rowsOf(model.index(i, 0, step.parent));
-            if (step.parent.valid)
-                ++count;
-        }
-        return count;
-    }
-
-    function rowsOf(index) {
-        var count = 1;
-        if (!isExpanded(index))
-            return count;
-        for (var i = 0; i < model.rowCount(index); ++i)
-            count += rowsOf(model.index(i, 0, index));
-        return count;
+        return model.getRowsAbove(index, openIds());
     }
 
     /// How far the view is scrolled down. The list moves its origin as rows come and go.
