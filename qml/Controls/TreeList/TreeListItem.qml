@@ -40,18 +40,16 @@ MouseArea {
             icon.source = "";
             return;
         }
+        var rich = !tree.simpleDisplay && !folder;
+        if (!(rich ? tree.getIconFilename : tree.getSimpleIconFilename)) {
+            icon.source = folder ? "../../../icon/mini_folder.png" : "../../../icon/object.png";
+            return;
+        }
         if (!tree.treeListModel.getModelIndexById(rowId).valid) {
             iconRetryTimer.start();
             return;
         }
-        if (!tree.simpleDisplay && !folder)
-            icon.source = tree.getIconFilename ? tree.getIconFilename(null, index, 0) : getDefaultIcon(index);
-        else
-            icon.source = tree.getSimpleIconFilename ? tree.getSimpleIconFilename(index) : getDefaultIcon(index);
-    }
-
-    function getDefaultIcon(index) {
-        return tree.getFolderByIndex(index) ? "../../../icon/mini_folder.png" : "../../../icon/object.png";
+        icon.source = rich ? tree.getIconFilename(null, index, 0) : tree.getSimpleIconFilename(index);
     }
 
     function copyFolderFlag() {
@@ -138,7 +136,10 @@ MouseArea {
         updateIcon();
     }
     onRowNumberChanged: copyFolderFlag()
-    onFolderChanged: copyFolderFlag()
+    onFolderChanged: {
+        copyFolderFlag();
+        updateIcon();
+    }
     Component.onCompleted: {
         copyFolderFlag();
         updateIcon();

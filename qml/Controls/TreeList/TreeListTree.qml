@@ -120,6 +120,9 @@ TreeView {
         flickableItem.focus = true;
         // Delegates in the making complain when a change of the rows overtakes them.
         flickableItem.cacheBuffer = 0;
+        // Else the list's highlight, which nobody sees, goes after the current row for
+        // minutes where that is far, and each of its steps is a frame.
+        flickableItem.highlightMoveDuration = 0;
         flickableItem.contentYChanged.connect(dropArea.rowsMoved);
     }
 
