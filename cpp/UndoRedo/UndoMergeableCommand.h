@@ -6,17 +6,26 @@
 #include <QUndoCommand>
 #include <QVariant>
 
-#include <memory>
 #include <vector>
+
+struct TutorialItemField;
 
 /// The base of commands that can stand as one step of the history.
 ///
-/// While merging is allowed, a command takes in any later one: a new value of what it or its list
-/// already changes replaces that value, and all else goes into its list as a copy.
+/// While merging is allowed, a command takes in any later change: a new value of what it already
+/// changes replaces that value, and all else is held after what it holds. So a change that is taken
+/// in needs no command of its own.
 class UndoMergeableCommand : public QUndoCommand
 {
 public:
-    ~UndoMergeableCommand() override;
+    struct Change
+    {
+        int itemId;
+        // Null for a change without effect.
+        const TutorialItemField *field;
+        QVariant value;
+        QVariant oldValue;
+    };
 
     void undo() override;
     void redo() override;
@@ -25,35 +34,29 @@ public:
     /// Takes in a command that has run already. True when it did: the caller may then destroy it.
     bool mergeWith(const QUndoCommand *other) override;
 
-    virtual void doUndo() = 0;
-    virtual void doRedo() = 0;
-    virtual int commandKind() const = 0;
-    /// Takes over the new value of a command that changes the same; false if it changes another.
-    virtual bool mergeWith(const UndoMergeableCommand *other) = 0;
-    /// Writes the value to what the command changes. With saveOld the former value becomes the old
-    /// one, with saveNew the value becomes the new one. The result is whether it did.
-    virtual bool applyValue(const QVariant &value, bool saveOld, bool saveNew) = 0;
-    /// A copy without what was merged.
-    virtual std::unique_ptr<UndoMergeableCommand> clone() const = 0;
-    /// What the command changes, as a text: only commands of one kind and one key can merge.
-    virtual QString mergeKey() const = 0;
+    /// Carries the change out, and takes it in.
+    void takeIn(int itemId, const TutorialItemField &field, const QVariant &value);
 
-    /// The item that the command changes.
-    virtual int itemId() const = 0;
-
-    QVariant value() const { return mValue; }
     /// The items that the command and all that it has taken in change.
     QSet<int> itemIds() const;
 
 protected:
-    explicit UndoMergeableCommand(const QVariant &value);
-
-    QVariant mValue;
+    UndoMergeableCommand(int itemId, const TutorialItemField *field, const QVariant &value);
 
 private:
-    using Key = QPair<int, QString>;
+    using Key = QPair<int, const TutorialItemField *>;
 
-    // In order of arrival. Finding by key keeps a long run of edits linear.
-    std::vector<std::unique_ptr<UndoMergeableCommand>> mMergedList;
-    QHash<Key, UndoMergeableCommand *> mMergedByKey;
+    /// Writes the value to what the change is about. The former one goes into oldValue, if that is
+    /// not null.
+    virtual void applyValue(const Change &change, const QVariant &value, QVariant *oldValue) const = 0;
+    /// Tells the screens that a change of that item was made or taken back.
+    virtual void tell(int itemId) const = 0;
+
+    void hold(const Change &change);
+
+    // In order of arrival, with their positions once there are several. Finding a change by its key
+    // keeps a long run of edits linear.
+    std::vector<Change> mChanges;
+    QHash<Key, std::size_t> mPositions;
+    bool mFirstRedo = true;
 };

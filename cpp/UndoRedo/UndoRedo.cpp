@@ -22,6 +22,11 @@ constexpr qint64 kMergeWindowMs = 1000;
 
 UndoRedo *currentUndoRedo = nullptr;
 
+const QUndoCommand *lastChild(const QUndoCommand &command)
+{
+    return command.childCount() > 0 ? command.child(command.childCount() - 1) : nullptr;
+}
+
 void setModified(bool modified)
 {
     if (DocumentContext *context = DocumentContext::instance())
@@ -213,12 +218,19 @@ bool UndoRedo::isEmpty() const
 
 UndoMergeableCommand *UndoRedo::mergeTarget() const
 {
-    const bool mayMerge = mMergeable && mInTransaction && mSequenceNames.isEmpty() && !canRedo();
-    if (!mayMerge || mUndoStack->index() == 0)
+    if (!mMergeable || !mInTransaction || canRedo() || mOpenMacros < mSequenceNames.size())
         return nullptr;
-    const QUndoCommand *last = mUndoStack->command(mUndoStack->index() - 1);
-    if (last && last->childCount() > 0)
-        last = last->child(last->childCount() - 1);
+    const QUndoCommand *last = nullptr;
+    if (mOpenMacros > 0) {
+        // The macros stand in each other, the outermost after all steps.
+        last = mUndoStack->command(mUndoStack->index());
+        for (int i = 0; i < mOpenMacros && last; ++i)
+            last = lastChild(*last);
+    } else if (mUndoStack->index() > 0) {
+        last = mUndoStack->command(mUndoStack->index() - 1);
+        if (last->childCount() > 0)
+            last = lastChild(*last);
+    }
     // The stack gives out its commands for reading only; folding is what they are made for.
     return const_cast<UndoMergeableCommand *>(dynamic_cast<const UndoMergeableCommand *>(last));
 }
@@ -231,22 +243,11 @@ void UndoRedo::addCommand(QUndoCommand *command)
         mRefused = std::move(owned);
         return;
     }
-    UndoMergeableCommand *target = dynamic_cast<UndoMergeableCommand *>(command) ? mergeTarget() : nullptr;
-    if (target)
-        command->redo();
-    if (target && target->mergeWith(command)) {
-        forgetMergedState();
-    } else {
-        if (target)
-            command->undo();
-        // What can be redone was recorded on the present state, so that a step must lead to it.
-        if (canRedo())
-            mMergeable = false;
-        openMacros();
-        mUndoStack->push(owned.release());
-        if (target)
-            setPendingJumpLink(QString());
-    }
+    // What can be redone was recorded on the present state, so that a step must lead to it.
+    if (canRedo())
+        mMergeable = false;
+    openMacros();
+    mUndoStack->push(owned.release());
     mMergeable = true;
     Q_EMIT documentChanged();
 }
@@ -259,15 +260,24 @@ void UndoRedo::forgetMergedState()
     setModified(true);
 }
 
-void UndoRedo::recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo)
+void UndoRedo::recordChange(int itemId, const TutorialItemField &field, const QVariant &value)
 {
     if (!TutorialEditor::Manager::instance()->mData.getData(itemId)) {
         Log::warning(kFolder, "UndoRedo::recordChange", __LINE__) << "tutorialItemData not found" << itemId;
         return;
     }
-    PropertyHash target;
-    target.insert(QStringLiteral("target"), propertyName);
-    addCommand(new ModifyTutorialItemDataCommand(itemId, target, value, linkInfo));
+    UndoMergeableCommand *target = mergeTarget();
+    if (!target) {
+        PropertyHash hash;
+        hash.insert(QStringLiteral("target"), field.name);
+        addCommand(new ModifyTutorialItemDataCommand(itemId, hash, value));
+        return;
+    }
+    target->takeIn(itemId, field, value);
+    // Within a sequence its end tells that.
+    if (mOpenMacros == 0)
+        forgetMergedState();
+    Q_EMIT documentChanged();
 }
 
 void UndoRedo::undoAndMakeUnredoable()

@@ -68,7 +68,7 @@ public:
     /// Carries the command out and holds it as a step, or as a part of one; a tree command that
     /// finds nothing to do is not held. Takes ownership; the command may be gone when this returns.
     void addCommand(QUndoCommand *command);
-    void recordChange(int itemId, const QString &propertyName, const QVariant &value, const QString &linkInfo) override;
+    void recordChange(int itemId, const TutorialItemField &field, const QVariant &value) override;
     bool isEmpty() const override;
     void markClean() override;
     /// Whether the next item command may be folded into what stands before it.

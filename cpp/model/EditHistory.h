@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QString>
 #include <QVariant>
+
+struct TutorialItemField;
 
 /// What a record's setter and the document ask of the undo history. UndoRedo implements it.
 ///
@@ -17,8 +18,7 @@ public:
     virtual bool inTransaction() = 0;
 
     /// Adds the change of one property of one record to the history and carries it out.
-    virtual void recordChange(int itemId, const QString &propertyName, const QVariant &value,
-                              const QString &linkInfo) = 0;
+    virtual void recordChange(int itemId, const TutorialItemField &field, const QVariant &value) = 0;
 
     /// Whether any step is held, which may refer to records.
     virtual bool isEmpty() const = 0;

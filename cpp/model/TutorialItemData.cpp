@@ -16,13 +16,6 @@ QString secondHint(int id)
     const QString translated = context ? context->translate(key) : QString();
     return translated.isEmpty() ? key : translated;
 }
-
-QString linkInfo(int id)
-{
-    QVariantHash link;
-    link.insert(QStringLiteral("tutorialItemId"), id);
-    return JsonWrapper::getJsonString(link);
-}
 } // namespace
 
 TutorialItemData::TutorialItemData(QObject *parent) : QObject(parent) { }
@@ -68,16 +61,6 @@ QVariant TutorialItemData::getValue(const QString &propertyName) const
     return field->read(*this);
 }
 
-bool TutorialItemData::writeField(const QString &propertyName, const QVariant &value, QVariant &oldValue)
-{
-    const TutorialItemField *field = TutorialItemField::find(propertyName);
-    if (!field || field->member == TutorialItemField::Member(&TutorialItemData::mId))
-        return false;
-    oldValue = field->read(*this);
-    field->write(*this, value);
-    return true;
-}
-
 void TutorialItemData::setValue(const QString &propertyName, const QVariant &value)
 {
     const TutorialItemField *field = TutorialItemField::find(propertyName);
@@ -115,7 +98,7 @@ void TutorialItemData::change(const TutorialItemField &field, const QVariant &va
         return;
     EditHistory *history = EditHistory::instance();
     if (history && history->inTransaction())
-        history->recordChange(mId, field.name, converted, linkInfo(mId));
+        history->recordChange(mId, field, converted);
     else
         field.write(*this, converted);
 }

@@ -35,10 +35,6 @@ public:
     /// Calls the setter of that property name; a warning for an unknown name.
     void setValue(const QString &propertyName, const QVariant &value);
 
-    /// Writes the field of that property name past the history, with its former value into
-    /// oldValue. False, with nothing changed, for an unknown name and for "id".
-    bool writeField(const QString &propertyName, const QVariant &value, QVariant &oldValue);
-
     /// The record as JSON object text, with extra (if not empty) as a further entry at its end.
     QString toJsonText(const QString &extra) const;
 

@@ -2,6 +2,7 @@
 
 #include "model/DocumentContext.h"
 #include "model/EditHistory.h"
+#include "model/TutorialItemField.h"
 #include "Tutorial/translation/TranslatableText.h"
 
 #include <QHash>
@@ -36,10 +37,7 @@ class FakeHistory : public EditHistory
 {
 public:
     bool inTransaction() override { return mInTransaction; }
-    void recordChange(int, const QString &propertyName, const QVariant &, const QString &) override
-    {
-        mChanges.append(propertyName);
-    }
+    void recordChange(int, const TutorialItemField &field, const QVariant &) override { mChanges.append(field.name); }
     bool isEmpty() const override { return mEmpty; }
     void markClean() override { ++mCleanCount; }
     void clear() override { mEmpty = true; }
