@@ -1,6 +1,7 @@
 #include "tool/FreeNames.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace
 {
@@ -15,43 +16,56 @@ int plainNumber(const QString &name, const QString &base)
 }
 } // namespace
 
-FreeNames::FreeNames(const QStringList &used)
-{
-    mTaken.reserve(used.size());
-    for (const QString &name : used)
-        take(name);
-}
+FreeNames::FreeNames(const QStringList &used) : mUsed(used) { }
 
 QString FreeNames::next(const QString &base, int digits)
 {
-    if (digits == -1 && !mTaken.contains(base))
-        return take(base);
-    qint64 &number = digits < 0 ? mHighestInBrackets[base] : highestPlain(base);
-    QString name;
-    // The next number is free at once, unless names go on past the numbers that count.
-    do {
-        ++number;
-        name = base
-            + (digits < 0 ? QStringLiteral("(%1)").arg(number)
-                          : QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0')));
-    } while (mTaken.contains(name));
-    return take(name);
+    if (digits < 0)
+        readTaken();
+    QString name = base;
+    if (digits != -1 || mTaken.contains(base)) {
+        qint64 &number = digits < 0 ? mHighestInBrackets[base] : highestPlain(base);
+        // The next number is free at once, unless names go on past the numbers that count.
+        do {
+            ++number;
+            name = base
+                + (digits < 0 ? QStringLiteral("(%1)").arg(number)
+                              : QStringLiteral("%1").arg(number, digits, 10, QLatin1Char('0')));
+        } while (number > std::numeric_limits<int>::max() && isTaken(name));
+    }
+    mGiven.append(name);
+    return name;
+}
+
+const QString &FreeNames::nameAt(int position) const
+{
+    return position < mUsed.size() ? mUsed.at(position) : mGiven.at(position - mUsed.size());
 }
 
 qint64 &FreeNames::highestPlain(const QString &base)
 {
     PlainNumbers &numbers = mPlain[base];
-    for (; numbers.readCount < mNames.size(); ++numbers.readCount)
-        numbers.highest = std::max<qint64>(numbers.highest, plainNumber(mNames.at(numbers.readCount), base));
+    for (; numbers.readCount < mUsed.size() + mGiven.size(); ++numbers.readCount)
+        numbers.highest = std::max<qint64>(numbers.highest, plainNumber(nameAt(numbers.readCount), base));
     return numbers.highest;
 }
 
-QString FreeNames::take(const QString &name)
+bool FreeNames::isTaken(const QString &name)
 {
-    mNames.append(name);
-    mTaken.insert(name);
-    const int bracket = name.lastIndexOf(QLatin1Char('('));
-    if (bracket >= 0 && name.endsWith(QLatin1Char(')'))) {
+    readTaken();
+    return mTaken.contains(name);
+}
+
+void FreeNames::readTaken()
+{
+    if (mReadCount == 0)
+        mTaken.reserve(mUsed.size());
+    for (; mReadCount < mUsed.size() + mGiven.size(); ++mReadCount) {
+        const QString &name = nameAt(mReadCount);
+        mTaken.insert(name);
+        const int bracket = name.lastIndexOf(QLatin1Char('('));
+        if (bracket < 0 || !name.endsWith(QLatin1Char(')')))
+            continue;
         // Written in no other way than QString writes it.
         const QString digits = name.mid(bracket + 1, name.size() - bracket - 2);
         const int number = digits.toInt();
@@ -60,5 +74,4 @@ QString FreeNames::take(const QString &name)
             highest = std::max<qint64>(highest, number);
         }
     }
-    return name;
 }

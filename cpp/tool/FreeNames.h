@@ -6,7 +6,7 @@
 #include <QStringList>
 
 /// Gives out one free name after the other, none twice. Each name that is in use is read once for
-/// all names with numbers in brackets, and once for each base with plain numbers.
+/// each base with plain numbers, and once for all else.
 class FreeNames
 {
 public:
@@ -24,9 +24,15 @@ private:
     };
 
     qint64 &highestPlain(const QString &base);
-    QString take(const QString &name);
+    const QString &nameAt(int position) const;
+    bool isTaken(const QString &name);
+    /// Reads the names that were not read yet into mTaken and mHighestInBrackets.
+    void readTaken();
 
-    QStringList mNames;
+    // The names in use, and those given out.
+    QStringList mUsed;
+    QStringList mGiven;
+    int mReadCount = 0;
     QSet<QString> mTaken;
     // By the base. What is not in a hash has no number yet, or was not asked for.
     QHash<QString, qint64> mHighestInBrackets;
