@@ -1,5 +1,6 @@
-// Edits of a document of 1,000 and of 10,000 items, half of them at the top level and half in
-// folders of a hundred. A folder that is moved or deleted holds a tenth of the document.
+// Edits of a document of 1,000, 10,000 and 100,000 items, half of them at the top level and half in
+// folders of a hundred. A folder that is moved or deleted holds a tenth of the document. The floors
+// go over the same document, as little as an edit can.
 
 #include "model/DocumentContext.h"
 #include "quick/TreeListItemSelectionModel.h"
@@ -10,6 +11,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <memory>
 
 namespace
@@ -298,12 +300,74 @@ void setSelectedIdListFromEvenToOdd(benchmark::State &state)
     run(
         state, [every](Session &s) { every(s, 0); }, [every](Session &s) { every(s, 1); });
 }
+void floorReadTree(benchmark::State &state)
+{
+    run(state, nothing, [](Session &s) {
+        int sum = 0;
+        s.root().visitAll([&sum](const TreeItem<TutorialItemData> &item) { sum += item.mId; });
+        benchmark::DoNotOptimize(sum);
+    });
+}
+
+void floorReadRecords(benchmark::State &state)
+{
+    run(state, nothing, [](Session &s) {
+        int sum = 0;
+        for (const TutorialItemData *record : qAsConst(s.data().mDataList))
+            sum += record->mId + record->mName.size();
+        benchmark::DoNotOptimize(sum);
+    });
+}
+
+void floorWriteRecords(benchmark::State &state)
+{
+    run(state, nothing, [](Session &s) {
+        for (TutorialItemData *record : qAsConst(s.data().mDataList))
+            record->mProhibited = !record->mProhibited;
+    });
+}
+
+void floorCopyRecordList(benchmark::State &state)
+{
+    run(state, nothing, [](Session &s) {
+        QList<TutorialItemData *> copy = s.data().mDataList;
+        copy.detach();
+        benchmark::DoNotOptimize(copy);
+    });
+}
+
+void floorReadRows(benchmark::State &state)
+{
+    run(state, nothing, [](Session &s) {
+        const std::function<int(const QStandardItem &)> sum = [&sum](const QStandardItem &row) {
+            int ids = row.data(TutorialItemListModel::RoleId).toInt();
+            for (int i = 0; i < row.rowCount(); ++i)
+                ids += sum(*row.child(i));
+            return ids;
+        };
+        benchmark::DoNotOptimize(sum(*s.model.invisibleRootItem()));
+    });
+}
+
+void floorMakeRows(benchmark::State &state)
+{
+    run(state, nothing, [&state](Session &) {
+        QStandardItemModel model;
+        QList<QStandardItem *> rows;
+        for (int i = 0; i < state.range(0); ++i) {
+            rows.append(new QStandardItem(QStringLiteral("item")));
+            rows.last()->setData(i, TutorialItemListModel::RoleId);
+        }
+        model.invisibleRootItem()->appendRows(rows);
+    });
+}
 } // namespace
 
-#define EDITING_BENCHMARK(name) BENCHMARK(name)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond)
+#define EDITING_BENCHMARK(name) BENCHMARK(name)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond)
 
 EDITING_BENCHMARK(addItem);
-EDITING_BENCHMARK(undoOfAdd);
+// Runs no longer than what makes ready for it, which costs a thousand times as much.
+EDITING_BENCHMARK(undoOfAdd)->Iterations(20);
 EDITING_BENCHMARK(moveFolder);
 EDITING_BENCHMARK(undoOfMove);
 EDITING_BENCHMARK(moveAll);
@@ -324,3 +388,9 @@ EDITING_BENCHMARK(getTreeJson);
 EDITING_BENCHMARK(getTreeSelectedIdListOfAll);
 EDITING_BENCHMARK(setSelectedIdListToAll);
 EDITING_BENCHMARK(setSelectedIdListFromEvenToOdd);
+EDITING_BENCHMARK(floorReadTree);
+EDITING_BENCHMARK(floorReadRecords);
+EDITING_BENCHMARK(floorWriteRecords);
+EDITING_BENCHMARK(floorCopyRecordList);
+EDITING_BENCHMARK(floorReadRows);
+EDITING_BENCHMARK(floorMakeRows);

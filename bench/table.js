@@ -18,7 +18,29 @@ const path = require("path");
 const sharedFloors = {
     translate: "floorCopyBytes",
     write: "floorCopyBytes",
-    send: "floorCopyBytes"
+    send: "floorCopyBytes",
+    addItem: "floorReadRecords",
+    undoOfAdd: "floorCopyRecordList",
+    moveFolder: "floorReadTree",
+    undoOfMove: "floorReadTree",
+    moveAll: "floorReadTree",
+    deleteFolder: "floorCopyRecordList",
+    undoOfDelete: "floorCopyRecordList",
+    deleteWithJumps: "floorWriteRecords",
+    prohibitAll: "floorWriteRecords",
+    copyAndPaste: "floorReadRecords",
+    undoOfPaste: "floorReadRecords",
+    refresh: "floorMakeRows",
+    refreshPartialOfNothing: "floorReadRows",
+    refreshPartialOfOneChange: "floorReadRows",
+    refreshPartialOfAllMoved: "floorReadRows",
+    editAndRefresh: "floorReadRows",
+    moveAndRefresh: "floorReadRows",
+    deleteAndRefresh: "floorReadRows",
+    getTreeSelectedIdListOfAll: "floorReadRows",
+    setSelectedIdListToAll: "floorReadRows",
+    setSelectedIdListFromEvenToOdd: "floorReadRows",
+    getTreeJson: "floorReadRecords"
 };
 
 const faults = [];
