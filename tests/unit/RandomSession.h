@@ -225,12 +225,12 @@ private:
             mModel.moveIdListIntoIndex(row(target.id), target.ids);
     }
 
-    void setProperty(const Target &target)
+    void setProperty(const Target &target, unsigned which)
     {
         static const char *const properties[] = { "x",    "y",    "windowKey", "condition", "hint",     "hint2",
                                                   "icon", "jump", "jumpNo",    "command",   "showArrow" };
         static const char *const texts[] = { "", "a", "\"%1\"\n" };
-        const QString property = QLatin1String(properties[target.b % 11]);
+        const QString property = QLatin1String(properties[which % 11]);
         QVariant value = mModel.getValue(target.id, property);
         if (value.type() == QVariant::String)
             value = QLatin1String(texts[target.c % 3]);
@@ -279,7 +279,13 @@ inline const std::vector<RandomSession::Verb> &RandomSession::verbs()
         { "rename", 6, Command, [](S &s, const T &t) { s.rename(t); } },
         { "moveBefore", 8, Command, [](S &s, const T &t) { s.move(true, t); } },
         { "moveInto", 8, Command, [](S &s, const T &t) { s.move(false, t); } },
-        { "setProperty", 16, Values, [](S &s, const T &t) { s.setProperty(t); } },
+        { "setProperty", 16, Values,
+          [](S &s, const T &t) {
+              s.setProperty(t, t.b);
+              // Of one item, so that one change must not be taken for the other.
+              if (t.b % 3 == 0)
+                  s.setProperty(t, t.b + 1);
+          } },
         { "setProhibited", 4, Values,
           [](S &s, const T &t) { s.setValue(t.id, QStringLiteral("prohibited"), t.b % 2 == 0); } },
         { "paste", 6, Commands, [](S &s, const T &) { ItemClipboard::insertPayload(s.mPayload, kCopied); } },
