@@ -24,7 +24,7 @@ const sharedFloors = {
     moveFolder: "floorReadTree",
     undoOfMove: "floorReadTree",
     moveAll: "floorReadTree",
-    deleteFolder: "floorCopyRecordList",
+    deleteFolder: "floorReadRecords",
     undoOfDelete: "floorCopyRecordList",
     deleteWithJumps: "floorWriteRecords",
     prohibitAll: "floorWriteRecords",
