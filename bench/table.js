@@ -14,33 +14,39 @@ const fs = require("fs");
 const os = require("os");
 const path = require("path");
 
-// Rows whose floor is another's too.
+// Rows whose floor is another's too, by the program that measures them.
 const sharedFloors = {
-    translate: "floorCopyBytes",
-    write: "floorCopyBytes",
-    send: "floorCopyBytes",
-    addItem: "floorReadRecords",
-    undoOfAdd: "floorCopyRecordList",
-    moveFolder: "floorReadTree",
-    undoOfMove: "floorReadTree",
-    moveAll: "floorReadTree",
-    deleteFolder: "floorReadRecords",
-    undoOfDelete: "floorCopyRecordList",
-    deleteWithJumps: "floorWriteRecords",
-    prohibitAll: "floorWriteRecords",
-    copyAndPaste: "floorReadRecords",
-    undoOfPaste: "floorReadRecords",
-    refresh: "floorMakeRows",
-    refreshPartialOfNothing: "floorReadRows",
-    refreshPartialOfOneChange: "floorReadRows",
-    refreshPartialOfAllMoved: "floorReadRows",
-    editAndRefresh: "floorReadRows",
-    moveAndRefresh: "floorReadRows",
-    deleteAndRefresh: "floorReadRows",
-    getTreeSelectedIdListOfAll: "floorReadRows",
-    setSelectedIdListToAll: "floorReadRows",
-    setSelectedIdListFromEvenToOdd: "floorReadRows",
-    getTreeJson: "floorReadRecords"
+    screens: {
+        addItem: "insertFloor",
+        undo: "insertFloor"
+    },
+    document: {
+        translate: "floorCopyBytes",
+        write: "floorCopyBytes",
+        send: "floorCopyBytes",
+        addItem: "floorReadRecords",
+        undoOfAdd: "floorCopyRecordList",
+        moveFolder: "floorReadTree",
+        undoOfMove: "floorReadTree",
+        moveAll: "floorReadTree",
+        deleteFolder: "floorReadRecords",
+        undoOfDelete: "floorCopyRecordList",
+        deleteWithJumps: "floorWriteRecords",
+        prohibitAll: "floorWriteRecords",
+        copyAndPaste: "floorReadRecords",
+        undoOfPaste: "floorReadRecords",
+        refresh: "floorMakeRows",
+        refreshPartialOfNothing: "floorReadRows",
+        refreshPartialOfOneChange: "floorReadRows",
+        refreshPartialOfAllMoved: "floorReadRows",
+        editAndRefresh: "floorReadRows",
+        moveAndRefresh: "floorReadRows",
+        deleteAndRefresh: "floorReadRows",
+        getTreeSelectedIdListOfAll: "floorReadRows",
+        setSelectedIdListToAll: "floorReadRows",
+        setSelectedIdListFromEvenToOdd: "floorReadRows",
+        getTreeJson: "floorReadRecords"
+    }
 };
 
 const faults = [];
@@ -83,12 +89,12 @@ function seriesOf(rows) {
 
 const isFloor = name => /.Floor|^floor/.test(name);
 
-function addFloors(series) {
+function addFloors(title, series) {
     const names = [...series.keys()];
     const used = new Set();
     for (const row of series.values()) {
         const own = names.filter(name => name.startsWith(`${row.name}Floor`));
-        const shared = sharedFloors[row.name];
+        const shared = (sharedFloors[title] || {})[row.name];
         if (shared && !series.has(shared))
             faults.push(`${row.name} lacks its floor, ${shared}`);
         row.floors = own.concat(series.has(shared) ? shared : []).map(name => series.get(name));
@@ -171,12 +177,13 @@ function print(headings, lines) {
 
 const [qtVersion, ...files] = process.argv.slice(2);
 const groups = files.map(file => [path.basename(file, ".json"), seriesOf(readRows(file))]);
-groups.forEach(([, series]) => addFloors(series));
+groups.forEach(([title, series]) => addFloors(title, series));
 const all = groups.flatMap(([, series]) => [...series.values()]);
 const sizes = [...new Set(all.flatMap(sizesOf))].filter(size => size > 1).sort((a, b) => a - b);
 
 const processor = os.cpus()[0];
-console.log(`${processor ? processor.model.trim() : "unknown processor"}, ${os.cpus().length} cores, Qt ${qtVersion}\n`);
+const model = processor ? processor.model.trim() : "unknown processor";
+console.log(`${model}, ${os.cpus().length} cores, Qt ${qtVersion}\n`);
 const columns = [1, ...sizes];
 const lines = groups.flatMap(([title, series]) => [
     [`**${title}**`, ...columns.map(() => ""), "", ""],

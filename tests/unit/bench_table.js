@@ -21,11 +21,11 @@ const google = rows => ({ benchmarks: rows.map(([run_name, cpu_time]) =>
     ({ run_name, run_type: "iteration", cpu_time, real_time: 9, time_unit: "us" })) });
 const own = (name, size, value, unit) => ({ name, size, value, unit });
 
-const good = google([["load/1000", 1200], ["load/10000", 15000], ["loadFloorParse/1000", 400],
+const document = google([["load/1000", 1200], ["load/10000", 15000], ["loadFloorParse/1000", 400],
     ["loadFloorParse/10000", 5000], ["send/1000", 80], ["floorCopyBytes/1000", 40]]);
 const rates = [own("answers", 100, 2000, "/s"), own("answers", 1000, 2500, "/s"),
     own("answersFloor", 100, 4000, "/s"), own("answersFloor", 1000, 5000, "/s"), own("memory", 1, 2.5, "MiB")];
-let run = table({ good, rates });
+let run = table({ document, rates });
 assert.strictEqual(run.stderr + run.status, "0");
 const cells = run.stdout.split("\n").map(line => line.split("|").map(text => text.trim()).slice(1, -1).join("|"));
 assert(cells.includes("|once|100|1,000|10,000|per ten times|floor"), run.stdout);
@@ -37,7 +37,7 @@ assert(cells.includes("memory|2.62 MB|||||"), run.stdout);
 for (const [files, fault] of [
     [{ rates, lost: null }, "lost left no figures"],
     [{ rates, empty: [] }, "empty left no figures"],
-    [{ rates, other: google([["send/1000", 80]]) }, "send lacks its floor"],
+    [{ rates, document: google([["send/1000", 80]]) }, "send lacks its floor"],
     [{ rates, other: [own("a", 10, 1, "s"), own("a", 100, 1, "s"), own("aFloor", 10, 1, "s")] }, "no figure for the size 100"],
     [{ rates, other: [own("bFloor", 1, 1, "s")] }, "bFloor is the floor of nothing"]
 ]) {
