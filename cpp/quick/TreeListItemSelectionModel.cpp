@@ -6,6 +6,8 @@
 
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace
 {
 constexpr char kFolder[] = "cpp/quick";
@@ -95,6 +97,15 @@ void TreeListItemSelectionModel::onSelectionChanged(const QItemSelection &, cons
 int TreeListItemSelectionModel::getSelectedCount() const
 {
     return selectedIndexes().size();
+}
+
+bool TreeListItemSelectionModel::hasSelectedFolder() const
+{
+    const QModelIndexList indexes = selectedIndexes();
+    return std::any_of(indexes.cbegin(), indexes.cend(), [](const QModelIndex &index) {
+        return index.data(TutorialItemListModel::RoleId).toInt() >= 0
+            && index.data(TutorialItemListModel::RoleFolder).toBool();
+    });
 }
 
 QVariantList TreeListItemSelectionModel::getSelectedIdList() const

@@ -26,6 +26,7 @@ public:
     /// What an operation shall act on: in tree order, without the root row and without any item
     /// that stands in a selected folder.
     Q_INVOKABLE QVariantList getTreeSelectedIdList() const;
+    Q_INVOKABLE bool hasSelectedFolder() const;
     Q_INVOKABLE QModelIndex getFirstSelectedModelIndex() const;
     /// Leaves the other rows and the current index alone.
     Q_INVOKABLE void toggleSelected(const QModelIndex &modelIndex);

@@ -134,9 +134,10 @@ Rectangle {
     }
 
     function setSelectedIdList(idList) {
-        selectionModel.clear();
-        if (idList.length === 0)
+        if (idList.length === 0) {
+            selectionModel.clear();
             return;
+        }
         rows.openFoldersOf(idList[0]);
         selectedRow.selectIds(idList);
         timers.startAutoSelect(idList, true);

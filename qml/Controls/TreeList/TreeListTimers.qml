@@ -61,9 +61,7 @@ Item {
         if (idList.length > 0)
             startDelaySelect(keys.idToShow(idList));
         tree.focusId = idList.length > 0 ? idList[0] : -1;
-        tree.selectedIsFolder = idList.some(function(id) {
-            return tree.getFolderByIndex(tree.treeListModel.getModelIndexById(id)) === true;
-        });
+        tree.selectedIsFolder = tree.selection.hasSelectedFolder();
         tree.selectedIdListChanged(idList);
     }
 
