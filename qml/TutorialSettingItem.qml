@@ -50,7 +50,6 @@ ItemFields {
         if (!tutorialItemListModel.exists(itemId))
             itemId = -1;
         readItem();
-        updateJumpTreeJson();
         treeListView.focusId = itemId;
         treeListView.focusOn();
     }
@@ -59,7 +58,6 @@ ItemFields {
         if (!tutorialItemListModel.exists(itemId))
             itemId = -1;
         readItem();
-        updateJumpTreeJson();
         if (itemId < 0)
             focusOnFirst();
     }
@@ -199,8 +197,6 @@ ItemFields {
     form: settingsForm
     itemId: selectedIdList.length === 1 ? selectedIdList[0] : -1
 
-    onItemIdChanged: updateJumpTreeJson()
-
     Keys.onPressed: {
         if (event.key === Qt.Key_F4) {
             if (!folder)
@@ -254,6 +250,7 @@ ItemFields {
                 screen: root
                 localeList: root.localeList
                 title: qsTr("Settings") + " #" + root.itemId
+                onJumpTreeRequested: root.updateJumpTreeJson()
             }
         }
     }
@@ -298,12 +295,14 @@ ItemFields {
     // In place of Connections, whose handlers Qt 5.15 wants in a form that older
     // releases don't know.
     Component.onCompleted: {
+        // A button without a menu would not open one.
+        updateJumpTreeJson();
         treeListView.selectedItemChanged.connect(updateSelectedItem);
         treeListView.selectedIdListChanged.connect(function(idList) {
             selectedIdList = idList;
             updateSelectedItem();
         });
-        treeListView.treeChanged.connect(updateJumpTreeJson);
+        treeListView.treeChanged.connect(settingsForm.showJumpNames);
         treeListView.followed.connect(followDocument);
         treeListView.itemDoubleClicked.connect(function(id) {
             applicationWindow.startFromId(id);

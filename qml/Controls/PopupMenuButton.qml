@@ -16,31 +16,30 @@ Button {
     /// Set, the next walk of the tree selects its first enabled item.
     property bool initialAutoSelect: false
     property Toolkit.Menu lastPopup: null
-    /// What lastPopup was made of. To make a menu takes long, and from one step to the next it is the same.
-    property string menuText: ""
     property int iwidth: 16
     property int iheight: 16
+    /// Called with an id, knows its name where the tree may not; null: the tree knows.
+    property var nameOf: null
     readonly property int popupItemId: lastPopup ? lastPopup.itemId : -1
 
     function getName(itemId) {
+        if (nameOf)
+            return nameOf(itemId);
         return exists(itemId) ? idNameHash[itemId] : "";
+    }
+
+    function showName() {
+        text = getName(itemId);
     }
 
     function exists(itemId) {
         return itemId !== undefined && idNameHash[itemId] !== undefined;
     }
 
-    // The toolkit scrolls a menu to its current entry as it opens.
-    function openAtItem(menu) {
-        var index = menu ? ItemMenu.indexOfItem(menu.items, itemId) : -1;
-        if (index >= 0)
-            menu.__currentIndex = index;
-    }
-
     function setFirstItemId() {
         initialAutoSelect = true;
         itemTreeJsonChanged();
-        text = getName(itemId);
+        showName();
     }
 
     function setFirstIfNotSelected() {
@@ -76,28 +75,16 @@ Button {
         idNameHash = names;
         addMenu(tree);
         plainAction.enabled = Object.keys(idNameHash).length > 0;
-        text = getName(itemId);
+        showName();
     }
 
     function addMenu(tree) {
-        var text = "";
-        try {
-            text = ItemMenu.menuText(tree);
-            if (text === menuText) {
-                ItemMenu.enableItems(lastPopup.items, tree.children);
-                return;
-            }
-            var menu = Qt.createQmlObject(text, root, "buttonPopup");
-            var old = lastPopup;
-            ItemMenu.enableItems(menu.items, tree.children);
-            menu.itemId = itemId;
-            lastPopup = menu;
-            menuText = text;
-            if (old)
-                old.destroy();
-        } catch (error) {
-            console.log("PopupMenuButton: 87: " + error + " " + text);
-        }
+        var old = lastPopup;
+        var menu = menuComponent.createObject(root, { "itemId": itemId });
+        ItemMenu.fill(menu, tree.children, menu);
+        lastPopup = menu;
+        if (old)
+            old.destroy();
     }
 
     // The toolkit's own would take an ampersand in the text for the mark of a key.
@@ -115,6 +102,14 @@ Button {
     onItemIdChanged: {
         if (lastPopup)
             lastPopup.itemId = itemId;
-        text = getName(itemId);
+        showName();
+    }
+
+    Component {
+        id: menuComponent
+
+        Toolkit.Menu {
+            property int itemId: -1
+        }
     }
 }

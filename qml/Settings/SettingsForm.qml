@@ -17,6 +17,9 @@ GroupBox {
     /// What the jump menus offer.
     property string jumpTreeJson: ""
 
+    /// A jump menu is about to open.
+    signal jumpTreeRequested()
+
     // The hint takes the height that the other rows leave.
     readonly property real otherRowsHeight: windowRow.height + positionRow.height + conditionRow.height + iconRow.height
                                             + arrowCheck.height + jumpRow.height + hint2Row.height
@@ -34,6 +37,12 @@ GroupBox {
             }
         }
         return null;
+    }
+
+    /// Shows the names of the jumps anew.
+    function showJumpNames() {
+        jumpButton.showName();
+        jumpNoButton.showName();
     }
 
     // The place to scroll to, so that what begins there is in sight.
@@ -216,9 +225,11 @@ GroupBox {
                 }
 
                 JumpButton {
+                    id: jumpButton
                     objectName: "jump"
                     screen: root.screen
                     itemTreeJson: root.jumpTreeJson
+                    onTreeRequested: root.jumpTreeRequested()
                 }
 
                 FieldLabel {
@@ -226,9 +237,11 @@ GroupBox {
                 }
 
                 JumpButton {
+                    id: jumpNoButton
                     objectName: "jumpNo"
                     screen: root.screen
                     itemTreeJson: root.jumpTreeJson
+                    onTreeRequested: root.jumpTreeRequested()
                 }
             }
         }

@@ -52,11 +52,10 @@ Item {
             compare(button.text, "(Next)");
             menu.items[2].items[1].trigger();
             compare(button.itemId, 3);
-            // What may be chosen changes with each selected step, and the menu is long.
+            // What may be chosen changes with each selected step.
             button.itemTreeJson = tree.replace(",\"enabled\":false", "").replace("\"id\":5", "\"enabled\":false,\"id\":5");
-            verify(button.lastPopup === menu);
-            compare(menu.items[2].items[0].enabled, true);
-            compare(menu.items[4].enabled, false);
+            compare(button.lastPopup.items[2].items[0].enabled, true);
+            compare(button.lastPopup.items[4].enabled, false);
         }
 
         function test_opensAtItsItem() {
