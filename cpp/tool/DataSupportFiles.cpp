@@ -1,6 +1,7 @@
 // Files and folders.
 
 #include "tool/DataSupport.h"
+#include "tool/FolderSync.h"
 #include "tool/Log.h"
 
 #include <QDataStream>
@@ -61,7 +62,9 @@ Outcome replace(const QString &path, const QByteArray &bytes)
         file.setPermissions(former.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser));
     if (!writeBytes(file, bytes))
         return Outcome::Failed;
-    return file.commit() ? Outcome::Done : Outcome::Refused;
+    if (!file.commit())
+        return Outcome::Refused;
+    return syncFolder(former.path()) ? Outcome::Done : Outcome::Failed;
 }
 
 bool writeInPlace(const QFileInfo &target, const QByteArray &bytes)
