@@ -81,7 +81,7 @@ void TutorialItemListModel::setValue(int id, const QString &propertyName, const 
     }
     if (row->data(RoleFolder).toBool() && propertyName == QLatin1String("prohibited")) {
         setProhibitedBelow(*row, value.toBool());
-        updateFolderProhibitedState(*getRootItem());
+        refreshRoles();
         return;
     }
     TutorialItemData *record = document().getData(id);
@@ -97,13 +97,12 @@ void TutorialItemListModel::setValue(int id, const QString &propertyName, const 
         row->setData(record->getValue(propertyName), role);
 }
 
-void TutorialItemListModel::setProhibitedBelow(QStandardItem &row, bool prohibited)
+void TutorialItemListModel::setProhibitedBelow(const QStandardItem &row, bool prohibited)
 {
     if (!row.data(RoleFolder).toBool()) {
         const int id = row.data(RoleId).toInt();
         if (TutorialItemData *record = document().getData(id)) {
             record->setValue(QStringLiteral("prohibited"), prohibited);
-            row.setData(prohibited, RoleProhibited);
         } else {
             Log::warning(kFolder, "TutorialItemListModel::setValue", __LINE__) << "tutorialItemData not found" << id;
         }

@@ -133,18 +133,20 @@ private:
     {
         int prohibited = 0;
         int permitted = 0;
+        bool folderChanged = false;
     };
 
     static QStandardItem *makeRow(const Item &item);
-    static void copyRoles(QStandardItem &row);
+    /// Whether that changed one.
+    static bool copyRoles(QStandardItem &row);
     static void appendRows(QStandardItem &parentRow, const QList<Item> &items);
     static void insertNewRows(QStandardItem &parentRow, int row, const QList<Item> &items, int first, int last);
     void reconcileRows(QStandardItem &parentRow, const Item &node);
     void reconcileStandingRow(QStandardItem &row, const Item &item);
     void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
-    static void refreshRoles(QStandardItem &row, const Item &item);
+    static bool refreshRoles(QStandardItem &row, const Item &item);
     static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
-    static void setProhibitedBelow(QStandardItem &row, bool prohibited);
+    static void setProhibitedBelow(const QStandardItem &row, bool prohibited);
 
     QHash<int, QByteArray> mRoleNames;
 };

@@ -3,6 +3,8 @@
 #include "quick/TutorialItemListModel.h"
 #include "TutorialEditor/Manager.h"
 
+#include <QSignalBlocker>
+
 namespace
 {
 const TutorialItemData *recordOf(int id)
@@ -35,6 +37,42 @@ private:
     const QList<TreeItem<TutorialItemData>> &mChildren;
     QHash<int, int> mPositions;
 };
+
+/// The rows of a folder whose roles have changed. They are told of together: a view of the tree walks
+/// all that is open for each time that it is told.
+class ChangedRows
+{
+public:
+    explicit ChangedRows(const QStandardItem &folder) : mFolder(folder) { }
+
+    void add(int row)
+    {
+        if (mFirst < 0)
+            mFirst = row;
+        mLast = row;
+    }
+
+    void tell(const QVector<int> &roles) const
+    {
+        if (mFirst >= 0)
+            Q_EMIT mFolder.model()->dataChanged(mFolder.child(mFirst)->index(), mFolder.child(mLast)->index(), roles);
+    }
+
+private:
+    const QStandardItem &mFolder;
+    int mFirst = -1;
+    int mLast = -1;
+};
+
+/// Sets the role and says whether it was another; who sets it tells of it.
+bool setRole(QStandardItem &row, const QVariant &value, int role)
+{
+    if (row.data(role) == value)
+        return false;
+    const QSignalBlocker blocker(row.model());
+    row.setData(value, role);
+    return true;
+}
 } // namespace
 
 QStandardItem *TutorialItemListModel::makeRow(const Item &item)
@@ -47,16 +85,17 @@ QStandardItem *TutorialItemListModel::makeRow(const Item &item)
     return row;
 }
 
-void TutorialItemListModel::copyRoles(QStandardItem &row)
+bool TutorialItemListModel::copyRoles(QStandardItem &row)
 {
     const TutorialItemData *record = recordOf(row.data(RoleId).toInt());
     if (!record)
-        return;
+        return false;
+    bool changed = setRole(row, record->mIcon, RoleIcon);
+    changed |= setRole(row, record->mJump, RoleJump);
     // A folder shows what it holds, not what its record says.
     if (!row.data(RoleFolder).toBool())
-        row.setData(record->mProhibited, RoleProhibited);
-    row.setData(record->mIcon, RoleIcon);
-    row.setData(record->mJump, RoleJump);
+        changed |= setRole(row, record->mProhibited, RoleProhibited);
+    return changed;
 }
 
 void TutorialItemListModel::appendRows(QStandardItem &parentRow, const QList<Item> &items)
@@ -170,14 +209,18 @@ void TutorialItemListModel::refreshRoles()
     updateFolderProhibitedState(*rootRow);
 }
 
-void TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
+bool TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
 {
     if (row.data(RoleId) != item.mId)
-        return;
-    copyRoles(row);
+        return false;
+    ChangedRows changedRows(row);
     const int count = qMin(row.rowCount(), item.mChildren.size());
-    for (int i = 0; i < count; ++i)
-        refreshRoles(*row.child(i), item.mChildren.at(i));
+    for (int i = 0; i < count; ++i) {
+        if (refreshRoles(*row.child(i), item.mChildren.at(i)))
+            changedRows.add(i);
+    }
+    changedRows.tell({ RoleIcon, RoleJump, RoleProhibited });
+    return copyRoles(row);
 }
 
 TutorialItemListModel::ProhibitedCounts TutorialItemListModel::updateFolderProhibitedState(QStandardItem &row)
@@ -187,13 +230,15 @@ TutorialItemListModel::ProhibitedCounts TutorialItemListModel::updateFolderProhi
         ++(row.data(RoleProhibited).toBool() ? counts.prohibited : counts.permitted);
         return counts;
     }
+    ChangedRows changedRows(row);
     for (int i = 0; i < row.rowCount(); ++i) {
         const ProhibitedCounts below = updateFolderProhibitedState(*row.child(i));
         counts.prohibited += below.prohibited;
         counts.permitted += below.permitted;
+        if (below.folderChanged)
+            changedRows.add(i);
     }
-    const bool prohibited = counts.prohibited > 0 && counts.permitted == 0;
-    if (row.data(RoleProhibited).toBool() != prohibited)
-        row.setData(prohibited, RoleProhibited);
+    changedRows.tell({ RoleProhibited });
+    counts.folderChanged = setRole(row, counts.prohibited > 0 && counts.permitted == 0, RoleProhibited);
     return counts;
 }
