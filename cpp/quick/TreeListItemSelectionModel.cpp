@@ -116,8 +116,8 @@ QVariantList TreeListItemSelectionModel::getSelectedIdList() const
             << "QStandardItemModel not found" << model();
         return idList;
     }
-    for (const QModelIndex &index : selectedIndexes())
-        idList.append(index.data(TutorialItemListModel::RoleId).toInt());
+    for (const int id : selectedIds())
+        idList.append(id);
     return idList;
 }
 
@@ -253,4 +253,32 @@ void TreeListItemSelectionModel::setSelectedBetween(int id1, int id2)
     const int last = qMax(row1, row2);
     if (last >= 0)
         select(QItemSelection(root->child(first)->index(), root->child(last)->index()), Select);
+}
+
+QList<int> TreeListItemSelectionModel::selectedIds() const
+{
+    QList<int> ids;
+    for (const QModelIndex &index : selectedIndexes())
+        ids.append(index.data(TutorialItemListModel::RoleId).toInt());
+    return ids;
+}
+
+void TreeListItemSelectionModel::setAside()
+{
+    mSetAside = selectedIds();
+    const QSignalBlocker blocker(this);
+    clearSelection();
+}
+
+void TreeListItemSelectionModel::putBack()
+{
+    if (mSetAside.isEmpty())
+        return;
+    {
+        const QSignalBlocker blocker(this);
+        setSelectedIdList(mSetAside);
+    }
+    if (idSet(selectedIds()) != idSet(mSetAside))
+        Q_EMIT selectionChanged(selection(), QItemSelection());
+    mSetAside.clear();
 }

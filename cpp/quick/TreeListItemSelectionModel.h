@@ -9,7 +9,7 @@
 class QStandardItem;
 
 /// The selection of the tree of tutorial items, read and set as item ids. It keeps no state of its
-/// own.
+/// own, but for what is set aside.
 ///
 /// Tree order is depth first, parents before children, through open and closed folders alike.
 class TreeListItemSelectionModel : public QItemSelectionModel
@@ -41,6 +41,11 @@ public:
     /// Like setSelectedBetweenCurrentAnd between two children of the root row; the current index is
     /// cleared. Of a known and an unknown id the known one is selected alone.
     Q_INVOKABLE void setSelectedBetween(int id1, int id2);
+    /// Without a signal selects nothing until putBack, while rows come and go at many places: for each
+    /// of them Qt would look at all that is selected, and tell of what goes.
+    Q_INVOKABLE void setAside();
+    /// Selects what was set aside and is still there. Tells of it if that is not all.
+    Q_INVOKABLE void putBack();
 
 Q_SIGNALS:
     void selectedIdListChanged();
@@ -50,4 +55,7 @@ private:
     /// Selects the rows below this one that are wanted and no others. The question is asked in tree
     /// order.
     void selectWanted(const QStandardItem &invisibleRoot, const std::function<bool(int id)> &wanted);
+    QList<int> selectedIds() const;
+
+    QList<int> mSetAside;
 };

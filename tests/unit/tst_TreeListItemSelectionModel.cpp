@@ -36,6 +36,7 @@ private Q_SLOTS:
     void treeSelected();
     void betweenCurrentAnd();
     void keepsWhatStaysSelected();
+    void isSetAsideWhileRowsGo();
 };
 
 void tst_TreeListItemSelectionModel::treeSelected()
@@ -82,6 +83,28 @@ void tst_TreeListItemSelectionModel::keepsWhatStaysSelected()
     QCOMPARE(tree.treeSelected(), QStringLiteral("3 6 7 9"));
     // All at once: each signal lets the screen look at all rows.
     QCOMPARE(changes.count(), 1);
+}
+
+void tst_TreeListItemSelectionModel::isSetAsideWhileRowsGo()
+{
+    Tree tree;
+    tree.selection.setSelectedIdList({ 1, 6, 9 });
+    QSignalSpy changes(&tree.selection, &TreeListItemSelectionModel::selectedIdListChanged);
+    tree.selection.setAside();
+    tree.selection.putBack();
+    QCOMPARE(changes.count(), 0);
+    QCOMPARE(tree.treeSelected(), QStringLiteral("1 6 9"));
+    tree.selection.setAside();
+    for (const int id : { 1, 9 })
+        tree.model.removeRow(tree.at(id).row(), tree.at(id).parent());
+    QCOMPARE(changes.count(), 0);
+    tree.selection.putBack();
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(tree.treeSelected(), QStringLiteral("6"));
+    tree.selection.setAside();
+    tree.model.removeRow(tree.at(6).row(), tree.at(6).parent());
+    tree.selection.putBack();
+    QCOMPARE(changes.count(), 2);
 }
 
 QTEST_MAIN(tst_TreeListItemSelectionModel)

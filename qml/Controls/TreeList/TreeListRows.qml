@@ -38,8 +38,10 @@ QtObject {
             dropArea.cancel();
             placeBefore = view.scrolled();
         }
-        if (places > fewPlaces && !closed)
+        if (places > fewPlaces && !closed) {
+            tree.selection.setAside();
             close();
+        }
     }
 
     /// Keeps in mind which folders were open among rows that go: those of a folder
@@ -61,6 +63,7 @@ QtObject {
     }
 
     function open() {
+        tree.selection.putBack();
         view.expand(model.getRootIndex());
         openBefore.forEach(function(id) {
             var index = model.getModelIndexById(id);
