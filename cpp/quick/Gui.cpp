@@ -2,6 +2,7 @@
 
 #include "tool/Log.h"
 
+#include <QSignalBlocker>
 #include <QWindow>
 
 QObject *Gui::create(QQmlEngine *engine, QJSEngine *scriptEngine)
@@ -24,4 +25,12 @@ void Gui::setIme(const QVariant &window, bool enabled)
         return;
     }
     mInputMethod.setEnabled(target, enabled);
+}
+
+void Gui::quietly(QObject *object, const QJSValue &function)
+{
+    const QSignalBlocker blocker(object);
+    const QJSValue result = QJSValue(function).call();
+    if (result.isError())
+        Log::warning("cpp/quick", "Gui::quietly", __LINE__) << result.toString();
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4 as Toolkit
+import Morvi.kess 1.0
 import "../QtControls"
 import "itemmenu.js" as ItemMenu
 
@@ -20,6 +21,8 @@ Button {
     property int iheight: 16
     /// Called with an id, knows its name where the tree may not; null: the tree knows.
     property var nameOf: null
+    /// The tree as objects.
+    property var itemTree: ({})
     readonly property int popupItemId: lastPopup ? lastPopup.itemId : -1
 
     function getName(itemId) {
@@ -73,15 +76,16 @@ Button {
             console.log("PopupMenuButton: 32: " + error + " " + itemTreeJson);
         }
         idNameHash = names;
-        addMenu(tree);
+        itemTree = tree;
+        addMenu();
         plainAction.enabled = Object.keys(idNameHash).length > 0;
         showName();
     }
 
-    function addMenu(tree) {
+    function addMenu() {
         var old = lastPopup;
         var menu = menuComponent.createObject(root, { "itemId": itemId });
-        ItemMenu.fill(menu, tree.children, menu);
+        ItemMenu.fill(menu, itemTree.children, menu, Gui.quietly);
         lastPopup = menu;
         if (old)
             old.destroy();
@@ -105,11 +109,20 @@ Button {
         showName();
     }
 
+    // A menu that has been open holds all its entries.
+    onPressedChanged: {
+        if (pressed && lastPopup && lastPopup.opened && !lastPopup.__popupVisible)
+            addMenu();
+    }
+
     Component {
         id: menuComponent
 
         Toolkit.Menu {
             property int itemId: -1
+            property bool opened: false
+
+            onAboutToShow: opened = true
         }
     }
 }

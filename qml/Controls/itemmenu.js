@@ -8,22 +8,40 @@ function shown(name) {
     return String(name).replace(/&/g, "&&");
 }
 
-/// Adds entries for those children to a menu. A chosen item goes to the `itemId`
-/// of the root menu, at whose item the menus open.
-function fill(menu, children, root) {
-    (children || []).forEach(function(child) {
-        if (child.separator)
-            menu.addSeparator();
-        else if (child.folder)
-            fill(menu.addMenu(shown(child.name)), child.children, root);
-        else
-            addItem(menu, child, root);
-    });
+// As many as a screen shows. The toolkit makes what it needs to draw an entry for
+// all that stand in a menu as it opens, and afterwards only for those in view.
+var firstEntries = 40;
+
+/// Adds entries for those children to a menu, the first ones at once and the
+/// others as it opens. A chosen item goes to the `itemId` of the root menu, at
+/// whose item the menus open. `quietly` calls a function while an object emits
+/// nothing.
+function fill(menu, children, root, quietly) {
+    var entries = children || [];
+    function add(child) {
+        addEntry(menu, child, root, quietly);
+    }
+
+    entries.slice(0, firstEntries).forEach(add);
     menu.aboutToShow.connect(function() {
-        openAtItem(menu, children, root.itemId);
+        var left = entries.slice(menu.items.length);
+        if (left.length > 0) {
+            quietly(menu, function() { left.forEach(add); });
+            menu.itemsChanged();
+        }
+        openAtItem(menu, entries, root.itemId);
         // The toolkit goes to a submenu's first entry after it has opened.
-        Qt.callLater(openAtItem, menu, children, root.itemId);
+        Qt.callLater(openAtItem, menu, entries, root.itemId);
     });
+}
+
+function addEntry(menu, child, root, quietly) {
+    if (child.separator)
+        menu.addSeparator();
+    else if (child.folder)
+        fill(menu.addMenu(shown(child.name)), child.children, root, quietly);
+    else
+        addItem(menu, child, root);
 }
 
 function addItem(menu, child, root) {
