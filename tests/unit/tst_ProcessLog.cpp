@@ -45,6 +45,21 @@ void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
     restart();
     qWarning("second run");
     QVERIFY(readAll(path).startsWith("Warning: second run ("));
+    // So does the start of another program, and what both write then stays whole.
+    QVERIFY(QFile::resize(path, 0));
+    qt_message_output(QtInfoMsg, QMessageLogContext("a.qml", 1, "run", ""), QStringLiteral("both"));
+    QCOMPARE(readAll(path), QByteArray("Info: both (a.qml:1, run)\n"));
+    // However long a run is, the log has an end.
+    const QString text(1024 * 1024, QLatin1Char('x'));
+    for (int i = 0; i < 70; ++i)
+        qt_message_output(QtDebugMsg, QMessageLogContext(), text);
+    const QByteArray whole = readAll(path);
+    QVERIFY(whole.size() <= 64 * 1024 * 1024 + 100 && whole.size() > 63 * 1024 * 1024);
+    QVERIFY(whole.endsWith("\nWarning: the log has reached 67108864 bytes and ends here (:0, )\n"));
+    QCOMPARE(forwarded, 72);
+    restart();
+    qWarning("third run");
+    QVERIFY(readAll(path).startsWith("Warning: third run ("));
     // The lines also go on without a folder for it.
     QVERIFY(logFolder.removeRecursively());
     restart();
