@@ -11,12 +11,16 @@
 
 namespace
 {
-// Some 400,000 messages of the host editor.
+// What one run writes, in bytes: some 400,000 messages of the host editor. The last part is kept for warnings and what
+// is worse.
 constexpr qint64 kMaximumSize = 64 * 1024 * 1024;
+constexpr qint64 kMaximumDebugSize = 60 * 1024 * 1024;
 
 std::atomic<std::FILE *> logFile{ nullptr };
-// What this run has asked to be written to it, in bytes.
 std::atomic<qint64> logSize{ 0 };
+// Nothing that is no warning goes in any more, or nothing at all.
+std::atomic<bool> debugEnded{ false };
+std::atomic<bool> logEnded{ false };
 // Threads that may be about to write to it.
 std::atomic<int> writers{ 0 };
 QtMessageHandler previousMessageHandler = nullptr;
@@ -52,24 +56,39 @@ void write(std::FILE *file, const QByteArray &line)
     std::fflush(file);
 }
 
-/// The line that goes past the limit gives its place to a last one that says so.
-void writeUpToLimit(const QByteArray &line)
+/// Whether there is still room for so many bytes, which are then taken.
+bool take(qint64 size, qint64 limit)
+{
+    qint64 before = logSize;
+    while (before + size <= limit) {
+        if (logSize.compare_exchange_weak(before, before + size))
+            return true;
+    }
+    return false;
+}
+
+/// The first line that has no room gives its place to one that says what is left out from there on.
+void writeUpToLimit(QtMsgType type, const QByteArray &line)
 {
     ++writers;
     if (std::FILE *file = logFile) {
-        const qint64 before = logSize.fetch_add(line.size());
-        if (before + line.size() <= kMaximumSize) {
+        const bool debug = type == QtDebugMsg || type == QtInfoMsg;
+        const qint64 limit = debug ? kMaximumDebugSize : kMaximumSize;
+        if (take(line.size(), limit)) {
             write(file, line);
-        } else if (before <= kMaximumSize) {
-            // Those of other threads that still fit come before it.
-            while (writers > 1)
-                std::this_thread::yield();
-            write(file,
-                  logLine("Warning", QMessageLogContext(),
-                          QStringLiteral("the log has reached %1 bytes and ends here").arg(kMaximumSize)));
+        } else if (!(debug ? debugEnded : logEnded).exchange(true)) {
+            const QString text = debug ? QStringLiteral("only warnings from here on, after %1 bytes")
+                                       : QStringLiteral("the log ends here, after %1 bytes");
+            write(file, logLine("Warning", QMessageLogContext(), text.arg(logSize)));
         }
     }
     --writers;
+}
+
+/// Whether lines of that kind still go in.
+bool isOpenFor(QtMsgType type)
+{
+    return logFile && !logEnded && !(debugEnded && (type == QtDebugMsg || type == QtInfoMsg));
 }
 
 /// Each line goes to the end of the file, wherever that is by then: a second program that starts beside this one
@@ -84,8 +103,8 @@ std::FILE *openEmpty(const QByteArray &path)
 void logMessageHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
     const char *level = levelName(type);
-    if (logFile && level && logSize <= kMaximumSize)
-        writeUpToLimit(logLine(level, context, message));
+    if (level && isOpenFor(type))
+        writeUpToLimit(type, logLine(level, context, message));
     if (previousMessageHandler)
         previousMessageHandler(type, context, message);
 }
@@ -98,6 +117,8 @@ void setupMessageHandler()
     Log::debug("main", "setupMessageHandler", __LINE__) << folder << path;
     logFile = openEmpty(path.toLocal8Bit());
     logSize = 0;
+    debugEnded = false;
+    logEnded = false;
     previousMessageHandler = qInstallMessageHandler(logMessageHandler);
 }
 

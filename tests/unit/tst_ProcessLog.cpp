@@ -49,14 +49,20 @@ void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
     QVERIFY(QFile::resize(path, 0));
     qt_message_output(QtInfoMsg, QMessageLogContext("a.qml", 1, "run", ""), QStringLiteral("both"));
     QCOMPARE(readAll(path), QByteArray("Info: both (a.qml:1, run)\n"));
-    // However long a run is, the log has an end.
-    const QString text(1024 * 1024, QLatin1Char('x'));
-    for (int i = 0; i < 70; ++i)
-        qt_message_output(QtDebugMsg, QMessageLogContext(), text);
-    const QByteArray whole = readAll(path);
-    QVERIFY(whole.size() <= 64 * 1024 * 1024 + 100 && whole.size() > 63 * 1024 * 1024);
-    QVERIFY(whole.endsWith("\nWarning: the log has reached 67108864 bytes and ends here (:0, )\n"));
-    QCOMPARE(forwarded, 72);
+    // However long a run is, the log has an end, and warnings outlast the rest.
+    const QString text(1024 * 1024 - 100, QLatin1Char('x'));
+    const auto fill = [&](QtMsgType type, const QByteArray &farewell) {
+        for (int i = 0; i < 70; ++i)
+            qt_message_output(type, QMessageLogContext(), text);
+        const QByteArray whole = readAll(path);
+        QVERIFY(whole.endsWith(" bytes (:0, )\n"));
+        QCOMPARE(whole.count("\nWarning: " + farewell), 1);
+        QVERIFY(whole.lastIndexOf('\n', -2) == whole.indexOf("\nWarning: " + farewell));
+    };
+    fill(QtDebugMsg, "only warnings from here on");
+    fill(QtWarningMsg, "the log ends here");
+    QVERIFY(QFileInfo(path).size() > 63 * 1024 * 1024 && QFileInfo(path).size() < 64 * 1024 * 1024 + 200);
+    QCOMPARE(forwarded, 142);
     restart();
     qWarning("third run");
     QVERIFY(readAll(path).startsWith("Warning: third run ("));
