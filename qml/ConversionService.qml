@@ -22,8 +22,6 @@ Item {
     property var running: []
     /// Lost pages in a row that answered nothing.
     property int failedPages: 0
-    /// When the page became ready, in milliseconds.
-    property double readySince: 0
     property alias webEngineView: viewLoader.item
     property alias viewSource: viewLoader.source
 
@@ -39,6 +37,9 @@ Item {
     /// Times in milliseconds.
     readonly property int answerLimit: 10000
     readonly property int maximumAnswerLimit: 3600000
+    /// A limit is over after so many turns of the event loop, of a like time each: all the time that a machine or a
+    /// process was halted is one of them, in which the page could do nothing either.
+    readonly property int turnsOfLimit: 10
     readonly property int maximumRestartDelay: 60000
 
     function requestCoffeeJs(key, coffeeScript) {
@@ -114,7 +115,8 @@ Item {
         answerTimer.stop();
         if (running.length === 0)
             return;
-        answerTimer.interval = limitFor(running[0]);
+        answerTimer.turns = 0;
+        answerTimer.interval = limitFor(running[0]) / turnsOfLimit;
         answerTimer.start();
     }
 
@@ -133,13 +135,12 @@ Item {
     function replacePage(reason, processEnded) {
         if (failedPages < maximumFailedPages)
             console.warn("conversion page:", reason);
-        if (ready && Date.now() - readySince > answerLimit)
-            failedPages = 0;
         var oldest = running[0];
         var lost = running.reduce(function(requests, batch) { return requests.concat(batch.requests); }, []);
         running = [];
         answerTimer.stop();
         processTimer.stop();
+        provenTimer.stop();
         ready = false;
         viewLoader.running = false;
         if (oldest && oldest.begun)
@@ -173,9 +174,9 @@ Item {
     onReadyChanged: {
         if (!ready)
             return;
-        readySince = Date.now();
         if (failedPages > maximumFailedPages)
             console.warn("conversion page: ready again");
+        provenTimer.start();
         processList();
     }
 
@@ -203,9 +204,23 @@ Item {
         onTriggered: service.ready = true
     }
 
+    // A page that has been ready for so long is not lost in a row with those before.
+    Timer {
+        id: provenTimer
+        interval: service.answerLimit
+        onTriggered: service.failedPages = 0
+    }
+
     Timer {
         id: answerTimer
-        onTriggered: service.replacePage("no answer within " + interval + " ms", false)
+
+        property int turns: 0
+
+        repeat: true
+        onTriggered: {
+            if (++turns >= service.turnsOfLimit)
+                service.replacePage("no answer within " + interval * turns + " ms", false);
+        }
     }
 
     Timer {

@@ -61,9 +61,9 @@ QStringList convertWithNode(const QStringList &sources)
     return records;
 }
 
-/// Ends the processes of pages that the program has by now: those that the process which it keeps for
+/// Sends the signal to the processes of pages that the program has by now: those that the process which it keeps for
 /// starting them has made.
-void killPages(qint64 program)
+void signalPages(qint64 program, int signal)
 {
     const auto parent = [](qint64 process) {
         const QByteArray state = readAll(QStringLiteral("/proc/%1/stat").arg(process));
@@ -71,8 +71,13 @@ void killPages(qint64 program)
     };
     for (const QString &name : QDir(QStringLiteral("/proc")).entryList({ QStringLiteral("[1-9]*") }, QDir::Dirs)) {
         if (parent(parent(name.toLongLong())) == program)
-            ::kill(static_cast<pid_t>(name.toLongLong()), SIGKILL);
+            ::kill(static_cast<pid_t>(name.toLongLong()), signal);
     }
+}
+
+void killPages(qint64 program)
+{
+    signalPages(program, SIGKILL);
 }
 
 /// The program with its link, which is kept alive until the end.
@@ -172,7 +177,8 @@ void tst_Conversion::sourcesThatNeverEnd()
     Service busyPage;
     Service large;
     Service together;
-    QVERIFY(endless.begin() && busyPage.begin() && large.begin() && together.begin());
+    Service halted;
+    QVERIFY(endless.begin() && busyPage.begin() && large.begin() && together.begin() && halted.begin());
     const QString never = QStringLiteral("(function() { for (;;); })()");
     together.request(1, kSource);
     together.request(2, never);
@@ -194,6 +200,23 @@ void tst_Conversion::sourcesThatNeverEnd()
                   QStringLiteral("(function() { var end = Date.now() + 11000; while (Date.now() < end); "
                                  "return 'a = 1'; })() /* %1 */")
                       .arg(QString(20000, QLatin1Char('.'))));
+
+    // The time in which a program is halted with its page, as by a machine that sleeps, is not the source's.
+    halted.request(1, kSource);
+    QVERIFY(halted.answers(1));
+    halted.request(2,
+                   QStringLiteral("(function() { for (var n = 0, last = Date.now(); n < 15; ) { var now = Date.now(); "
+                                  "if (now - last >= 100) { ++n; last = now; } } return 'a = 1'; })()"));
+    QTRY_VERIFY(halted.log().contains(QLatin1String("requestCoffeeJs: 2")));
+    const qint64 program = halted.process().processId();
+    const auto signalAll = [program](int signal) {
+        ::kill(static_cast<pid_t>(program), signal);
+        signalPages(program, signal);
+    };
+    signalAll(SIGSTOP);
+    QTest::qWait(11000);
+    signalAll(SIGCONT);
+    QVERIFY2(halted.answers(2), qPrintable(halted.mFields.join(QLatin1Char(' '))));
 
     QVERIFY(endless.answers(2, QLatin1String(kError)));
     QCOMPARE(endless.log().count(QLatin1String("no answer within")), 1);

@@ -7,6 +7,9 @@
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
+#include <csignal>
+#include <unistd.h>
+
 using namespace HostMessages;
 
 namespace
@@ -38,6 +41,8 @@ private Q_SLOTS:
     void initTestCase() { qputenv("TMPDIR", QFile::encodeName(mTemporary.path())); }
     void endsWithoutALink();
     void tutorials();
+    void severalHosts();
+    void hostThatDoesNotRead();
     void survivesHostileBytes();
     void flood();
 
@@ -53,6 +58,7 @@ void tst_Link::endsWithoutALink()
     HostPeer noServer;
     HostPeer noSuffix;
     HostPeer talking;
+    HostPeer asleep;
     QVERIFY(left.start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM)));
     left.sendMessage(startMessage(kHostRect));
     const auto temporaryFolders = [this] {
@@ -60,26 +66,43 @@ void tst_Link::endsWithoutALink()
     };
     QTRY_COMPARE(Screen::places(left.process().processId(), kHintWindow).size(), 1);
     QTRY_COMPARE(temporaryFolders(), 1);
+    // In the middle of a record, which is not taken for a whole one.
+    left.sendBytes("0\x02tutorialL");
     left.socket().disconnectFromServer();
     QVERIFY(left.waitForExit(5000));
+    QVERIFY(!left.log().contains(QLatin1String("tutorialL")));
     QCOMPARE(temporaryFolders(), 0);
 
     QElapsedTimer timer;
     timer.start();
     QVERIFY(silent.start(kProgram));
     QVERIFY(talking.start(kProgram));
+    QVERIFY(asleep.start(kProgram));
     QVERIFY(noServer.startAlone(kProgram, { QStringLiteral("-no-such-server") }));
     QVERIFY(noSuffix.startAlone(kProgram, { QString() }));
     QVERIFY(noSuffix.waitForExit(8000));
 
+    // One byte a second, which are a message at last.
+    QByteArray record = HostRecord::encode(HostRecord::kFromHost, FromHost::kTutorialList);
     QTimer byte;
-    connect(&byte, &QTimer::timeout, &byte, [&] { talking.sendBytes("x"); });
-    byte.start(3000);
+    connect(&byte, &QTimer::timeout, &byte, [&] {
+        talking.sendBytes(record.left(1));
+        record.remove(0, 1);
+    });
+    byte.start(1000);
+    // A machine that sleeps, with both ends of the link.
+    QVERIFY(!asleep.waitForMessage(ToHost::kAlive).isEmpty());
+    const auto sleeper = static_cast<pid_t>(asleep.process().processId());
+    ::kill(sleeper, SIGSTOP);
     QVERIFY(silent.waitForExit(16000));
     QVERIFY2(timer.elapsed() > 8000, qPrintable(QString::number(timer.elapsed())));
     QVERIFY(noServer.waitForExit(6000));
     QTest::qWait(2000);
-    QCOMPARE(talking.process().state(), QProcess::Running);
+    ::kill(sleeper, SIGCONT);
+    QVERIFY(!talking.waitForMessage(ToHost::kTutorialList, 20000).isEmpty());
+    QTest::qWait(1000);
+    asleep.send(FromHost::kTutorialList);
+    QVERIFY(!asleep.waitForMessage(ToHost::kTutorialList).isEmpty());
     for (HostPeer *host : { &left, &silent, &noServer, &noSuffix }) {
         QCOMPARE(host->process().exitStatus(), QProcess::NormalExit);
         QCOMPARE(host->process().exitCode(), 0);
@@ -112,6 +135,54 @@ void tst_Link::tutorials()
             items,
             StoredTutorial::items(QStringLiteral(TRELVANE_SOURCE_DIR), QLatin1String(row[1]), QLatin1String(row[2])));
     }
+}
+
+/// Two programs at one server, a second host that takes the server's name, and one of another user.
+void tst_Link::severalHosts()
+{
+    HostPeer first;
+    HostPeer second;
+    HostPeer third;
+    QVERIFY(first.start(kProgram) && second.startBeside(first, kProgram));
+    // The name is taken from a server that is still there.
+    QVERIFY(third.listen(first.suffix()));
+    QVERIFY(third.startAlone(kProgram, { first.suffix() }) && third.accept());
+    for (HostPeer *host : { &first, &second, &third }) {
+        host->send(FromHost::kTutorialList);
+        QVERIFY(!host->waitForMessage(ToHost::kTutorialList).isEmpty());
+    }
+    first.socket().disconnectFromServer();
+    QVERIFY(first.waitForExit(5000));
+    second.send(FromHost::kTutorialList);
+    QVERIFY(!second.waitForMessage(ToHost::kTutorialList).isEmpty());
+
+    if (::geteuid() != 0)
+        QSKIP("only root can be another user");
+    // Who listens is noted as the server begins to.
+    HostPeer other;
+    QVERIFY(QFile::setPermissions(mTemporary.path(), QFile::Permissions(0x7777)));
+    QVERIFY(::seteuid(65534) == 0);
+    const bool listens = other.listen(other.suffix());
+    QVERIFY(::seteuid(0) == 0 && listens);
+    QVERIFY(other.startAlone(kProgram, { other.suffix() }));
+    QVERIFY(other.waitForExit(8000));
+    QCOMPARE(other.process().exitCode(), 0);
+    QVERIFY(other.log().contains(QLatin1String("belongs to another user")));
+}
+
+/// What it doesn't take is kept for it up to a limit, and then the link is over.
+void tst_Link::hostThatDoesNotRead()
+{
+    HostPeer host;
+    QVERIFY(host.start(kProgram));
+    host.keepAlive();
+    host.socket().setReadBufferSize(1);
+    for (int i = 0; i < 8000; ++i)
+        host.send(FromHost::kTutorial, QStringLiteral("TutorialSideViewStep0"));
+    QVERIFY(host.waitForExit(120000));
+    QCOMPARE(host.process().exitStatus(), QProcess::NormalExit);
+    QCOMPARE(host.process().exitCode(), 0);
+    QVERIFY(host.log().contains(QLatin1String("the host editor does not read 6")));
 }
 
 void tst_Link::survivesHostileBytes()

@@ -24,12 +24,9 @@ public:
     }
 
     /// Waits for the connection.
-    bool accept(int timeout = 20000)
-    {
-        const bool came = QTest::qWaitFor([this] { return mServer.hasPendingConnections(); }, timeout);
-        mSocket.reset(mServer.nextPendingConnection());
-        return came;
-    }
+    bool accept(int timeout = 20000) { return accept(mServer, timeout); }
+    /// Takes one that comes to the other's server, which must outlive this.
+    bool acceptFrom(HostEnd &other) { return accept(other.mServer, 20000); }
 
     QLocalSocket &socket() { return *mSocket; }
     void sendBytes(const QByteArray &bytes) { mSocket->write(bytes); }
@@ -53,6 +50,13 @@ public:
     }
 
 private:
+    bool accept(QLocalServer &server, int timeout)
+    {
+        const bool came = QTest::qWaitFor([&server] { return server.hasPendingConnections(); }, timeout);
+        mSocket.reset(server.nextPendingConnection());
+        return came;
+    }
+
     QLocalServer mServer;
     std::unique_ptr<QLocalSocket> mSocket; // goes before the server, which would free it too
     HostRecordReader mReader;

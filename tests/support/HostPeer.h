@@ -35,9 +35,12 @@ public:
     /// Starts the program and waits for its connection.
     bool start(const QString &program)
     {
-        static int count = 0;
-        const QString suffix = QStringLiteral("-test-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
-        return listen(suffix) && startAlone(program, { suffix, QStringLiteral("ignored") }) && accept();
+        return listen(mSuffix) && startAlone(program, { mSuffix, QStringLiteral("ignored") }) && accept();
+    }
+    /// Starts the program as a second one of another host.
+    bool startBeside(HostPeer &other, const QString &program)
+    {
+        return startAlone(program, { other.mSuffix }) && acceptFrom(other);
     }
     /// Starts the program with these arguments and no server for it.
     bool startAlone(const QString &program, const QStringList &arguments)
@@ -83,7 +86,16 @@ public:
         return status.mid(status.indexOf(mark) + mark.size()).trimmed().split(' ').first().toInt();
     }
 
+    const QString &suffix() const { return mSuffix; }
+
 private:
+    static QString nextSuffix()
+    {
+        static int count = 0;
+        return QStringLiteral("-test-%1-%2").arg(QCoreApplication::applicationPid()).arg(++count);
+    }
+
+    const QString mSuffix = nextSuffix();
     const QString mLogFolder = QStringLiteral(".local/share/Harnwick/Trelvane");
     QTemporaryDir mHome;
     QProcess mProcess;

@@ -1,12 +1,16 @@
 #include "Tutorial/link/HostLink.h"
 
+#include "tool/Log.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/link/HostRecord.h"
+#include "Tutorial/link/PeerUser.h"
 
 #include <QLocalSocket>
 
 namespace
 {
+constexpr char kFolder[] = "cpp/Tutorial";
+
 constexpr int kSilentTicks = 100;
 constexpr int kAliveTicks = 10;
 } // namespace
@@ -31,6 +35,11 @@ void HostLink::open(const QString &serverName)
 
 void HostLink::onConnected()
 {
+    if (!isOwnUserOrRoot(mSocket->socketDescriptor())) {
+        Log::warning(kFolder, "HostLink::onConnected", __LINE__) << "the server belongs to another user";
+        giveUp();
+        return;
+    }
     mHostConnected = true;
     Q_EMIT connected();
 }
@@ -43,8 +52,21 @@ void HostLink::onDisconnected()
 
 void HostLink::send(const QString &message)
 {
-    if (mSocket && mHostConnected)
-        mSocket->write(HostRecord::encode(HostRecord::kToHost, message));
+    if (!mSocket || !mHostConnected)
+        return;
+    if (mSocket->bytesToWrite() > kMaximumUnread) {
+        Log::warning(kFolder, "HostLink::send", __LINE__) << "the host editor does not read" << mSocket->bytesToWrite();
+        giveUp();
+        return;
+    }
+    mSocket->write(HostRecord::encode(HostRecord::kToHost, message));
+}
+
+void HostLink::giveUp()
+{
+    mSocket->disconnect(this);
+    mSocket->abort();
+    onDisconnected();
 }
 
 void HostLink::onReadyRead()

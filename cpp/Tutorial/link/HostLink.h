@@ -16,12 +16,16 @@ public:
     HostLink();
     ~HostLink() override;
 
-    /// Connects to the server of that name.
+    /// A host editor that leaves more than this many bytes unread is given up, with a warning in the log.
+    static constexpr qint64 kMaximumUnread = 64 * 1024 * 1024;
+
+    /// Connects to the server of that name. One of another user is given up, with a warning in the log.
     void open(const QString &serverName);
     bool isConnected() const { return mHostConnected; }
     /// Drops the message without a word while there is no connection.
     void send(const QString &message);
-    /// One tick of 100 ms. A link that was not opened has none.
+    /// One tick of 100 ms. A link that was not opened has none. The watch counts them and looks at no clock: a
+    /// machine that has slept for an hour has ticked once, and the host editor's clock has stood still as well.
     void tick();
 
 public Q_SLOTS:
@@ -34,6 +38,7 @@ Q_SIGNALS:
     void bye();
     /// Ten seconds have passed without a byte from the host editor, with a connection or without one.
     void silent();
+    /// The host editor has closed the link, or was given up.
     void disconnected();
 
 private:
@@ -41,6 +46,7 @@ private:
 
     void onConnected();
     void onDisconnected();
+    void giveUp();
 
     QLocalSocket *mSocket = nullptr; // a child; null when there is no link
     HostRecordReader mReader;
