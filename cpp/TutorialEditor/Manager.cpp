@@ -179,8 +179,13 @@ QString Manager::save()
     // The folders of a new tutorial may be new too.
     QDir().mkpath(QFileInfo(mFilename).path());
     const QByteArray bytes = text.toUtf8();
-    if (!DataSupport::writeFile(mFilename, bytes))
+    if (!DataSupport::writeFile(mFilename, bytes)) {
+        // What has got there all the same is no one else's change.
+        QByteArray written;
+        if (DataSupport::readFile(mFilename, written) && written == bytes)
+            mFileHash = hashOf(bytes);
         return tr("Failed to save.");
+    }
     mState = State::Loaded;
     mLeftOut.clear();
     mFileHash = hashOf(bytes);

@@ -1,7 +1,7 @@
 // Files and folders.
 
 #include "tool/DataSupport.h"
-#include "tool/FolderSync.h"
+#include "tool/FilePlatform.h"
 #include "tool/Log.h"
 
 #include <QDataStream>
@@ -48,23 +48,53 @@ bool writeBytes(QFileDevice &file, const QByteArray &bytes)
     return false;
 }
 
+/// Gives the file this contents and waits for the disk.
+bool writeToDisk(QFileDevice &file, const QByteArray &bytes)
+{
+    if (!writeBytes(file, bytes) || (file.size() > bytes.size() && !file.resize(bytes.size())))
+        return false;
+    if (FilePlatform::synchronise(file))
+        return true;
+    Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__) << "Failed to synchronise" << file.fileName();
+    return false;
+}
+
+/// The name of a new file, which must be on the disk too.
+bool writeNameToDisk(const QString &path)
+{
+    if (FilePlatform::synchroniseFolder(QFileInfo(path).path()))
+        return true;
+    Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__) << "Failed to synchronise the folder of" << path;
+    return false;
+}
+
 enum class Outcome { Done, Failed, Refused };
+
+Outcome failure(const QSaveFile &file)
+{
+    if (!FilePlatform::isDiskAtFault())
+        return Outcome::Refused;
+    Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__)
+        << "Failed to replace" << file.fileName() << file.errorString();
+    return Outcome::Failed;
+}
 
 /// Puts a new file in the place of the old one, which stays whole until then. Refused where no new file may stand.
 Outcome replace(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
     if (!file.open(QFile::WriteOnly | QFile::Unbuffered))
-        return Outcome::Refused;
+        return failure(file);
     // Without what the present user may do, which would be taken for the owner's.
     const QFileInfo former(path);
     if (former.exists())
         file.setPermissions(former.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser));
-    if (!writeBytes(file, bytes))
+    // Qt synchronises the file too, and takes no notice of a failure.
+    if (!writeToDisk(file, bytes))
         return Outcome::Failed;
     if (!file.commit())
-        return Outcome::Refused;
-    return syncFolder(former.path()) ? Outcome::Done : Outcome::Failed;
+        return failure(file);
+    return writeNameToDisk(path) ? Outcome::Done : Outcome::Failed;
 }
 
 bool writeInPlace(const QFileInfo &target, const QByteArray &bytes)
@@ -78,14 +108,17 @@ bool writeInPlace(const QFileInfo &target, const QByteArray &bytes)
         Log::warning("cpp/tool", "DataSupport::writeFile", __LINE__) << "Failed to open" << target.filePath();
         return false;
     }
-    const bool written = writeBytes(file, bytes);
-    if (!target.isFile())
-        return written;
-    if (written && file.resize(bytes.size()))
-        return true;
-    file.seek(0);
-    file.write(former);
-    file.resize(former.size());
+    // A device.
+    if (target.exists() && !target.isFile())
+        return writeBytes(file, bytes);
+    if (writeToDisk(file, bytes))
+        return target.exists() || writeNameToDisk(target.filePath());
+    if (target.exists()) {
+        file.seek(0);
+        writeToDisk(file, former);
+    } else {
+        file.remove();
+    }
     return false;
 }
 } // namespace

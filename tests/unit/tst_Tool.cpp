@@ -1,5 +1,4 @@
 #include "support/FileBytes.h"
-#include "support/FileSizeLimit.h"
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
 #include "tool/FreeNames.h"
@@ -34,8 +33,8 @@ class tst_Tool : public QObject
 private Q_SLOTS:
     void cleanup() { QVERIFY(seteuid(getuid()) == 0); }
 
-    void writesWholeFilesOrNone_data();
-    void writesWholeFilesOrNone();
+    void writesFiles_data();
+    void writesFiles();
     void removesNoMoreThanTheFolder();
     void readsForPages();
     void uniqueName();
@@ -44,7 +43,7 @@ private Q_SLOTS:
     void writesJsonText();
 };
 
-void tst_Tool::writesWholeFilesOrNone_data()
+void tst_Tool::writesFiles_data()
 {
     QTest::addColumn<QString>("name");
     // Where no file may be made beside it, it can only be written in place. The longest name has no room
@@ -54,7 +53,7 @@ void tst_Tool::writesWholeFilesOrNone_data()
         QTest::newRow(qPrintable(name.left(10))) << name;
 }
 
-void tst_Tool::writesWholeFilesOrNone()
+void tst_Tool::writesFiles()
 {
     QFETCH(QString, name);
     const QTemporaryDir folder;
@@ -74,13 +73,6 @@ void tst_Tool::writesWholeFilesOrNone()
         QVERIFY(chown(QFile::encodeName(path).constData(), other, gid_t(-1)) == 0);
         QVERIFY(chmod(folderName.constData(), 0555) == 0 && seteuid(other) == 0);
     }
-    {
-        // Less than the old file has.
-        const FileSizeLimit limit(4096);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("write bytes differs 4096 10000")));
-        QVERIFY(!DataSupport::writeFile(path, QByteArray(10000, 'b')));
-    }
-    QCOMPARE(readAll(file.fileName()), QByteArray(5000, 'a'));
     QVERIFY(file.open(QFile::ReadOnly | QFile::Unbuffered));
     QVERIFY(DataSupport::writeFile(path, "short"));
     // The old file stays whole, unless there is no place beside it.

@@ -1,0 +1,171 @@
+#include "support/FaultyDisk.h"
+
+#include <cerrno>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+bool isCounting = false;
+bool mayMakeFiles = true;
+int calls = 0;
+int faultyCall = 0;
+int fault = FaultyDisk::None;
+std::string folder;
+std::set<int> files; // that are open
+// What was not synchronised.
+std::set<int> writtenFiles;
+bool hasNewName = false;
+bool isTooEarly = false; // that a file was named or closed
+
+bool isOurs(const char *path)
+{
+    return isCounting && (*path != '/' || std::strncmp(path, folder.data(), folder.size()) == 0);
+}
+
+bool isOurs(int file)
+{
+    return isCounting && files.count(file) > 0;
+}
+
+template <typename Concerned>
+bool fails(Concerned concerned)
+{
+    if (!isOurs(concerned) || ++calls != faultyCall)
+        return false;
+    if (fault == FaultyDisk::End)
+        _exit(isTooEarly);
+    errno = fault;
+    return fault > FaultyDisk::None;
+}
+
+/// Lets the call fail, or makes it by the system's own function.
+template <typename Concerned, typename Result, typename... Parameters>
+Result attempt(Concerned concerned, Result (*)(Parameters...), const char *name, Parameters... parameters)
+{
+    if (fails(concerned))
+        return -1;
+    return reinterpret_cast<Result (*)(Parameters...)>(dlsym(RTLD_NEXT, name))(parameters...);
+}
+
+int named(int result)
+{
+    hasNewName = hasNewName || result == 0;
+    isTooEarly = isTooEarly || !writtenFiles.empty();
+    return result;
+}
+} // namespace
+
+void FaultyDisk::begin(int call, int kind, bool newFiles)
+{
+    char path[4096];
+    folder = getcwd(path, sizeof path);
+    isCounting = true;
+    mayMakeFiles = newFiles;
+    calls = 0;
+    faultyCall = call;
+    fault = kind;
+    writtenFiles.clear();
+    hasNewName = isTooEarly = false;
+}
+
+int FaultyDisk::end()
+{
+    isCounting = false;
+    return calls;
+}
+
+bool FaultyDisk::isOnDisk()
+{
+    return writtenFiles.empty() && !hasNewName && !isTooEarly;
+}
+
+// By these names the system's are found, whatever its headers declare.
+extern "C" {
+int faultyOpen(const char *path, int flags, mode_t mode) __asm__("open64");
+int faultyPlainOpen(const char *path, int flags, mode_t mode) __asm__("open") __attribute__((alias("open64")));
+int faultyClose(int file) __asm__("close");
+ssize_t faultyRead(int file, void *bytes, size_t size) __asm__("read");
+ssize_t faultyWrite(int file, const void *bytes, size_t size) __asm__("write");
+int faultySync(int file) __asm__("fsync");
+int faultyDataSync(int file) __asm__("fdatasync") __attribute__((alias("fsync")));
+void faultySyncAll() __asm__("sync");
+int faultyRename(const char *from, const char *to) __asm__("rename");
+int faultyLink(int fromFolder, const char *from, int toFolder, const char *to, int flags) __asm__("linkat");
+
+int faultyOpen(const char *path, int flags, mode_t mode)
+{
+    const bool isRefused = !mayMakeFiles && ((flags & O_EXCL) != 0 || (flags & O_TMPFILE) == O_TMPFILE);
+    if (isRefused && isOurs(path)) {
+        errno = EACCES;
+        return -1;
+    }
+    const int file = attempt(path, faultyOpen, "open64", path, flags, mode);
+    if (isOurs(path))
+        files.insert(file);
+    return file;
+}
+
+// It is closed all the same.
+int faultyClose(int file)
+{
+    const bool isFaulty = fails(file);
+    files.erase(file);
+    isTooEarly = writtenFiles.erase(file) > 0 || isTooEarly;
+    const int result = attempt(file, faultyClose, "close", file);
+    errno = isFaulty ? fault : errno;
+    return isFaulty ? -1 : result;
+}
+
+ssize_t faultyRead(int file, void *bytes, size_t size)
+{
+    return attempt(file, faultyRead, "read", file, bytes, size);
+}
+
+ssize_t faultyWrite(int file, const void *bytes, size_t size)
+{
+    const bool isShort = isOurs(file) && fault == FaultyDisk::Short && calls + 1 == faultyCall;
+    const ssize_t result = attempt(file, faultyWrite, "write", file, bytes, isShort ? size / 2 : size);
+    if (isOurs(file))
+        writtenFiles.insert(file);
+    if (isShort) {
+        ++faultyCall;
+        fault = ENOSPC;
+    }
+    return result;
+}
+
+// No real disk is waited for.
+int faultySync(int file)
+{
+    if (fails(file))
+        return -1;
+    struct stat status = {};
+    if (fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
+        hasNewName = false;
+    writtenFiles.erase(file);
+    return 0;
+}
+
+void faultySyncAll()
+{
+    hasNewName = false;
+}
+
+int faultyRename(const char *from, const char *to)
+{
+    const int result = named(attempt(to, faultyRename, "rename", from, to));
+    hasNewName = result == 0; // or else the new file goes
+    return result;
+}
+
+int faultyLink(int fromFolder, const char *from, int toFolder, const char *to, int flags)
+{
+    return named(attempt(to, faultyLink, "linkat", fromFolder, from, toFolder, to, flags));
+}
+}
