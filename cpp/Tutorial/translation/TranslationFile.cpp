@@ -33,7 +33,7 @@ bool TranslationFile::read(const QString &path, QDomDocument &document)
         Log::warning(kFolder, "TranslationFile::read", __LINE__) << "Failed to setContents" << path;
         return false;
     }
-    Log::debug(kFolder, "TranslationFile::read", __LINE__) << document.toString(1);
+    Log::debugEachText(kFolder, "TranslationFile::read", __LINE__, { document.toString(1) });
     return true;
 }
 
