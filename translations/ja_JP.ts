@@ -97,6 +97,10 @@ Change %2 to %1 ?</source>
             <source>Characters that are not UTF-8</source>
             <translation>UTF-8ではない文字</translation>
         </message>
+        <message>
+            <source>What follows the steps</source>
+            <translation>ステップの後に続く内容</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEventDialog</name>

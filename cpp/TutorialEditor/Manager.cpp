@@ -146,6 +146,9 @@ bool Manager::readItems(const QString &arrayText)
             losses.inspect(element.toValue());
     }
     mLeftOut = losses.lines();
+    // The text of several values stands for the first one.
+    if (json.kind() == JsonWrapper::kValue)
+        mLeftOut.prepend(tr("What follows the steps"));
     return true;
 }
 

@@ -107,6 +107,7 @@ void tst_Scenario::reads_data()
     row("[{\"id\":1,\"windowKey\":\"a\",\"followWindow\":7},{\"folder\":1,\"id\":2,\"jump\":1}]", "(1 2)",
         "#1: the value of \"followWindow\"|#2: the value of \"folder\"");
     row("[{\"id\":1,\"name\":\"caf\xe9\"}]", "(1)", "Characters that are not UTF-8");
+    row("[{\"id\":1}],[{\"id\":2}]", "(1)", "What follows the steps");
 }
 
 void tst_Scenario::reads()

@@ -116,8 +116,10 @@ void tst_TranslationTexts::readsAndWrites()
 
 void tst_TranslationTexts::keepsBlanks()
 {
-    const QByteArray blanks[] = { " ",       "\t\n ",        "\u3000", "&#xd; ", " a\n ", " <byte value=\"x1\"/> ",
-                                  " <x/>a ", "<![CDATA[ ]]>" };
+    const QByteArray blanks[] = { " ",       "\t\n ",         "\u3000",
+                                  "&#xd; ",  " a\n ",         " <byte value=\"x1\"/> ",
+                                  " <x/>a ", "<![CDATA[ ]]>", "a<!-- c -->",
+                                  "a<x/>" };
     for (const QByteArray &blank : blanks) {
         QByteArray messages;
         for (const char *name : { "source", "comment", "oldsource", "extracomment", "translatorcomment", "userdata",
@@ -141,6 +143,12 @@ void tst_TranslationTexts::readsOtherLineEndsAndEncodings()
         const QByteArray written = parse(bytes).toByteArray(4);
         QCOMPARE(parse(written).toByteArray(4), written);
         QCOMPARE(TranslationSource::readMessages(parse(written)).value(kContext).value(kKey), text("é\n\rb"));
+    }
+    // What the reader lets pass once, and after what the writer ends the line.
+    for (const char *start : { "<?xmlx encoding='ISO-8859-1'?>", "<?xml version='1.0' encoding='u&e;8'?>" }) {
+        const QByteArray messages = "<TS><context><name>T</name>" + translated("é<?p?>b") + "</context></TS>";
+        const QDomDocument read = parse(start + messages);
+        QCOMPARE(TranslationSource::readMessages(parse(read.toByteArray(4))), TranslationSource::readMessages(read));
     }
     // Bytes that can't be read would be gone from what is written.
     QDomDocument none;

@@ -4,7 +4,6 @@
 
 #include <QRegularExpression>
 #include <QStringList>
-#include <QVector>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
@@ -27,16 +26,16 @@ bool needsByteElement(const QString &text, int position)
     return (code < 0x20 && code != '\t' && code != '\n') || code == 0xfffe || code == 0xffff;
 }
 
-/// The writer puts an indent round an element that has no text beside it, and the indent would count
-/// as text. So each byte element stands between texts, which may be empty.
-void keepInLine(const QDomElement &byte)
+/// The writer puts an indent round what has no text beside it, and the indent would count as text. So a node among
+/// texts stands between two, which may be empty.
+void keepInLine(const QDomNode &node)
 {
-    QDomNode parent = byte.parentNode();
-    const auto emptyText = [&byte] { return byte.ownerDocument().createTextNode(QString()); };
-    if (!byte.previousSibling().isText())
-        parent.insertBefore(emptyText(), byte);
-    if (!byte.nextSibling().isText())
-        parent.insertAfter(emptyText(), byte);
+    QDomNode parent = node.parentNode();
+    const auto emptyText = [&node] { return node.ownerDocument().createTextNode(QString()); };
+    if (!node.previousSibling().isText())
+        parent.insertBefore(emptyText(), node);
+    if (!node.nextSibling().isText())
+        parent.insertAfter(emptyText(), node);
 }
 
 void appendByteElement(QDomElement &element, QChar character)
@@ -47,17 +46,6 @@ void appendByteElement(QDomElement &element, QChar character)
     keepInLine(byte);
 }
 
-void keepBytesInLine(const QDomDocument &document)
-{
-    // The list is made anew at each look after a change, so it is copied before the first one.
-    const QDomNodeList list = document.elementsByTagName(kByte);
-    QVector<QDomElement> bytes;
-    for (int i = 0; i < list.size(); ++i)
-        bytes.append(list.at(i).toElement());
-    for (const QDomElement &byte : qAsConst(bytes))
-        keepInLine(byte);
-}
-
 bool isBlank(const QDomNode &node)
 {
     const QString text = node.nodeValue();
@@ -65,21 +53,28 @@ bool isBlank(const QDomNode &node)
 }
 
 /// Blanks between elements are the layout of the file, which the writer makes anew. All others are text.
-void removeLayout(QDomNode parent)
+void tellLayoutFromText(QDomNode parent)
 {
     static const QStringList structure = { QStringLiteral("TS"), QStringLiteral("context"), QStringLiteral("message") };
-    bool holdsElements = structure.contains(parent.nodeName());
+    bool holdsElements = parent.isDocument() || structure.contains(parent.nodeName());
     bool holdsText = false;
     for (QDomNode node = parent.firstChild(); !node.isNull(); node = node.nextSibling()) {
         holdsElements = holdsElements || (node.isElement() && node.nodeName() != kByte);
         holdsText = holdsText || (node.isText() && !isBlank(node));
-        removeLayout(node);
+        tellLayoutFromText(node);
     }
+    const bool isLayout = holdsElements && !holdsText;
     QDomNode next;
-    for (QDomNode node = parent.firstChild(); holdsElements && !holdsText && !node.isNull(); node = next) {
+    for (QDomNode node = parent.firstChild(); !node.isNull(); node = next) {
         next = node.nextSibling();
-        if (node.isText())
+        // The writer ends the line after an instruction, wherever that stands. And round the root element the reader
+        // lets an entity pass that it refuses the next time.
+        const bool isLost = isLayout ? node.isText() || (parent.isDocument() && node.isEntityReference())
+                                     : node.isProcessingInstruction();
+        if (isLost)
             parent.removeChild(node);
+        else if (!isLayout && !node.isText())
+            keepInLine(node);
     }
 }
 
@@ -111,7 +106,8 @@ void declareUtf8(const QDomDocument &document)
     static const QRegularExpression encoding(QStringLiteral("encoding='(?!utf-8')[^']*'"),
                                              QRegularExpression::CaseInsensitiveOption);
     QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
-    if (declaration.target() == QLatin1String("xml"))
+    // The reader looks for the encoding in all that begins so.
+    if (declaration.target().startsWith(QLatin1String("xml")))
         declaration.setData(declaration.data().replace(encoding, QStringLiteral("encoding='utf-8'")));
 }
 
@@ -126,8 +122,7 @@ bool TranslationXml::parse(const QByteArray &bytes, QDomDocument &document)
     QDomDocument parsed;
     if (!parseWithBlanks(bytes, parsed))
         return false;
-    removeLayout(parsed);
-    keepBytesInLine(parsed);
+    tellLayoutFromText(parsed);
     declareUtf8(parsed);
     document = parsed;
     return true;
