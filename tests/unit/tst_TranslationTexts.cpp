@@ -150,10 +150,14 @@ void tst_TranslationTexts::readsOtherLineEndsAndEncodings()
         const QDomDocument read = parse(start + messages);
         QCOMPARE(TranslationSource::readMessages(parse(read.toByteArray(4))), TranslationSource::readMessages(read));
     }
-    // Bytes that can't be read would be gone from what is written.
-    QDomDocument none;
-    QVERIFY(!TranslationXml::parse("<TS>" + translated("\xef\xbf\xbd\xe9") + "</TS>", none));
-    QVERIFY(none.isNull());
+    // Bytes that can't be read would be gone from what is written. What is too deep would end the program.
+    const QByteArray refused[] = { "<TS>" + translated("\xef\xbf\xbd\xe9") + "</TS>",
+                                   QByteArray("<TS>").repeated(100000) + QByteArray("</TS>").repeated(100000) };
+    for (const QByteArray &bytes : refused) {
+        QDomDocument none;
+        QVERIFY(!TranslationXml::parse(bytes, none));
+        QVERIFY(none.isNull());
+    }
 }
 
 void tst_TranslationTexts::readsExpressions()
@@ -206,11 +210,12 @@ void tst_TranslationTexts::survivesHostileTexts()
 {
     const QString open = text("qsTr(\"%1\").arg(");
     const QString calls = text("QT_TRANSLATE_NOOP(\"k\") ").repeated(20000) + text("\", \"");
-    // A source, and what it becomes; nothing where it is given up as too deep.
+    // A source, and what it becomes; nothing where it is given up as too deep, or as too long.
     const QString rows[][2] = {
         { open.repeated(100) + text("\"x\"") + text(")").repeated(100), text("\"x\"") },
         { open.repeated(1000) + text("\"x\"") + text(")").repeated(1000), QString() },
         { calls, text("\"\" ").repeated(20000) + text("\", \"") },
+        { text("qsTr(\"%1%1\")") + text(".arg(\"%1%1\")").repeated(23), QString() },
     };
     for (const auto &row : rows) {
         int size = 0;

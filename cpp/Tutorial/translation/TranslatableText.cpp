@@ -20,6 +20,11 @@ constexpr int kClosingSearchStart = 6;
 // Calls inside calls deeper than this are no text that anybody wrote.
 constexpr int kMaximumDepth = 200;
 
+// Places that are filled with places double with each argument.
+constexpr qint64 kMaximumInserted = 64 * 1024;
+
+const char *const kNoString = QT_TRANSLATE_NOOP("TutorialManager", "unable to parse as string: ");
+
 QString message(const char *text)
 {
     return QCoreApplication::translate("TutorialManager", text);
@@ -102,7 +107,7 @@ Scanner::Expression Scanner::read(int start, int depth)
     else if (depth < kMaximumDepth && standsAt(start, kNoop))
         expression = readNoop(start);
     else
-        return fail(start, message(QT_TRANSLATE_NOOP("TutorialManager", "unable to parse as string: ")));
+        return fail(start, message(kNoString));
     if (mErrors.size() == errorCount)
         readArguments(expression, depth);
     return expression;
@@ -169,7 +174,12 @@ void Scanner::readArguments(Expression &expression, int depth)
 {
     while (standsAt(expression.end, kArgument)) {
         const Expression argument = read(expression.end + kArgument.size(), depth + 1);
-        expression.literal = expression.literal.arg(argument.literal.mid(1, argument.literal.size() - 2));
+        const QString value = argument.literal.mid(1, argument.literal.size() - 2);
+        if (qint64(expression.literal.count(QLatin1Char('%'))) * value.size() > kMaximumInserted) {
+            expression.end = fail(expression.end, message(kNoString)).end;
+            return;
+        }
+        expression.literal = expression.literal.arg(value);
         if (argument.end >= mText.size() || mText.at(argument.end) != QLatin1Char(')')) {
             const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not closed %1: "));
             mErrors.append(text.arg(kArgument) + mText.midRef(expression.end));

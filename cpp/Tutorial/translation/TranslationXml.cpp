@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 #include <QStringList>
+#include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
@@ -13,6 +14,9 @@ namespace
 {
 const QString kByte = QStringLiteral("byte");
 const QString kValue = QStringLiteral("value");
+
+// A document is walked, written and freed by recursion. A translation source needs seven.
+constexpr int kMaximumDepth = 100;
 
 /// XML 1.0 has no way to write these, and reads a carriage return as a line feed.
 bool needsByteElement(const QString &text, int position)
@@ -78,9 +82,27 @@ void tellLayoutFromText(QDomNode parent)
     }
 }
 
-/// The usual way to parse a document drops each text of blanks alone. This older one can keep it.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
+/// Refuses elements that stand too deep in each other.
+class DepthGuard : public QXmlDefaultHandler
+{
+public:
+    bool startElement(const QString &, const QString &, const QString &, const QXmlAttributes &) override
+    {
+        return ++mDepth <= kMaximumDepth;
+    }
+    bool endElement(const QString &, const QString &, const QString &) override
+    {
+        --mDepth;
+        return true;
+    }
+
+private:
+    int mDepth = 0;
+};
+
+/// The usual way to parse a document drops each text of blanks alone. This older one can keep it.
 bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
 {
     QXmlSimpleReader reader;
@@ -96,6 +118,11 @@ bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
     // It leaves this to its caller, too.
     text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
     source.setData(text);
+    DepthGuard guard;
+    reader.setContentHandler(&guard);
+    if (!reader.parse(source))
+        return false;
+    source.reset();
     return document.setContent(&source, &reader);
 }
 QT_WARNING_POP
