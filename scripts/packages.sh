@@ -28,6 +28,9 @@ packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-
 # shellcheck disable=SC2034
 packages_to_measure=(libbenchmark-dev)
 
+# shellcheck disable=SC2034
+packages_to_fuzz=(clang libclang-rt-dev llvm)
+
 # Fetch the script compiler. They come from many places other than Debian's
 # packages, so the commands themselves are looked for.
 declare -A packages_of_commands=([node]=nodejs [npm]=npm)
