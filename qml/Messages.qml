@@ -37,6 +37,9 @@ Item {
     }
 
     function show(kind, component, container, properties) {
+        // What looks like rich text could load files.
+        if (properties.text.indexOf("<") >= 0)
+            properties.text = "<qt>" + properties.text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/\n/g, "<br>");
         var box = container ? showInContainer(component, container) : permanentBox(kind, component);
         for (var name in properties)
             box[name] = properties[name];

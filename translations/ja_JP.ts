@@ -58,6 +58,14 @@ Change %2 to %1 ?</source>
             <translation>保存に失敗しました。</translation>
         </message>
         <message>
+            <source>It is larger than %1 MiB: %2</source>
+            <translation>%1 MiB を超えています: %2</translation>
+        </message>
+        <message>
+            <source>It is no file: %1</source>
+            <translation>ファイルではありません: %1</translation>
+        </message>
+        <message>
             <source>Tutorial not loaded yet.</source>
             <translation>チュートリアルがまだ読み込まれていません。</translation>
         </message>

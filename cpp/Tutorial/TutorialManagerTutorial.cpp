@@ -27,6 +27,13 @@ QString baseName(const QString &filename)
         name.chop(kSuffix.size());
     return name;
 }
+
+/// Whether the host editor's name for a tutorial leads to that file in its folder, and not through it to elsewhere.
+bool isInItsFolder(const QString &name, const QFileInfo &file)
+{
+    const QString folder = QFileInfo(file.path()).canonicalFilePath();
+    return DataSupport::isFileName(name) && (!file.isSymLink() || file.canonicalPath() == folder);
+}
 } // namespace
 
 QString TutorialManager::loadTutorial(const QString &filename)
@@ -54,6 +61,10 @@ void TutorialManager::loadAndFeedback(const QString &name)
     if (isMakingSupported()) {
         // A resource can be read but not saved.
         const QString written = QLatin1String("tutorial-win/") + path;
+        if (!isInItsFolder(name, QFileInfo(written))) {
+            Log::warning(kFolder, "TutorialManager::loadAndFeedback", __LINE__) << "no tutorial of the folder" << name;
+            return;
+        }
         if (DataSupport::fileExists(written) || !DataSupport::fileExists(filename))
             filename = written;
         // The steps of the history belong to the tutorial before.

@@ -76,6 +76,17 @@ Manager *Manager::instance()
     return currentManager;
 }
 
+/// Why a file that is there is not even opened: a device and a pipe may have no end, or never a beginning.
+QString Manager::refusalOf(const QString &filename) const
+{
+    const QFileInfo info(filename);
+    if (info.exists() && !info.isFile() && !info.isDir())
+        return tr("It is no file: %1").arg(filename);
+    if (info.size() > DataSupport::kMostBytes)
+        return tr("It is larger than %1 MiB: %2").arg(DataSupport::kMostBytes / 1024 / 1024).arg(filename);
+    return QString();
+}
+
 QStringList Manager::setContents(const QString &filename)
 {
     mFilename = filename;
@@ -83,7 +94,12 @@ QStringList Manager::setContents(const QString &filename)
     mLeftOut.clear();
     mFileHash.clear();
     QFile file(filename);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QString refusal = refusalOf(file.fileName());
+    if (!refusal.isEmpty()) {
+        replaceDocument();
+        return { refusal };
+    }
+    if (!DataSupport::openWhole(file)) {
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << "failed to open" << filename;
         if (!file.exists())
             mState = State::New;
@@ -200,7 +216,8 @@ QString Manager::save()
 bool Manager::isChangedOnDisk() const
 {
     QFile file(mFilename);
-    return isSaveable() && file.open(QIODevice::ReadOnly) && hashOf(file.readAll()) != mFileHash;
+    // What can't be read any more is something else, too.
+    return isSaveable() && file.exists() && !(DataSupport::openWhole(file) && hashOf(file.readAll()) == mFileHash);
 }
 
 void Manager::save(const QString &text)

@@ -80,6 +80,7 @@ private:
         Loaded
     };
 
+    QString refusalOf(const QString &filename) const;
     bool readItems(const QString &arrayText);
     void fillInNames();
     void replaceDocument();

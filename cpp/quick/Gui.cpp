@@ -1,6 +1,7 @@
 #include "quick/Gui.h"
 
 #include "tool/Log.h"
+#include "Tutorial/guidance/HintText.h"
 
 #include <QSignalBlocker>
 #include <QWindow>
@@ -25,6 +26,11 @@ void Gui::setIme(const QVariant &window, bool enabled)
         return;
     }
     mInputMethod.setEnabled(target, enabled);
+}
+
+QString Gui::withoutLoading(const QString &richText)
+{
+    return HintText::withoutLoading(richText);
 }
 
 void Gui::quietly(QObject *object, const QJSValue &function)

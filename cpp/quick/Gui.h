@@ -21,6 +21,8 @@ public:
     /// Asks for the window's input method to be off (enabled false), or takes such a request back.
     /// A variant that holds no window is a warning in the log.
     Q_INVOKABLE void setIme(const QVariant &window, bool enabled);
+    /// The rich text as it may be shown: where it would load files or pages, its plain text stands for it.
+    Q_INVOKABLE static QString withoutLoading(const QString &richText);
     /// Calls the function while the object emits nothing. Who calls tells of what has changed.
     Q_INVOKABLE void quietly(QObject *object, const QJSValue &function);
 

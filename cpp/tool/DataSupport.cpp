@@ -40,6 +40,15 @@ bool DataSupport::isAbsolutePath(const QString &path)
     return (drive >= 'A' && drive <= 'Z') || (drive >= 'a' && drive <= 'z');
 }
 
+bool DataSupport::isFileName(const QString &name)
+{
+    const auto leadsAway = [](QChar character) {
+        return character == QLatin1Char('/') || character == QLatin1Char('\\') || character == QLatin1Char(':')
+            || character.isNull();
+    };
+    return std::none_of(name.begin(), name.end(), leadsAway);
+}
+
 QString DataSupport::getIconPath(const QString &name)
 {
     return QStringLiteral("icon/%1").arg(name);

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QVariant>
 
+class QFile;
+
 /// Functions on files, paths and lists, and the allocators of unique ids and names.
 ///
 /// A failure is a warning in the log and a false result.
@@ -14,6 +16,12 @@ class DataSupport
 public:
     DataSupport() = delete;
 
+    /// The most bytes of what is read as a whole: a file, or a record of the host editor.
+    static constexpr int kMostBytes = 64 * 1024 * 1024;
+
+    /// Opens a file that is to be read as a whole. A folder, and a device or a pipe, whose bytes may have no end or
+    /// never come, can't be opened, nor can a file that is too large.
+    static bool openWhole(QFile &file);
     /// The whole file; bytes is left alone when the file can't be opened.
     static bool readFile(const QString &path, QByteArray &bytes);
     /// Whether the text that was read from the bytes has replacement characters for what could not be read.
@@ -40,6 +48,8 @@ public:
     static QString changeSuffix(const QString &path, const QString &suffix);
     /// Whether the path begins with a slash or a drive letter, on every platform.
     static bool isAbsolutePath(const QString &path);
+    /// Whether the name, in whatever folder, is that of a file in it, on every platform.
+    static bool isFileName(const QString &name);
     static QString getIconPath(const QString &name);
     static QString getResourcePath(const QString &name);
 

@@ -10,8 +10,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <limits>
-
 namespace
 {
 void addWritePermissions(const QString &path)
@@ -123,17 +121,21 @@ bool writeInPlace(const QFileInfo &target, const QByteArray &bytes)
 }
 } // namespace
 
+bool DataSupport::openWhole(QFile &file)
+{
+    const QFileInfo info(file.fileName());
+    return info.isFile() && info.size() <= kMostBytes && file.open(QFile::ReadOnly);
+}
+
 bool DataSupport::readFile(const QString &path, QByteArray &bytes)
 {
     QFile file(path);
-    // A folder of the resources can be opened, and is empty.
-    if (QFileInfo(path).isDir() || !file.open(QFile::ReadOnly)) {
-        Log::warning("cpp/tool", "DataSupport::readFile", __LINE__) << "Failed to open" << path;
+    if (!openWhole(file)) {
+        Log::warning("cpp/tool", "DataSupport::readFile", __LINE__) << "Failed to open" << path << file.size();
         return false;
     }
-    const qint64 size = file.size();
-    const bool fits = size < std::numeric_limits<int>::max();
-    bytes.resize(fits ? static_cast<int>(size) : 0);
+    const int size = static_cast<int>(file.size());
+    bytes.resize(size);
     QDataStream stream(&file);
     const int read = stream.readRawData(bytes.data(), bytes.size());
     file.close();

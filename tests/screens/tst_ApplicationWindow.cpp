@@ -1,5 +1,6 @@
 #include "AuthoringTest.h"
 
+#include "support/FaultyDisk.h"
 #include "support/FileBytes.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <cerrno>
 #include <functional>
 
 /// The application window with its menus and dialogs.
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void saveCheck();
     void saveThatFails();
     void hostOpensATutorial();
+    void hostReachesNothingElse();
     void saveOverSomeoneElsesChange();
     void saveThatDropsSomething();
     void openTutorial();
@@ -155,19 +158,20 @@ void tst_ApplicationWindow::saveCheck()
 // A failed save is told, and what asked for the check stops.
 void tst_ApplicationWindow::saveThatFails()
 {
-    mWarnings.expect(QStringLiteral("Failed to open"));
+    constexpr int kInTheSecondFile = 25;
+    mWarnings.expect(QStringLiteral("DataSupport::writeFile"));
     mWarnings.expect(QStringLiteral("Failed to save"));
     loadModified();
-    const QByteArray before = readAll(kJapanese);
-    QVERIFY(QFile::remove(kJapanese));
-    QVERIFY(QDir().mkpath(kJapanese));
+    FaultyDisk::begin(kInTheSecondFile, EIO);
     choose("&File", "Close tutorial");
     QVERIFY(answerSaveQuestion("yes"));
     const QString text = answer(QMessageBox::Ok);
-    QVERIFY2(text.startsWith(QStringLiteral("Failed to save project.\n")), qPrintable(text));
+    FaultyDisk::end();
+    QCOMPARE(text, QStringLiteral("Failed to save project.\nFailed to save translation."));
     QCOMPARE(mWindow->title(), QStringLiteral("*Sample"));
-    QDir().rmdir(kJapanese);
-    writeAll(kJapanese, before);
+    QVERIFY(activate());
+    press(QKeySequence::Save);
+    QTRY_COMPARE(mWindow->title(), QStringLiteral("Sample"));
 }
 
 // What the host editor wants waits for the writer's answer, as at "Open".
@@ -200,6 +204,50 @@ void tst_ApplicationWindow::hostOpensATutorial()
     QTRY_COMPARE(mWindow->title(), QStringLiteral("Sample"));
     QVERIFY(!saveQuestion());
     QCOMPARE(managerInstance->save(), QString());
+}
+
+// Of what stands elsewhere nothing is even opened.
+void tst_ApplicationWindow::hostReachesNothingElse()
+{
+    load(kShape);
+    const QTemporaryDir elsewhere;
+    const QString secret = elsewhere.filePath(QStringLiteral("secret"));
+    for (const char *suffix : { "", ".js", ".qm", ".png", ".css" })
+        writeAll(secret + QLatin1String(suffix), "[{\"id\":1}]");
+    const QDir folder(QFileInfo(kTutorial).absolutePath());
+    QVERIFY(QFile::link(elsewhere.path(), folder.filePath(QStringLiteral("folder")))
+            && QFile::link(secret + QLatin1String(".js"), folder.filePath(QStringLiteral("Link.js"))));
+    const QStringList names = { secret,
+                                folder.relativeFilePath(secret),
+                                QStringLiteral("folder/secret"),
+                                QStringLiteral("Link"),
+                                QUrl::fromLocalFile(secret).toString(),
+                                QStringLiteral("qrc:/../../../../../..") + secret,
+                                QString(70000, QLatin1Char('n')) };
+    const QString project = QDir::currentPath();
+    QDir::setCurrent(elsewhere.path());
+    FaultyDisk::begin(0, FaultyDisk::None);
+    QDir::setCurrent(project);
+    mWarnings.expect(QStringLiteral("no tutorial of the folder"), names.size() - 1);
+    mWarnings.expect(QStringLiteral("presetData not found"), names.size());
+    for (const QString &name : names) {
+        const QString text = QStringLiteral("<link rel=stylesheet href=\"%1.css\"><table background=\"%1.png\"><tr><td>"
+                                            "<img src=\"%1.png\"></table>row")
+                                 .arg(name);
+        mHost.send(HostMessages::FromHost::kTutorial, name);
+        mHost.send(HostMessages::FromHost::kFromServer, name);
+        mHost.send(HostMessages::FromHost::kRequestPresetData, name);
+        mHost.send(HostMessages::FromHost::kShowTooltip, text, 100, 100);
+        mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kAppend, text);
+        mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kRaisedHand, text);
+    }
+    mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kAppend, QStringLiteral("last"));
+    QQuickWindow *events = visibleWindow("TutorialEventDialog");
+    QTRY_VERIFY(find(events->contentItem(), QStringLiteral("last")));
+    QSignalSpy drawn(events, &QQuickWindow::frameSwapped);
+    events->update();
+    QVERIFY(drawn.wait());
+    QCOMPARE(FaultyDisk::end(), 0);
 }
 
 void tst_ApplicationWindow::saveOverSomeoneElsesChange()

@@ -1,6 +1,8 @@
 #include "support/FaultyDisk.h"
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -25,7 +27,10 @@ bool isTooEarly = false; // that a file was named or closed
 
 bool isOurs(const char *path)
 {
-    return isCounting && (*path != '/' || std::strncmp(path, folder.data(), folder.size()) == 0);
+    char resolved[PATH_MAX] = {};
+    if (!isCounting || !realpath(path, resolved))
+        std::strncpy(resolved, path, sizeof resolved - 1);
+    return isCounting && (*resolved != '/' || std::strncmp(resolved, folder.data(), folder.size()) == 0);
 }
 
 bool isOurs(int file)

@@ -1,5 +1,6 @@
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
+#include "tool/DataSupport.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/translation/TranslationXml.h"
@@ -14,6 +15,7 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <sys/stat.h>
 
 using TranslationSource::Entry;
 
@@ -260,6 +262,30 @@ void tst_TutorialTranslation::savesWhatWasRead()
     QVERIFY(files().at(0).contains("qsTr(\"#1\")") && files().at(1).contains(">plain<"));
     QCOMPARE(files().at(2), mFiles.at(2));
 
+    // A device and a pipe may have no end, and a file can be too large.
+    const QList<QByteArray> kept = files();
+    const auto makeStrange = [](int kind, const QString &file) {
+        QFile::remove(file);
+        QFile strange(file);
+        return kind == 0 ? mkfifo(qPrintable(file), 0600) == 0
+            : kind == 1  ? QFile::link(QStringLiteral("/dev/zero"), file)
+                         : strange.open(QFile::WriteOnly) && strange.resize(DataSupport::kMostBytes + 1);
+    };
+    for (int kind = 0; kind < 3; ++kind) {
+        QVERIFY(load() && makeStrange(kind, kEnglishFile));
+        mWarnings.expect(QStringLiteral("Failed to open"));
+        mWarnings.expect(QStringLiteral("Failed to save"));
+        QCOMPARE(mManager->save(), QStringLiteral("Failed to save translation."));
+        QVERIFY(QFile::remove(kEnglishFile));
+        writeAll(kEnglishFile, kept.at(2));
+        QVERIFY(makeStrange(kind, kScenario) && mManager->isChangedOnDisk());
+        const QString error = mManager->loadTutorial(kScenario);
+        QVERIFY2(error.startsWith(QLatin1String(kind < 2 ? "It is no file" : "It is larger than 64 MiB")),
+                 qPrintable(error));
+        QCOMPARE(mManager->save(), QStringLiteral("Failed to save."));
+        QVERIFY(QFile::remove(kScenario));
+        writeAll(kScenario, kept.at(0));
+    }
     // What could not be read is not saved, nor are the hints that stayed. A folder can't be read.
     const QList<QByteArray> saved = files();
     QCOMPARE(mManager->loadTutorial(QStringLiteral("tutorial-win/qml")), QString());

@@ -1,9 +1,11 @@
 #include "Tutorial/guidance/HintText.h"
 
+#include <QImage>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QTextTable>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -15,6 +17,42 @@ const int kMostTags = 16384;
 
 // The layout of a table takes twice as long with each table round it.
 const int kMostTableCost = 1024;
+
+/// A text from elsewhere: it may bring pictures with it, and must not reach for anything on the disk or the network.
+class ClosedDocument : public QTextDocument
+{
+public:
+    explicit ClosedDocument(QObject *parent = nullptr) : QTextDocument(parent) { }
+
+    /// Whether the text that was set names something that would have to be loaded.
+    bool wouldLoad() const
+    {
+        const QVector<QTextFormat> formats = allFormats();
+        return mIsAsked || std::any_of(formats.begin(), formats.end(), [](const QTextFormat &format) {
+                   return format.isImageFormat() || format.hasProperty(QTextFormat::BackgroundImageUrl);
+               });
+    }
+
+protected:
+    QVariant loadResource(int type, const QUrl &name) override
+    {
+        mIsAsked = true;
+        if (type != ImageResource)
+            return QVariant();
+        QImage picture;
+        if (name.scheme() == QLatin1String("data"))
+            picture.loadFromData(QTextDocument::loadResource(type, name).toByteArray());
+        if (picture.isNull()) {
+            // Without any the toolkit would take the name for that of a file.
+            picture = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(Qt::transparent);
+        }
+        return picture;
+    }
+
+private:
+    bool mIsAsked = false;
+};
 
 /// The source up to the tag that is one too many.
 QString parsedPart(const QString &source)
@@ -59,18 +97,29 @@ QString visiblePart(const QString &text)
 
 void showIn(QTextEdit *textEdit, const QString &text)
 {
+    if (!dynamic_cast<ClosedDocument *>(textEdit->document()))
+        textEdit->setDocument(new ClosedDocument(textEdit));
     if (!Qt::mightBeRichText(text)) {
         textEdit->setPlainText(visiblePart(text));
         return;
     }
     // A document that nobody shows is parsed, but not laid out.
     const QString parsed = parsedPart(text);
-    QTextDocument document;
+    ClosedDocument document;
     document.setHtml(parsed);
     if (document.characterCount() <= kMostCharacters && areTablesCheap(document))
         textEdit->setHtml(parsed);
     else
         textEdit->setPlainText(visiblePart(document.toPlainText()));
+}
+
+QString withoutLoading(const QString &richText)
+{
+    if (!richText.contains(QLatin1Char('<')))
+        return richText;
+    ClosedDocument document;
+    document.setHtml(richText);
+    return document.wouldLoad() ? toRichText(document.toPlainText()) : richText;
 }
 
 QString toRichText(const QString &text)

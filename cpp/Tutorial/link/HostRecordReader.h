@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tool/DataSupport.h"
+
 #include <QByteArray>
 #include <QStringList>
 
@@ -9,7 +11,7 @@ class HostRecordReader
 {
 public:
     /// An unfinished record that grows past this many bytes is dropped with a warning in the log.
-    static constexpr int kMaximumPending = 64 * 1024 * 1024;
+    static constexpr int kMaximumPending = DataSupport::kMostBytes;
 
     /// Takes records of that direction only; see HostRecord.
     explicit HostRecordReader(char direction);

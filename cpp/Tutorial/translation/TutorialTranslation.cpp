@@ -1,6 +1,7 @@
 #include "Tutorial/translation/TutorialTranslation.h"
 
 #include "SystemService/SystemService.h"
+#include "tool/DataSupport.h"
 #include "tool/Log.h"
 #include "Tutorial/translation/TranslationFile.h"
 
@@ -87,7 +88,8 @@ void TutorialTranslation::installTranslator(const QString &locale)
 {
     const QString folder = QStringLiteral(":/translations");
     auto *translator = new QTranslator(mTranslatorOwner);
-    const bool loaded = translator->load(locale, folder);
+    // One that leads out of the folder, as an absolute path does, would be followed.
+    const bool loaded = DataSupport::isFileName(locale) && translator->load(locale, folder);
     Log::debug(kFolder, "TutorialTranslation::installTranslator", __LINE__)
         << QString(folder + QLatin1Char('/') + locale) << loaded;
     // Whatever the result is: the earlier translators go on answering for what this one lacks.
