@@ -123,10 +123,10 @@ Item {
     }
 
     function tellWhatIsLeftOut() {
-        var leftOut = TutorialManager.leftOut();
-        var tutorial = leftOut === "" ? "" : TutorialManager.tutorialName;
+        var told = TutorialManager.unreadableTranslations() || TutorialManager.leftOut();
+        var tutorial = told === "" ? "" : TutorialManager.tutorialName;
         if (tutorial !== "" && tutorial !== tutorialLeftOutOf)
-            window.alert(leftOut, null, root);
+            window.alert(told, null, root);
         tutorialLeftOutOf = tutorial;
     }
 

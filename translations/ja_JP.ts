@@ -181,6 +181,12 @@ Change %2 to %1 ?</source>
             <translation>翻訳のセーブに失敗しました。</translation>
         </message>
         <message>
+            <source>The hints can't be read, and nothing is saved until they can:
+%1</source>
+            <translation>ヒントを読み込めません。読み込めるようになるまで保存できません:
+%1</translation>
+        </message>
+        <message>
             <source>folder</source>
             <translation>フォルダー</translation>
         </message>

@@ -84,6 +84,9 @@ public:
     Q_INVOKABLE bool isChangedOnDisk() const;
     /// What the file of the loaded tutorial holds and a save would drop; empty if there is nothing.
     Q_INVOKABLE QString leftOut() const;
+    /// The translation sources that can't be read, as a text for the user; empty if there are none. Until they can be
+    /// read, a save is refused.
+    Q_INVOKABLE QString unreadableTranslations() const;
     /// Saves the translations and then the scenario.
     Q_INVOKABLE QString save();
     Q_INVOKABLE void unload();

@@ -136,6 +136,12 @@ QString TutorialManager::leftOut() const
     return lines.join(QLatin1Char('\n'));
 }
 
+QString TutorialManager::unreadableTranslations() const
+{
+    const QString paths = mTranslation->unreadableSources().join(QLatin1Char('\n'));
+    return paths.isEmpty() ? paths : tr("The hints can't be read, and nothing is saved until they can:\n%1").arg(paths);
+}
+
 QString TutorialManager::save()
 {
     // What is not the content of its file must not go into the translations either.

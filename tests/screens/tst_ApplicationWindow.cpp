@@ -172,6 +172,14 @@ void tst_ApplicationWindow::saveThatFails()
     QVERIFY(activate());
     press(QKeySequence::Save);
     QTRY_COMPARE(mWindow->title(), QStringLiteral("Sample"));
+
+    // What would fail is told at the load.
+    const QByteArray before = readAll(kJapanese);
+    writeAll(kJapanese, "<");
+    mWarnings.expect(QStringLiteral("Failed to setContents"), 2);
+    managerInstance->loadTutorial(kTutorial);
+    QVERIFY(answer(QMessageBox::Ok).endsWith(QLatin1Char('\n') + kJapanese));
+    writeAll(kJapanese, before);
 }
 
 // What the host editor wants waits for the writer's answer, as at "Open".

@@ -126,6 +126,19 @@ bool TutorialTranslation::loadTranslation()
     return first && second;
 }
 
+QStringList TutorialTranslation::unreadableSources() const
+{
+    QStringList paths;
+    const auto inspect = [&](const QString &locale, QDomDocument document) {
+        const QString path = TranslationFile::path(locale, mAuthoring);
+        if (document.isNull() && !TranslationFile::refresh(path, locale, document))
+            paths.append(path);
+    };
+    inspect(mLocale, mTranslationDocument);
+    inspect(mLocale2, mTranslationDocument2);
+    return paths;
+}
+
 bool TutorialTranslation::saveTranslation()
 {
     return write(mLocale, mTranslationDocument) && write(mLocale2, mTranslationDocument2);

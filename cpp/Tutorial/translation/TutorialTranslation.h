@@ -47,6 +47,8 @@ public:
 
     /// Reads the translation sources of both locales; false with a warning when one can't be read.
     bool loadTranslation();
+    /// The sources that can't be read, so that a save would be refused.
+    QStringList unreadableSources() const;
     /// Writes both.
     bool saveTranslation();
     /// Reads both again and hands the hints of all items to them. An item that was not edited takes over what others
