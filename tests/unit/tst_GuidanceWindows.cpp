@@ -3,6 +3,7 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 
+#include <QAbstractEventDispatcher>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QTextFrame>
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void hugeTextsAreCut();
     void textsAreShownWhole();
     void editorTooltipFades();
+    void messagesLeaveNothing();
 
 private:
     TutorialIndicator *start()
@@ -264,6 +266,35 @@ void tst_GuidanceWindows::editorTooltipFades()
             tooltip->setVisible(true);
         }
     }
+}
+
+/// However many messages have come, there are as many objects as after the first of them, and as many timers.
+void tst_GuidanceWindows::messagesLeaveNothing()
+{
+    const QString locales[] = { QStringLiteral("en_US"), QStringLiteral("en_US_none"), kStandardLocale,
+                                QStringLiteral("none") };
+    const auto count = [&](int rounds) {
+        for (int i = 0; i < rounds; ++i) {
+            start();
+            for (const QString &event :
+                 { kAllButtons, message(kShowTooltip, kHint, 1, 2), message(kState, kHide), kTick,
+                   message(kState, kShow), message(kWindowStack, kPush, kWindow), message(kWindowStack, kPop),
+                   message(kWindowPosition, kWindow, i, i), message(kTutorialList),
+                   message(kFromServer, locales[i % 4]), message(kTutorial, QStringLiteral("TutorialSideViewStep0")),
+                   QString(kHideTooltip), QString(kStop) })
+                happens(event);
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QObjectList objects = qApp->findChildren<QObject *>() + mManager->findChildren<QObject *>();
+        for (QWidget *window : QApplication::topLevelWidgets())
+            objects += window->findChildren<QObject *>() << window;
+        int timers = 0;
+        for (QObject *object : objects)
+            timers += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
+        return qMakePair(objects.size(), timers);
+    };
+    const auto first = count(4);
+    QCOMPARE(count(12), first);
 }
 
 int main(int, char *argv[])

@@ -10,7 +10,19 @@
 namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial/translation";
+
+/// What the translator has loaded: many names lead to the same file.
+QString catalogOf(const QTranslator &translator, const QString &locale)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 15, 0)
+    Q_UNUSED(locale)
+    return translator.filePath();
+#else
+    Q_UNUSED(translator)
+    return locale;
+#endif
 }
+} // namespace
 
 TutorialTranslation::TutorialTranslation(bool authoring, QObject *translatorOwner, HintMerge::Document &document)
     : mAuthoring(authoring)
@@ -92,8 +104,16 @@ void TutorialTranslation::installTranslator(const QString &locale)
     const bool loaded = DataSupport::isFileName(locale) && translator->load(locale, folder);
     Log::debug(kFolder, "TutorialTranslation::installTranslator", __LINE__)
         << QString(folder + QLatin1Char('/') + locale) << loaded;
-    // Whatever the result is: the earlier translators go on answering for what this one lacks.
+    // The earlier translators go on answering for what this one lacks. One without a catalog would lack everything,
+    // and one with the same catalog will not be asked any more.
+    if (!loaded) {
+        delete translator;
+        return;
+    }
     QCoreApplication::installTranslator(translator);
+    const QString catalog = catalogOf(*translator, locale);
+    delete mTranslators.value(catalog);
+    mTranslators.insert(catalog, translator);
     if (mAuthoring) {
         // What the writer edits takes precedence over all of them.
         QCoreApplication::removeTranslator(&mDocumentTranslator);

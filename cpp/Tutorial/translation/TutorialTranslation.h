@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QStringList>
 
+class QTranslator;
+
 /// The two languages of a tutorial: the installed translators, from which every lookup is answered, and in the
 /// authoring mode the translation sources of both languages, which hold the hints that the writer edits.
 class TutorialTranslation : public QObject
@@ -73,6 +75,7 @@ private:
 
     const bool mAuthoring;
     QObject *const mTranslatorOwner;
+    QHash<QString, QTranslator *> mTranslators; // by catalog; children of the owner
     HintMerge::Document &mDocument;
     QString mTranslationContext; // the name of the last tutorial that was begun to be read
     QString mLocale;
