@@ -20,9 +20,17 @@ namespace
 {
 int endCode = 1;
 
-// The window's own end of the process must not pass for a passed test.
+QTemporaryDir &home()
+{
+    static QTemporaryDir folder;
+    return folder;
+}
+
+// The window's own end of the process must not pass for a passed test, nor leave what the test has made.
 void endProcess()
 {
+    home().remove();
+    QLocalServer::removeServer(HostMessages::serverName(QCoreApplication::arguments().value(1)));
     std::_Exit(endCode);
 }
 
@@ -67,12 +75,11 @@ const QString AuthoringTest::kShape = QStringLiteral("1 2[3 4[5 6] 7] 8[] 9");
 
 std::unique_ptr<QApplication> AuthoringTest::makeApplication(char *program)
 {
-    static const QTemporaryDir home;
-    static QByteArray suffix = QByteArrayLiteral("-screens-") + QByteArray::number(qHash(home.path()));
+    static QByteArray suffix = QByteArrayLiteral("-screens-") + QByteArray::number(qHash(home().path()));
     static int count = 2;
     static char *arguments[] = { program, suffix.data(), nullptr };
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", home().path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home().path().toLocal8Bit());
     auto application = std::make_unique<QApplication>(count, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
@@ -88,6 +95,8 @@ int AuthoringTest::endByClosing()
 {
     constexpr int kStillThere = 99;
     endCode = 0;
+    QDir::setCurrent(QDir::rootPath());
+    mFolder.remove();
     mWindow->close();
     if (saveQuestion())
         answerSaveQuestion("no");
