@@ -91,6 +91,15 @@ void write(benchmark::State &state)
     state.SetComplexityN(state.range(0));
 }
 
+void keepCopy(benchmark::State &state)
+{
+    Sample sample(static_cast<int>(state.range(0)));
+    sample.manager().loadTutorial(sample.path());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sample.manager().unsavedWork({}).toBytes());
+    state.SetComplexityN(state.range(0));
+}
+
 void send(benchmark::State &state)
 {
     Sample sample(static_cast<int>(state.range(0)));
@@ -140,6 +149,7 @@ TRELVANE_BENCHMARK(load);
 TRELVANE_BENCHMARK(loadFloorParseJson);
 TRELVANE_BENCHMARK(translate);
 TRELVANE_BENCHMARK(write);
+TRELVANE_BENCHMARK(keepCopy);
 TRELVANE_BENCHMARK(send);
 TRELVANE_BENCHMARK(floorCopyBytes);
 TRELVANE_BENCHMARK(writeTranslations);

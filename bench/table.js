@@ -23,6 +23,7 @@ const sharedFloors = {
     document: {
         translate: "floorCopyBytes",
         write: "floorCopyBytes",
+        keepCopy: "floorCopyBytes",
         send: "floorCopyBytes",
         addItem: "floorReadRecords",
         undoOfAdd: "floorCopyRecordList",

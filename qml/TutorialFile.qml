@@ -15,6 +15,7 @@ Item {
     // The tutorial that the writer was told of, that something of its file is
     // left out.
     property string tutorialLeftOutOf: ""
+    readonly property QtObject recovery: TutorialManager.recovery
 
     /// Asks about unsaved changes: 1 saved, 0 not saved or nothing to save,
     /// below 0 stay where you are.
@@ -31,6 +32,8 @@ Item {
         saveChangeDialog.message = "\"" + TutorialManager.tutorialName + "\"\n" + question;
         saveChangeDialog.callback = function(result) {
             if (result !== 1) {
+                if (result === 0)
+                    recovery.forgetChanges();
                 callback(result);
                 return;
             }
@@ -130,8 +133,37 @@ Item {
         tutorialLeftOutOf = tutorial;
     }
 
+    function askWhetherToRestore() {
+        if (!recovery.offered) {
+            recoveryDialog.visible = false;
+            return;
+        }
+        recoveryDialog.file = recovery.offeredFile;
+        recoveryDialog.remark = recovery.offeredRemark;
+        recoveryDialog.ask();
+    }
+
+    function restore() {
+        checkSave(function(result) {
+            if (result < 0)
+                return;
+            var error = recovery.restore();
+            window.updateSettings();
+            if (error !== "")
+                window.alert(error);
+        });
+    }
+
     SaveChangeDialog {
         id: saveChangeDialog
+    }
+
+    RecoveryDialog {
+        id: recoveryDialog
+        onRestoreChosen: root.restore()
+        onLookChosen: differences = root.recovery.differences()
+        onDiscardChosen: root.recovery.discard()
+        onClosedUnanswered: root.recovery.postpone()
     }
 
     Component {
@@ -148,6 +180,8 @@ Item {
             return;
         TutorialManager.documentReplaced.connect(tellWhatIsLeftOut);
         TutorialManager.tutorialRequested.connect(openRequested);
+        recovery.offerChanged.connect(askWhetherToRestore);
+        recovery.failed.connect(function(message) { window.alert(message, null, root); });
         // The first one may have been loaded on the way.
         tellWhatIsLeftOut();
     }

@@ -165,6 +165,8 @@ ApplicationWindow {
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
         updateSettings();
+        // What it asks comes once this window is there.
+        Qt.callLater(function() { TutorialManager.recovery.begin(UndoRedo); });
     }
 
     x: 0

@@ -33,6 +33,76 @@ Change %2 to %1 ?</source>
         </message>
     </context>
     <context>
+        <name>Recovery</name>
+        <message>
+            <source>A copy of unsaved changes is damaged. It was kept as %1</source>
+            <translation>保存されていない変更の控えが壊れています。次の名前で残しました：%1</translation>
+        </message>
+        <message>
+            <source>Added: %1</source>
+            <translation>追加： %1</translation>
+        </message>
+        <message>
+            <source>Changed: %1, %2: %3 -&gt; %4</source>
+            <translation>変更： %1、%2： %3 → %4</translation>
+        </message>
+        <message>
+            <source>Changed: items that share an id</source>
+            <translation>変更： 同じ ID を持つ項目</translation>
+        </message>
+        <message>
+            <source>Moved: %1</source>
+            <translation>移動： %1</translation>
+        </message>
+        <message>
+            <source>No copy of the unsaved changes can be kept in %1. Save more often.</source>
+            <translation>保存されていない変更の控えを %1 に書き込めません。こまめに保存してください。</translation>
+        </message>
+        <message>
+            <source>Removed: %1</source>
+            <translation>削除： %1</translation>
+        </message>
+        <message>
+            <source>The copy can't be read as a tutorial.</source>
+            <translation>控えをチュートリアルとして読み込めません。</translation>
+        </message>
+        <message>
+            <source>The file is not there any more.</source>
+            <translation>ファイルがなくなっています。</translation>
+        </message>
+        <message>
+            <source>The file was changed since then.</source>
+            <translation>ファイルはその後に変更されています。</translation>
+        </message>
+    </context>
+    <context>
+        <name>RecoveryDialog</name>
+        <message>
+            <source>Discard</source>
+            <translation>破棄</translation>
+        </message>
+        <message>
+            <source>Do you restore them?</source>
+            <translation>復元しますか？</translation>
+        </message>
+        <message>
+            <source>Look</source>
+            <translation>違いを見る</translation>
+        </message>
+        <message>
+            <source>Restore</source>
+            <translation>復元</translation>
+        </message>
+        <message>
+            <source>The program ended before the changes of this tutorial were saved. A copy of them is there.</source>
+            <translation>このチュートリアルの変更を保存する前にプログラムが終了しました。変更の控えが残っています。</translation>
+        </message>
+        <message>
+            <source>Unsaved changes</source>
+            <translation>保存されていない変更</translation>
+        </message>
+    </context>
+    <context>
         <name>SaveChangeDialog</name>
         <message>
             <source>Cancel</source>

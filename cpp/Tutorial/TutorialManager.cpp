@@ -3,6 +3,7 @@
 #include "tool/Log.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/recovery/Recovery.h"
 #include "Tutorial/translation/TutorialTranslation.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
@@ -38,12 +39,15 @@ TutorialManager::TutorialManager(QQmlEngine *engine, QJSEngine *scriptEngine)
     , mVisibility(&mGuidanceWindows)
     , mEditorManager(std::make_unique<TutorialEditor::Manager>())
     , mTranslation(std::make_unique<TutorialTranslation>(isMakingSupported(), applicationObject, mEditorManager->mData))
+    , mRecovery(std::make_unique<Recovery>(this))
 {
     connect(&mHostWindows, &HostWindows::currentKeyChanged, this, &TutorialManager::currentWindowKeyChanged);
     Log::debug(kFolder, "TutorialManager::TutorialManager", __LINE__) << locale() << locale2();
     connect(mTranslation.get(), &TutorialTranslation::localeChanged, this, &TutorialManager::localeChanged);
     connect(mTranslation.get(), &TutorialTranslation::locale2Changed, this, &TutorialManager::locale2Changed);
     connect(mTranslation.get(), &TutorialTranslation::hintsTaken, this, &TutorialManager::documentReplaced);
+    connect(this, &TutorialManager::modifiedChanged, mRecovery.get(), &Recovery::noteChange);
+    connect(this, &TutorialManager::documentReplaced, mRecovery.get(), &Recovery::noteChange);
 
     const QStringList arguments = QCoreApplication::arguments();
     const QString suffix = arguments.size() >= 2 ? arguments.at(1) : QString(HostMessages::kStandardSuffix);
@@ -119,6 +123,8 @@ void TutorialManager::timerEvent(QTimerEvent *event)
 void TutorialManager::requestClose()
 {
     Log::debug(kFolder, "TutorialManager::requestClose", __LINE__);
+    // The host editor may go before the writer has saved.
+    mRecovery->flush();
     if (UndoRedo *history = UndoRedo::instance())
         history->removeTemporaryDir();
     if (closeLogFileHook)

@@ -6,6 +6,7 @@
 #include "Tutorial/guidance/GuidanceWindows.h"
 #include "Tutorial/guidance/HostWindows.h"
 #include "Tutorial/link/HostLink.h"
+#include "Tutorial/recovery/RecoveryContext.h"
 
 #include <QHash>
 #include <QMimeData>
@@ -18,6 +19,7 @@
 
 class QJSEngine;
 class QQmlEngine;
+class Recovery;
 class TutorialTranslation;
 
 namespace TutorialEditor
@@ -30,7 +32,7 @@ class Manager;
 ///
 /// Positions are in screen pixels, ticks are 100 ms. Failures are returned as translated texts for
 /// the user, empty on success; what nobody can act on is a warning in the log.
-class TutorialManager : public QObject, public DocumentContext, public GuidanceContext
+class TutorialManager : public QObject, public DocumentContext, public GuidanceContext, public RecoveryContext
 {
     Q_OBJECT
     Q_PROPERTY(bool modified READ isModified WRITE setModified NOTIFY modifiedChanged)
@@ -38,6 +40,8 @@ class TutorialManager : public QObject, public DocumentContext, public GuidanceC
     Q_PROPERTY(QString tutorialName READ tutorialName NOTIFY tutorialNameChanged)
     Q_PROPERTY(QString currentWindowKey READ getCurrentWindowKey NOTIFY currentWindowKeyChanged)
     Q_PROPERTY(QString locale READ locale WRITE setLocale NOTIFY localeChanged)
+    /// The Recovery.
+    Q_PROPERTY(QObject *recovery READ recovery CONSTANT)
     Q_PROPERTY(QString locale2 READ locale2 WRITE setLocale2 NOTIFY locale2Changed)
 
 public:
@@ -100,6 +104,15 @@ public:
     /// the history ends, and what the writer has on disk is taken where it is there.
     Q_INVOKABLE void loadAndFeedback(const QString &name);
 
+    // What is unsaved when the process ends.
+    QObject *recovery() const;
+    QString project() const override;
+    bool isKeepable() const override;
+    bool isModified() const override { return mModified; }
+    RecoveryCopy unsavedWork(const QList<TypedValue> &typed) const override;
+    TutorialState storedState(const QString &path) const override;
+    bool takeUp(const RecoveryCopy &copy) override;
+
     // The item clipboard.
     Q_INVOKABLE void clearMimeData();
     /// The clipboard stays as it was when one of the ids has no item.
@@ -122,7 +135,6 @@ public:
     /// takes over what others have written for it since the load. False with a warning when a file can't be read.
     bool feedbackTranslation();
 
-    bool isModified() const { return mModified; }
     void setModified(bool modified) override;
     void setPendingJumpLink(const QString &linkInfo) override;
     QString mimeType() const { return mMimeType; }
@@ -184,6 +196,8 @@ private:
     void startGuidance();
     void stopGuidance();
 
+    /// The name of the tutorial of that file.
+    static QString baseName(const QString &filename);
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
 
@@ -199,6 +213,7 @@ private:
     QTimer mDeferredTimer;
     std::unique_ptr<TutorialEditor::Manager> mEditorManager;
     std::unique_ptr<TutorialTranslation> mTranslation; // works on the editor manager's document
+    std::unique_ptr<Recovery> mRecovery;
     QMimeData mMimeData;
     QString mMimeType;
     QString mTutorialName;

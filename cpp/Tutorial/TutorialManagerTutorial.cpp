@@ -6,6 +6,7 @@
 #include "tool/Log.h"
 #include "Tutorial/ItemClipboard.h"
 #include "Tutorial/link/HostMessages.h"
+#include "Tutorial/recovery/Recovery.h"
 #include "Tutorial/translation/TutorialTranslation.h"
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
@@ -20,14 +21,6 @@ constexpr char kFolder[] = "cpp/Tutorial";
 const QLatin1String kSuffix(".js");
 const QString kItemListType = QStringLiteral("TutorialItemData/ItemList");
 
-QString baseName(const QString &filename)
-{
-    QString name = filename.mid(filename.lastIndexOf(QLatin1Char('/')) + 1);
-    if (name.endsWith(kSuffix))
-        name.chop(kSuffix.size());
-    return name;
-}
-
 /// Whether the host editor's name for a tutorial leads to that file in its folder, and not through it to elsewhere.
 bool isInItsFolder(const QString &name, const QFileInfo &file)
 {
@@ -35,6 +28,14 @@ bool isInItsFolder(const QString &name, const QFileInfo &file)
     return DataSupport::isFileName(name) && (!file.isSymLink() || file.canonicalPath() == folder);
 }
 } // namespace
+
+QString TutorialManager::baseName(const QString &filename)
+{
+    QString name = filename.mid(filename.lastIndexOf(QLatin1Char('/')) + 1);
+    if (name.endsWith(kSuffix))
+        name.chop(kSuffix.size());
+    return name;
+}
 
 QString TutorialManager::loadTutorial(const QString &filename)
 {
@@ -46,6 +47,7 @@ QString TutorialManager::loadTutorial(const QString &filename)
     if (mEditorManager->isLoaded())
         mTranslation->endLoad();
     Q_EMIT documentReplaced();
+    mRecovery->lookFor(filename);
     return errors.join(QLatin1Char('\n'));
 }
 
@@ -144,6 +146,8 @@ QString TutorialManager::unreadableTranslations() const
 
 QString TutorialManager::save()
 {
+    // Of several files some may be the new ones and some the old ones when the process ends here.
+    mRecovery->flush();
     // What is not the content of its file must not go into the translations either.
     if (mEditorManager->isSaveable() && !(feedbackTranslation() && saveTranslation()))
         return tr("Failed to save translation.");

@@ -3,17 +3,14 @@
 #include "model/DocumentContext.h"
 #include "model/EditHistory.h"
 #include "tool/DataSupport.h"
-#include "tool/FreeNames.h"
 #include "tool/Log.h"
-#include "TutorialEditor/LoadLosses.h"
+#include "TutorialEditor/ScenarioReader.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -28,28 +25,15 @@ QByteArray hashOf(const QByteArray &bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md4); // the fastest of Qt's
 }
 
-/// As a text stream reads it, at once: what a byte order mark says, else UTF-8; a character cut short at the end is
-/// left out.
-QString decoded(const QByteArray &bytes)
+QString translated(const QString &array, QStringList &errors)
 {
-    const QTextCodec *codec = QTextCodec::codecForUtfText(bytes, QTextCodec::codecForName("UTF-8"));
-    QTextCodec::ConverterState state;
-    return codec->toUnicode(bytes.constData(), bytes.size(), &state);
+    const DocumentContext *context = DocumentContext::instance();
+    return context ? context->applyTranslationToText(array, errors) : array;
 }
 
 bool isBlank(const QString &text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar character) { return character.isSpace(); });
-}
-
-/// Most items have the key, the condition and the icon of others, and one hint for both languages where only one is
-/// known. Texts holds one of each.
-void shareTexts(TutorialItemData &record, QSet<QString> &texts)
-{
-    for (QString *text : { &record.mWindowKey, &record.mCondition, &record.mIcon, &record.mCommand })
-        *text = *texts.insert(*text);
-    if (record.mHint2 == record.mHint)
-        record.mHint2 = record.mHint;
 }
 } // namespace
 
@@ -107,25 +91,20 @@ QStringList Manager::setContents(const QString &filename)
     }
     QByteArray bytes = file.readAll();
     mFileHash = hashOf(bytes);
-    QString text = decoded(bytes);
+    QString text = ScenarioReader::decoded(bytes);
     // A read that broke off is no blank file.
     const bool blank = isBlank(text) && file.error() == QFile::NoError;
     const bool damaged = DataSupport::isDamaged(text, bytes);
     file.close();
     bytes.clear(); // which a large document is better off without
 
-    text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
-    text = ScenarioText::removeAssignment(std::move(text));
     QStringList errors;
-    if (const DocumentContext *context = DocumentContext::instance())
-        text = context->applyTranslationToText(text, errors);
-
+    text = translated(ScenarioReader::arrayOf(std::move(text)), errors);
     replaceDocument();
-    if (readItems(text)) {
+    if (ScenarioReader::read(text, mData, mLeftOut)) {
         mState = State::Loaded;
         if (damaged)
             mLeftOut.prepend(tr("Characters that are not UTF-8"));
-        fillInNames();
     } else {
         mState = blank ? State::New : State::Unreadable;
         errors.append(QStringLiteral("json is not array"));
@@ -133,56 +112,6 @@ QStringList Manager::setContents(const QString &filename)
     if (!errors.isEmpty())
         Log::debug(kFolder, "TutorialEditor::Manager::setContents", __LINE__) << errors;
     return errors;
-}
-
-bool Manager::readItems(const QString &arrayText)
-{
-    const JsonWrapper json(arrayText);
-    if (!json.isArray())
-        return false;
-    LoadLosses losses;
-    QSet<QString> texts;
-    const int length = json.length();
-    for (int i = 0; i < length; ++i) {
-        const JsonWrapper element = json[i];
-        bool kept = true;
-        const int firstRecord = mData.mDataList.size();
-        const std::unique_ptr<TreeItem<TutorialItemData>> item(
-            TreeItem<TutorialItemData>::createFromJson(element, &mData.mDataList, &kept));
-        if (item)
-            mData.mRoot.mChildren.append(*item);
-        QList<int> ids;
-        for (int record = firstRecord; record < mData.mDataList.size(); ++record) {
-            shareTexts(*mData.mDataList.at(record), texts);
-            ids.append(mData.mDataList.at(record)->mId);
-        }
-        if (item && kept)
-            losses.inspectKept(element.toValue(), ids);
-        else
-            losses.inspect(element.toValue());
-    }
-    mLeftOut = losses.lines();
-    // The text of several values stands for the first one.
-    if (json.kind() == JsonWrapper::kValue)
-        mLeftOut.prepend(tr("What follows the steps"));
-    return true;
-}
-
-void Manager::fillInNames()
-{
-    const auto isNameless = [](const TutorialItemData *record) { return record->mName.isEmpty(); };
-    if (std::none_of(mData.mDataList.cbegin(), mData.mDataList.cend(), isNameless))
-        return;
-    QStringList names = mData.getNameList();
-    names.removeAll(QString());
-    FreeNames freeNames(names);
-    const QString folderBase = tr("folder");
-    const QString itemBase = tr("item");
-    mData.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
-        TutorialItemData *record = item.mId < 0 ? nullptr : mData.getData(item.mId);
-        if (record && record->mName.isEmpty())
-            record->mName = freeNames.next(item.mFolder ? folderBase : itemBase, 3);
-    });
 }
 
 QString Manager::save()
@@ -215,9 +144,35 @@ QString Manager::save()
 
 bool Manager::isChangedOnDisk() const
 {
-    QFile file(mFilename);
+    return isSaveable() && compareFile(mFilename, mFileHash) == FileState::Changed;
+}
+
+Manager::FileState Manager::compareFile(const QString &filename, const QByteArray &hash)
+{
+    QFile file(filename);
+    if (!file.exists())
+        return FileState::Missing;
     // What can't be read any more is something else, too.
-    return isSaveable() && file.exists() && !(DataSupport::openWhole(file) && hashOf(file.readAll()) == mFileHash);
+    return DataSupport::openWhole(file) && hashOf(file.readAll()) == hash ? FileState::Same : FileState::Changed;
+}
+
+bool Manager::restore(const QString &filename, const QString &array, const QByteArray &fileHash,
+                      const QStringList &leftOut)
+{
+    TreeDataTemplate<TutorialItemData> document;
+    QStringList lost;
+    if (!ScenarioReader::read(array, document, lost)) {
+        qDeleteAll(document.mDataList);
+        return false;
+    }
+    replaceDocument();
+    mData.mDataList = document.mDataList;
+    mData.mRoot.mChildren = document.mRoot.mChildren;
+    mFilename = filename;
+    mFileHash = fileHash;
+    mLeftOut = leftOut;
+    mState = State::Loaded;
+    return true;
 }
 
 void Manager::save(const QString &text)

@@ -52,6 +52,17 @@ public:
     /// Whether the file holds something else than when it was read or saved here; false where it is
     /// missing.
     bool isChangedOnDisk() const;
+    /// What has become of a file since it had that content.
+    enum class FileState { Same, Changed, Missing };
+    static FileState compareFile(const QString &filename, const QByteArray &hash);
+    /// Which content of the file the document was read from, or saved to; empty for a file that was missing.
+    const QByteArray &fileHash() const { return mFileHash; }
+
+    /// Makes the array of a scenario, in which no hint needs a translation, the document of that file, as if it had
+    /// been read from the file when that had that content, and edited since. False, with the document as it was, if it
+    /// can't be read.
+    bool restore(const QString &filename, const QString &array, const QByteArray &fileHash, const QStringList &leftOut);
+
     /// What stands in the file and not in the document, as texts for the user. A save drops it.
     const QStringList &leftOut() const { return mLeftOut; }
 
@@ -81,8 +92,6 @@ private:
     };
 
     QString refusalOf(const QString &filename) const;
-    bool readItems(const QString &arrayText);
-    void fillInNames();
     void replaceDocument();
     void dropRecords();
 

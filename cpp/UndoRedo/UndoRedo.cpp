@@ -252,9 +252,8 @@ void UndoRedo::addCommand(QUndoCommand *command)
     Q_EMIT documentChanged();
 }
 
-void UndoRedo::forgetMergedState()
+void UndoRedo::markUnsaved()
 {
-    // If the present state was the saved one, no step leads to that any more.
     if (mUndoStack->isClean())
         mUndoStack->resetClean();
     setModified(true);
@@ -274,9 +273,9 @@ void UndoRedo::recordChange(int itemId, const TutorialItemField &field, const QV
         return;
     }
     target->takeIn(itemId, field, value);
-    // Within a sequence its end tells that.
+    // If the state before was the saved one, no step leads to that any more. Within a sequence its end tells that.
     if (mOpenMacros == 0)
-        forgetMergedState();
+        markUnsaved();
     Q_EMIT documentChanged();
 }
 

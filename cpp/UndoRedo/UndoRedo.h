@@ -71,6 +71,8 @@ public:
     void recordChange(int itemId, const TutorialItemField &field, const QVariant &value) override;
     bool isEmpty() const override;
     void markClean() override;
+    /// The present state is not the saved one, and no step leads to that.
+    void markUnsaved();
     /// Whether the next item command may be folded into what stands before it.
     bool isMergeable() const { return mMergeable; }
     /// A new empty folder for as long as the history lives; an empty text with a warning in the log
@@ -116,7 +118,6 @@ private:
     void tellStep(const QUndoCommand &step, bool back);
     void endTransaction();
     UndoMergeableCommand *mergeTarget() const;
-    void forgetMergedState();
     template <typename Command, typename... Arguments>
     static Command *add(Arguments &&...arguments);
 

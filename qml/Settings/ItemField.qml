@@ -17,7 +17,7 @@ QtObject {
     /// After an edit the host editor shows the step at once.
     property bool restarts: false
     /// Has show(value) and the signal edited(value); where an edit has an end,
-    /// also commit().
+    /// also commit() and `pending`, which is what was typed since.
     property Item control: null
 
     signal changed()

@@ -63,6 +63,11 @@ Item {
         field.control = form.controlOf(field.key);
         field.control.edited.connect(function(value) { field.value = value; });
         field.changed.connect(function() { takeChange(field); });
+        if (field.control.pendingChanged) {
+            field.control.pendingChanged.connect(function() {
+                TutorialManager.recovery.setTyped(itemId, field.key, field.control.pending);
+            });
+        }
     }
 
     function takeChange(field) {

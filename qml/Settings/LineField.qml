@@ -9,6 +9,9 @@ RectangleTextInput {
     /// What stood here before anything was typed.
     property string shownText: ""
 
+    /// What was typed and not handed over; undefined if nothing was.
+    readonly property var pending: text === shownText ? undefined : text
+
     signal edited(string newText)
 
     function show(newText) {

@@ -10,6 +10,8 @@ SpinBox {
     /// What stood here before anything was typed.
     property int shownValue: 0
     property bool showing: false
+    /// What was typed and not handed over; undefined if nothing was.
+    readonly property var pending: value === shownValue ? undefined : value
 
     signal edited(int newValue)
 

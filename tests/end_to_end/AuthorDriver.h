@@ -16,16 +16,27 @@ protected:
     // How long the program may take for an edit.
     static constexpr int kLimit = 20000;
 
-    /// Starts the program; ends the one before.
+    /// Starts the program and waits until it answers; ends the one before.
     bool start()
+    {
+        return launch() && findWindow() && QTest::qWaitFor([this] { return !startMessage("F5").isEmpty(); }, kLimit);
+    }
+
+    bool launch()
     {
         mHost = std::make_unique<HostPeer>();
         mHost->process().setWorkingDirectory(mFolder.path());
+        QProcessEnvironment environment = mHost->process().processEnvironment();
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), dataFolder());
+        mHost->process().setProcessEnvironment(environment);
         if (!mHost->start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM)))
             return false;
         mHost->keepAlive();
-        return findWindow() && QTest::qWaitFor([this] { return !startMessage("F5").isEmpty(); }, kLimit);
+        return true;
     }
+
+    /// What the program keeps for itself, from one start to the next.
+    QString dataFolder() const { return mFolder.filePath(QStringLiteral("data")); }
 
     /// Waits for the program's window and activates it.
     bool findWindow()

@@ -35,6 +35,17 @@ HintMerge::Result HintMerge::merge(Document &document, Hint hint, const Translat
     return result;
 }
 
+TranslationSource::Messages HintMerge::hints(Document &document, Hint hint)
+{
+    TranslationSource::Messages hints;
+    document.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+        const TutorialItemData *record = item.mFolder ? nullptr : document.getData(item.mId);
+        if (record)
+            hints.insert(hintKey(item.mId), record->*hint);
+    });
+    return hints;
+}
+
 void HintMerge::readHints(Document &document, Hint hint, const TranslationSource::Messages &messages)
 {
     QSet<int> folders;

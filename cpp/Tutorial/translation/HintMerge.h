@@ -30,6 +30,9 @@ struct Result
 Result merge(Document &document, Hint hint, const TranslationSource::Messages &before,
              const TranslationSource::Messages &onDisk);
 
+/// The hints of all items.
+TranslationSource::Messages hints(Document &document, Hint hint);
+
 /// Gives each item, and no folder, the hint that the source has for it.
 void readHints(Document &document, Hint hint, const TranslationSource::Messages &messages);
 } // namespace HintMerge

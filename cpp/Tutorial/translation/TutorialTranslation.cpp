@@ -6,6 +6,7 @@
 #include "Tutorial/translation/TranslationFile.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace
 {
@@ -137,6 +138,48 @@ void TutorialTranslation::endLoad()
         HintMerge::readHints(mDocument, &TutorialItemData::mHint2, mLoadedHints.value(mLocale2));
 }
 
+void TutorialTranslation::endLoad(const Hints &hints, const Hints &loaded)
+{
+    for (auto language = loaded.cbegin(); language != loaded.cend(); ++language)
+        mLoadedHints.insert(language.key(), language.value());
+    HintMerge::readHints(mDocument, firstHint(), hints.value(mLocale, mLoadedHints.value(mLocale)));
+    HintMerge::readHints(mDocument, secondHint(), hints.value(mLocale2, mLoadedHints.value(mLocale2)));
+}
+
+TutorialTranslation::Hints TutorialTranslation::hints() const
+{
+    return { { mLocale, HintMerge::hints(mDocument, firstHint()) },
+             { mLocale2, HintMerge::hints(mDocument, secondHint()) } };
+}
+
+TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutorialName) const
+{
+    Hints hints;
+    for (const QString &locale : { mLocale, mLocale2 }) {
+        const QString path = TranslationFile::path(locale, mAuthoring);
+        QDomDocument document;
+        if (DataSupport::fileExists(path) && TranslationFile::read(path, document))
+            hints.insert(locale, TranslationSource::readMessages(document).value(tutorialName));
+    }
+    return hints;
+}
+
+QString TutorialTranslation::folder() const
+{
+    return QFileInfo(TranslationFile::path(mLocale, mAuthoring)).absolutePath();
+}
+
+HintMerge::Hint TutorialTranslation::firstHint() const
+{
+    // After a change of the language the items are still in the old one until they are loaded again.
+    return mHintLocale == mLocale2 ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
+}
+
+HintMerge::Hint TutorialTranslation::secondHint() const
+{
+    return mHintLocale == mLocale2 ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
+}
+
 bool TutorialTranslation::loadTranslation()
 {
     // Both are read in any case: a document of the languages before must not be taken for this one's.
@@ -174,13 +217,9 @@ bool TutorialTranslation::write(const QString &locale, const QDomDocument &docum
 
 bool TutorialTranslation::feedbackTranslation()
 {
-    // After a change of the language the items are still in the old one until they are loaded again.
-    const bool exchanged = mHintLocale == mLocale2;
-    const auto first = exchanged ? &TutorialItemData::mHint2 : &TutorialItemData::mHint;
-    const auto second = exchanged ? &TutorialItemData::mHint : &TutorialItemData::mHint2;
     bool taken = false;
-    const bool merged = feedback(mLocale, mTranslationDocument, first, taken)
-        && feedback(mLocale2, mTranslationDocument2, second, taken);
+    const bool merged = feedback(mLocale, mTranslationDocument, firstHint(), taken)
+        && feedback(mLocale2, mTranslationDocument2, secondHint(), taken);
     updateDocumentTranslator();
     if (taken)
         Q_EMIT hintsTaken();

@@ -18,6 +18,9 @@ class TutorialTranslation : public QObject
     Q_OBJECT
 
 public:
+    /// By locale.
+    using Hints = QHash<QString, TranslationSource::Messages>;
+
     /// The translators that are installed become children of `translatorOwner`, which may be null. The document must
     /// outlive this object.
     TutorialTranslation(bool authoring, QObject *translatorOwner, HintMerge::Document &document);
@@ -46,6 +49,17 @@ public:
     void beginLoad(const QString &tutorialName);
     /// To be called when it was read: gives the items their second hints, in the authoring mode.
     void endLoad();
+    /// To be called instead for items that were taken up as they were before: gives them these hints, where they are of
+    /// a language of now. `loaded` is what the files had said when they were read or saved.
+    void endLoad(const Hints &hints, const Hints &loaded);
+    /// The hints of all items.
+    Hints hints() const;
+    /// What the files had said of this tutorial when they were read or saved.
+    const Hints &loadedHints() const { return mLoadedHints; }
+    /// What they say now of the tutorial of that name.
+    Hints storedHints(const QString &tutorialName) const;
+    /// The folder of the files, as an absolute path.
+    QString folder() const;
 
     /// Reads the translation sources of both locales; false with a warning when one can't be read.
     bool loadTranslation();
@@ -69,6 +83,9 @@ private:
     TranslatableText::Translate lookup() const;
     void updateLocale2(const QString &locale);
     void updateDocumentTranslator();
+    /// Which hints of the items are those of the first language, and of the second one.
+    HintMerge::Hint firstHint() const;
+    HintMerge::Hint secondHint() const;
     TranslationSource::Messages hintsOf(const QDomDocument &document) const;
     bool feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken);
     bool write(const QString &locale, const QDomDocument &document);
@@ -81,7 +98,7 @@ private:
     QString mLocale;
     QString mLocale2;
     QString mHintLocale; // the language of the loaded items' first hints
-    QHash<QString, TranslationSource::Messages> mLoadedHints; // by locale, as the last load or save left them
+    Hints mLoadedHints; // as the last load or save left them
     QDomDocument mTranslationDocument;
     QDomDocument mTranslationDocument2;
     DocumentTranslator mDocumentTranslator; // answers in the authoring mode only

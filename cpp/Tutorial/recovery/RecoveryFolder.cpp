@@ -1,0 +1,104 @@
+#include "Tutorial/recovery/RecoveryFolder.h"
+
+#include "tool/DataSupport.h"
+#include "tool/Log.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace
+{
+const QLatin1String kCopy("/copy.json");
+const QLatin1String kDamaged("/damaged.json");
+const QLatin1String kLock("/lock");
+
+QString shortHash(const QString &path)
+{
+    const QFileInfo info(path);
+    const QString folder = info.absoluteDir().canonicalPath();
+    const QString whole = (folder.isEmpty() ? info.absolutePath() : folder) + QLatin1Char('/') + info.fileName();
+    return QString::fromLatin1(QCryptographicHash::hash(whole.toUtf8(), QCryptographicHash::Sha1).toHex().left(16));
+}
+
+/// How the names of the folders begin.
+QString prefixOf(const QString &project, const QString &path)
+{
+    const QString prefix = shortHash(project) + QLatin1Char('-');
+    return path.isEmpty() ? prefix : prefix + shortHash(path) + QLatin1Char('-');
+}
+} // namespace
+
+RecoveryFolder::RecoveryFolder(const QString &path) : mPath(path), mLock(path + kLock) { }
+
+std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root, const QString &project, const QString &path)
+{
+    QDir().mkpath(root);
+    // Between the two steps somebody else may have taken it for what was left over.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        QTemporaryDir made(root + QLatin1Char('/') + prefixOf(project, path) + QLatin1String("XXXXXX"));
+        if (!made.isValid())
+            break;
+        made.setAutoRemove(false);
+        std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(made.path()));
+        if (folder->mLock.tryLock())
+            return folder;
+    }
+    Log::warning("cpp/Tutorial/recovery", "RecoveryFolder::create", __LINE__) << "Failed to make a folder in" << root;
+    return nullptr;
+}
+
+std::unique_ptr<RecoveryFolder> RecoveryFolder::takeAbandoned(const QString &root, const QString &project,
+                                                              const QString &path)
+{
+    QStringList paths;
+    const QStringList filter{ prefixOf(project, path) + QLatin1Char('*') };
+    for (const QFileInfo &info : QDir(root).entryInfoList(filter, QDir::Dirs))
+        paths.append(info.filePath());
+    const auto writtenAt = [](const QString &folder) { return QFileInfo(folder + kCopy).lastModified(); };
+    std::sort(paths.begin(), paths.end(),
+              [&](const QString &one, const QString &other) { return writtenAt(one) > writtenAt(other); });
+    for (const QString &folderPath : qAsConst(paths)) {
+        std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(folderPath));
+        if (QFileInfo::exists(folderPath + kDamaged) || !folder->mLock.tryLock())
+            continue;
+        if (QFileInfo::exists(folder->copyPath()))
+            return folder;
+        folder->remove();
+    }
+    return nullptr;
+}
+
+bool RecoveryFolder::write(const QByteArray &bytes) const
+{
+    return DataSupport::writeFile(copyPath(), bytes);
+}
+
+bool RecoveryFolder::read(QByteArray &bytes) const
+{
+    return DataSupport::readFile(copyPath(), bytes);
+}
+
+void RecoveryFolder::remove()
+{
+    // The copy first, so that nobody finds it once the lock is gone, and then what a write has left that was cut short.
+    QFile::remove(copyPath());
+    mLock.unlock();
+    QDir(mPath).removeRecursively();
+}
+
+QString RecoveryFolder::setAside()
+{
+    QFile::rename(copyPath(), mPath + kDamaged);
+    mLock.unlock();
+    return QDir::toNativeSeparators(mPath + kDamaged);
+}
+
+QString RecoveryFolder::copyPath() const
+{
+    return mPath + kCopy;
+}

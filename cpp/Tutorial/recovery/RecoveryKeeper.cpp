@@ -1,0 +1,116 @@
+#include "Tutorial/recovery/RecoveryKeeper.h"
+
+#include "Tutorial/recovery/RecoveryWriter.h"
+
+RecoveryContext::~RecoveryContext() = default;
+
+namespace
+{
+constexpr qint64 kPause = 1000;
+// The changes of one gesture come together.
+constexpr qint64 kGesture = 50;
+// Of a very large tutorial the copies take no more than one part in so many of the time.
+constexpr qint64 kShare = 10;
+} // namespace
+
+RecoveryKeeper::RecoveryKeeper(RecoveryContext *context, const QString &root, QObject *parent)
+    : QObject(parent)
+    , mContext(context)
+    , mWriter(new RecoveryWriter(root))
+    , mPause(kPause)
+{
+    mWriter->moveToThread(&mThread);
+    connect(&mThread, &QThread::finished, mWriter, &QObject::deleteLater);
+    connect(this, &RecoveryKeeper::writeRequested, mWriter, &RecoveryWriter::write);
+    connect(this, &RecoveryKeeper::removeRequested, mWriter, &RecoveryWriter::remove);
+    connect(mWriter, &RecoveryWriter::written, this, &RecoveryKeeper::onWritten);
+    mTimer.setSingleShot(true);
+    mTimer.setTimerType(Qt::PreciseTimer);
+    connect(&mTimer, &QTimer::timeout, this, &RecoveryKeeper::write);
+    mThread.start();
+}
+
+RecoveryKeeper::~RecoveryKeeper()
+{
+    mThread.quit();
+    mThread.wait();
+}
+
+bool RecoveryKeeper::isNeeded() const
+{
+    return mContext->isKeepable() && (mContext->isModified() || !mTyped.isEmpty());
+}
+
+void RecoveryKeeper::noteChange()
+{
+    if (!isNeeded()) {
+        forget();
+        return;
+    }
+    mDue = true;
+    if (mWriting || mTimer.isActive())
+        return;
+    const qint64 rest = mSinceWrite.isValid() ? mPause - mSinceWrite.elapsed() : 0;
+    mTimer.start(static_cast<int>(qMax(kGesture, rest)));
+}
+
+void RecoveryKeeper::setTyped(int itemId, const QString &field, const QVariant &value)
+{
+    if (value.isValid())
+        mTyped.insert(field, { itemId, field, value });
+    else if (mTyped.remove(field) == 0)
+        return;
+    noteChange();
+}
+
+void RecoveryKeeper::forget()
+{
+    mDue = false;
+    mTimer.stop();
+    Q_EMIT removeRequested();
+}
+
+void RecoveryKeeper::write()
+{
+    if (!isNeeded()) {
+        forget();
+        return;
+    }
+    mDue = false;
+    mSinceWrite.start();
+    const RecoveryCopy copy = mContext->unsavedWork(mTyped.values());
+    const QByteArray bytes = copy.toBytes();
+    mPause = qMax(kPause, mSinceWrite.elapsed() * kShare);
+    mWriting = true;
+    Q_EMIT writeRequested(mContext->project(), copy.path, bytes);
+}
+
+void RecoveryKeeper::onWritten(bool success)
+{
+    mWriting = false;
+    if (!success && !mFailing)
+        Q_EMIT failed();
+    mFailing = !success;
+    if (mDue)
+        noteChange();
+}
+
+void RecoveryKeeper::flush()
+{
+    if (mDue) {
+        mTimer.stop();
+        write();
+    }
+    sync();
+}
+
+void RecoveryKeeper::adopt(std::unique_ptr<RecoveryFolder> folder, const QString &path)
+{
+    sync();
+    mWriter->adopt(std::move(folder), mContext->project(), path);
+}
+
+void RecoveryKeeper::sync()
+{
+    QMetaObject::invokeMethod(mWriter, "sync", Qt::BlockingQueuedConnection);
+}

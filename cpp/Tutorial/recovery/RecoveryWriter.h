@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Tutorial/recovery/RecoveryFolder.h"
+
+#include <QByteArray>
+#include <QObject>
+
+/// Writes and removes the copy of this process. It lives in a thread of its own, so that nobody who types waits for the
+/// disk; what it is asked for is done in that order.
+class RecoveryWriter : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit RecoveryWriter(const QString &root) : mRoot(root) { }
+
+    /// Takes a copy over as its own. Only while nothing that it was asked for is under way.
+    void adopt(std::unique_ptr<RecoveryFolder> folder, const QString &project, const QString &path);
+
+public Q_SLOTS:
+    /// Replaces the copy by that of a tutorial.
+    void write(const QString &project, const QString &path, const QByteArray &bytes);
+    void remove();
+    /// Comes back when all that was asked for before is done.
+    void sync() { }
+
+Q_SIGNALS:
+    void written(bool success);
+
+private:
+    const QString mRoot;
+    QString mProject;
+    QString mPath;
+    std::unique_ptr<RecoveryFolder> mFolder;
+};

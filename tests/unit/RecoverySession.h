@@ -1,0 +1,165 @@
+#pragma once
+
+#include "quick/TutorialItemListModel.h"
+#include "support/FileBytes.h"
+#include "support/ManagerFixture.h"
+#include "Tutorial/recovery/Recovery.h"
+#include "Tutorial/translation/TranslationSource.h"
+#include "TutorialEditor/Manager.h"
+#include "UndoRedo/UndoRedo.h"
+
+#include <QCryptographicHash>
+
+#include <csignal>
+#include <random>
+#include <thread>
+
+/// A writer at work on the tutorial of the current folder, in the real manager: what stands for the program in the
+/// tests of the recovery. Its end is no end of a program that was asked to.
+class RecoverySession
+{
+public:
+    static QString file() { return QStringLiteral("tutorial-win/qml/Tutorial/Sample.js"); }
+    static QString language(const char *locale)
+    {
+        return QStringLiteral("tutorial-win/translations/%1.ts").arg(QLatin1String(locale));
+    }
+
+    /// Lays out a tutorial with so many steps.
+    static void layOut(int steps)
+    {
+        for (const char *folder : { "tutorial-win/qml/Tutorial", "tutorial-win/translations" })
+            QDir().mkpath(QLatin1String(folder));
+        QByteArray items;
+        for (int id = 1; id <= steps; ++id)
+            items += "{\"id\":" + QByteArray::number(id) + ",\"name\":\"name" + QByteArray::number(id) + "\"},\n";
+        writeAll(file(), "var scenario = [\n" + items.left(items.size() - 2) + "];");
+        for (const char *locale : { "ja_JP", "en_US" })
+            writeAll(language(locale), TranslationSource::emptyDocument(QLatin1String(locale)).toByteArray());
+    }
+
+    RecoverySession()
+    {
+        mManager.loadTutorial(file());
+        mModel.refresh();
+    }
+
+    TutorialManager &manager() { return mManager; }
+    UndoRedo &history() { return *mHistory; }
+    TutorialItemListModel &model() { return mModel; }
+    Recovery &recovery() { return *qobject_cast<Recovery *>(mManager.recovery()); }
+    void begin() { recovery().begin(mHistory.get()); }
+
+    void edit(const std::function<void()> &change)
+    {
+        mModel.refreshPartial();
+        mHistory->beginSequence(QStringLiteral("edit"));
+        change();
+        mHistory->endSequence();
+    }
+    void set(int id, const char *field, const QVariant &value)
+    {
+        edit([&] { mModel.setValue(id, QLatin1String(field), value); });
+    }
+
+    /// All that is saved of the document.
+    QByteArray picture()
+    {
+        QCryptographicHash hash(QCryptographicHash::Sha1);
+        data().mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+            const TutorialItemData *record = data().getData(item.mId);
+            QString text = QStringLiteral("%1 %2 %3 ").arg(item.mId).arg(item.mFolder).arg(item.mChildren.size());
+            if (record)
+                text += item.mFolder ? record->mName : record->toJsonText(QString());
+            hash.addData(text.toUtf8());
+        });
+        return hash.result().toHex();
+    }
+
+    void editAtRandom(std::mt19937 &random)
+    {
+        const auto number = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+        const QList<int> ids = data().getIdList();
+        const int id = ids.isEmpty() ? -1 : ids.at(number(ids.size()));
+        const QString text = QStringLiteral("\"%1\"\n").arg(number(1000));
+        const int verb = ids.size() > 300 ? 2 : id < 0 ? 0 : number(12);
+        switch (verb) {
+        case 0:
+            edit([&] { mModel.addItem(id); });
+            break;
+        case 1:
+            edit([&] { mModel.addFolder(id); });
+            break;
+        case 2:
+            edit([&] { mModel.deleteIdList({ id, id + 1 }); });
+            break;
+        case 3:
+            edit([&] { mModel.moveIdListBeforeIndex(mModel.getModelIndexById(id), { ids.first() }); });
+            break;
+        case 4:
+            edit([&] { mModel.changeItemName(mModel.getModelIndexById(id), mModel.getValidName(text.mid(1, 2))); });
+            break;
+        case 5:
+            mHistory->undo();
+            break;
+        case 6:
+            mHistory->redo();
+            break;
+        default:
+            static const char *const fields[] = { "hint", "hint2", "hint", "x", "condition" };
+            set(id, fields[verb - 7], verb == 10 ? QVariant(number(100)) : QVariant(text));
+        }
+    }
+
+private:
+    TreeDataTemplate<TutorialItemData> &data() { return TutorialEditor::Manager::instance()->mData; }
+
+    std::unique_ptr<UndoRedo> mHistory{ static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)) };
+    ManagerFixture::Manager mManager;
+    TutorialItemListModel mModel;
+};
+
+/// The seed of a session that goes on until somebody else ends it.
+constexpr unsigned kNeverKilled = 999999; // which 3 divides
+
+/// The process that is killed: edits every 5 ms, tells on its output what the document then is, and saves now and then.
+/// It ends itself at a random moment of its life, of a save, or of a copy that is brought up to date.
+inline int runKilledSession(unsigned seed)
+{
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    std::mt19937 random(seed);
+    const auto killWithin = [&random](unsigned microseconds) {
+        const std::chrono::microseconds delay(random() % microseconds);
+        std::thread([delay] {
+            std::this_thread::sleep_for(delay);
+            std::raise(SIGKILL);
+        }).detach();
+    };
+    const auto tell = [](const char *what, const QByteArray &value) {
+        std::printf("%s %s %lld\n", what, value.constData(), QDateTime::currentMSecsSinceEpoch());
+        std::fflush(stdout);
+    };
+    enum { InLife, InSave, InCopy, Never };
+    const unsigned moment = seed % 3 + (seed == kNeverKilled ? 3 : 0);
+    RecoverySession session;
+    session.begin();
+    tell("state", session.picture());
+    unsigned life = 50 + random() % 400;
+    if (moment == InLife)
+        killWithin(2500000);
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        session.editAtRandom(random);
+        tell("state", session.picture());
+        const bool last = --life == 0 && moment != InLife && moment != Never;
+        if (last)
+            killWithin(8000);
+        if (last && moment == InCopy)
+            session.recovery().flush();
+        else if (last || random() % 150 == 0)
+            session.manager().save();
+    });
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.start(5);
+    return QCoreApplication::exec();
+}

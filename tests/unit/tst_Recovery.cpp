@@ -1,0 +1,324 @@
+// KILL_COUNT=N ends so many sessions, and KILL_SEED=N begins with that seed.
+
+#include "RecoverySession.h"
+
+#include "support/WarningGuard.h"
+
+#include <QProcess>
+#include <QSignalSpy>
+
+#include <utime.h>
+
+class tst_Recovery : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void differencesAreTold();
+    void copyGoesWithTheChanges();
+    void fileOfTheCopyIsLookedAt();
+    void damagedCopyIsNotOffered();
+    void twoProgramsKeepTheirOwn();
+    void killedSessionsComeBack();
+
+private:
+    QStringList folders() const
+    {
+        const QString root = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+        return QDir(root + QStringLiteral("/recovery")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    }
+    /// The file of the only copy, or of what was one.
+    QString copyFile(const char *name = "copy.json") const
+    {
+        const QString root = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+        return root + QStringLiteral("/recovery/%1/%2").arg(folders().value(0), QLatin1String(name));
+    }
+    std::unique_ptr<RecoverySession> session()
+    {
+        mWarnings.expect(QStringLiteral("UndoRedo::UndoRedo"));
+        return std::make_unique<RecoverySession>();
+    }
+    /// The next start of the program.
+    std::unique_ptr<RecoverySession> begin()
+    {
+        auto next = session();
+        next->begin();
+        return next;
+    }
+    void startChild(QProcess &child, unsigned seed)
+    {
+        child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--killed"), QString::number(seed) });
+        QVERIFY(child.waitForStarted());
+    }
+    void kill(unsigned seed);
+
+    WarningGuard mWarnings;
+    std::unique_ptr<QTemporaryDir> mFolder;
+    QVector<qint64> mLost;
+};
+
+void tst_Recovery::init()
+{
+    mWarnings.begin();
+    mFolder = std::make_unique<QTemporaryDir>();
+    QDir::setCurrent(mFolder->path());
+    qputenv("XDG_DATA_HOME", mFolder->filePath(QStringLiteral("data")).toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", mFolder->filePath(QStringLiteral("config")).toLocal8Bit());
+    RecoverySession::layOut(6);
+}
+
+void tst_Recovery::cleanup()
+{
+    QDir::setCurrent(QDir::rootPath());
+    mWarnings.end();
+}
+
+void tst_Recovery::differencesAreTold()
+{
+    auto writer = begin();
+    writer->edit([&] { writer->model().addFolder(-1); });
+    writer->edit([&] { writer->model().addItem(7); });
+    writer->edit([&] { writer->model().deleteIdList({ 2 }); });
+    writer->edit([&] { writer->model().moveIdListBeforeIndex(writer->model().getModelIndexById(1), { 6 }); });
+    writer->edit([&] { writer->model().moveIdListIntoIndex(writer->model().getModelIndexById(7), { 5 }); });
+    writer->set(1, "x", 12);
+    writer->set(1, "hint", QStringLiteral("こんにちは"));
+    writer->set(3, "hint2", QStringLiteral("\"%1\""));
+    const QByteArray before = writer->picture();
+    // What is still in the field, and what no field would take.
+    writer->recovery().setTyped(4, QStringLiteral("condition"), QStringLiteral("wait,3"));
+    writer->recovery().setTyped(4, QStringLiteral("command"), QStringLiteral("/*"));
+    writer->recovery().flush();
+    QCOMPARE(writer->picture(), before);
+    writer->set(4, "condition", QStringLiteral("wait,3"));
+    const QByteArray after = writer->picture();
+    writer.reset();
+
+    writer = begin();
+    QVERIFY(writer->recovery().isOffered());
+    const QStringList lines = writer->recovery().differences();
+    QCOMPARE(lines,
+             QStringList({ QStringLiteral("Added: folder1 (#7)"), QStringLiteral("Added: item001 (#8)"),
+                           QStringLiteral("Removed: name2 (#2)"), QStringLiteral("Moved: name6 (#6)"),
+                           QStringLiteral("Changed: name1 (#1), x: -9999 -> 12"),
+                           QStringLiteral("Changed: name1 (#1), hint (ja_JP): \"\" -> \"こんにちは\""),
+                           QStringLiteral("Changed: name3 (#3), hint (en_US): \"#3\" -> \"\\\"%1\\\"\""),
+                           QStringLiteral("Changed: name4 (#4), condition: \"\" -> \"wait,3\""),
+                           QStringLiteral("Moved: name5 (#5)") }));
+    QCOMPARE(writer->recovery().restore(), QString());
+    QCOMPARE(writer->picture(), after);
+    QVERIFY(writer->manager().isModified() && !writer->history().canUndo() && !writer->recovery().isOffered());
+    // It has no step back to what is saved.
+    writer->set(1, "x", 13);
+    writer->history().undo();
+    QVERIFY(writer->manager().isModified());
+    QCOMPARE(writer->manager().save(), QString());
+    QVERIFY(!writer->manager().isModified());
+    writer.reset();
+    QCOMPARE(folders(), QStringList());
+    writer = begin();
+    QCOMPARE(writer->picture(), after);
+}
+
+void tst_Recovery::copyGoesWithTheChanges()
+{
+    auto writer = begin();
+    const auto isKept = [&] {
+        writer->recovery().flush();
+        return QFile::exists(copyFile());
+    };
+    QVERIFY(!isKept());
+    writer->set(1, "x", 1);
+    QTRY_VERIFY(QFile::exists(copyFile()));
+    writer->history().undo();
+    QVERIFY(!isKept());
+    writer->history().redo();
+    QVERIFY(isKept());
+    QCOMPARE(writer->manager().save(), QString());
+    QVERIFY(!isKept());
+    writer->recovery().setTyped(1, QStringLiteral("command"), QStringLiteral("a"));
+    QVERIFY(isKept());
+    writer->recovery().setTyped(1, QStringLiteral("command"), QVariant());
+    QVERIFY(!isKept());
+    writer->set(1, "x", 2);
+    QVERIFY(isKept());
+    writer->recovery().forgetChanges();
+    QVERIFY(!isKept());
+    writer->set(1, "x", 3);
+    QVERIFY(isKept());
+    writer->manager().unload();
+    QVERIFY(!isKept());
+}
+
+void tst_Recovery::fileOfTheCopyIsLookedAt()
+{
+    auto writer = begin();
+    writer->set(1, "hint", QStringLiteral("own"));
+    writer->recovery().flush();
+    writer.reset();
+    // Someone else's words for another step, and another scenario.
+    QDomDocument english = TranslationSource::emptyDocument(QStringLiteral("en_US"));
+    TranslationSource::writeMessages(english, QStringLiteral("Sample"),
+                                     { { QStringLiteral("#2"), QStringLiteral("theirs") } });
+    writeAll(RecoverySession::language("en_US"), english.toByteArray());
+    const QByteArray scenario = readAll(RecoverySession::file());
+    writeAll(RecoverySession::file(), scenario + "\n");
+    writer = begin();
+    QCOMPARE(writer->recovery().offeredFile(), QFileInfo(RecoverySession::file()).absoluteFilePath());
+    QCOMPARE(writer->recovery().offeredRemark(), QStringLiteral("The file was changed since then."));
+    QCOMPARE(writer->recovery().differences().size(), 1);
+    QVERIFY(QFile::remove(RecoverySession::file()));
+    QCOMPARE(writer->recovery().offeredRemark(), QStringLiteral("The file is not there any more."));
+    writer->recovery().postpone();
+    QVERIFY(!writer->recovery().isOffered());
+    writeAll(RecoverySession::file(), scenario + "\n");
+    // At the next load it is asked again, but not at another tutorial's.
+    writer->manager().loadTutorial(QStringLiteral("tutorial-win/qml/Tutorial/Other.js"));
+    QVERIFY(!writer->recovery().isOffered());
+    writer->manager().loadTutorial(RecoverySession::file());
+    QVERIFY(writer->recovery().isOffered());
+    QCOMPARE(writer->recovery().restore(), QString());
+    QVERIFY(writer->manager().isChangedOnDisk());
+    QCOMPARE(writer->manager().save(), QString());
+    QVERIFY(readAll(RecoverySession::language("en_US")).contains("theirs"));
+    QVERIFY(readAll(RecoverySession::language("ja_JP")).contains("own"));
+    writer.reset();
+    QCOMPARE(folders(), QStringList());
+}
+
+void tst_Recovery::damagedCopyIsNotOffered()
+{
+    const auto damage = [](QByteArray bytes, int way) {
+        const int middle = bytes.size() / 2;
+        if (way == 0)
+            bytes[middle] = static_cast<char>(bytes.at(middle) ^ 1);
+        return way == 1 ? bytes.left(middle) : way == 2 ? QByteArray() : bytes;
+    };
+    for (int way = 0; way < 3; ++way) {
+        auto writer = begin();
+        writer->set(1, "x", way + 1);
+        writer->recovery().flush();
+        writer.reset();
+        writeAll(copyFile(), damage(readAll(copyFile()), way));
+        writer = session();
+        QSignalSpy failures(&writer->recovery(), &Recovery::failed);
+        writer->begin();
+        QVERIFY(!writer->recovery().isOffered());
+        QCOMPARE(failures.size(), 1);
+        QVERIFY(failures.first().first().toString().contains(copyFile("damaged.json")));
+        // It is told once, and nothing of it is lost.
+        writer.reset();
+        writer = session();
+        QSignalSpy later(&writer->recovery(), &Recovery::failed);
+        writer->begin();
+        QCOMPARE(later.size(), 0);
+        QVERIFY(QFile::remove(copyFile("damaged.json")));
+        writer.reset();
+        writer = begin();
+        QCOMPARE(folders(), QStringList());
+    }
+}
+
+void tst_Recovery::twoProgramsKeepTheirOwn()
+{
+    QProcess child;
+    startChild(child, kNeverKilled);
+    QTRY_VERIFY(QFile::exists(copyFile()));
+    // A process that lives is known by more than the age of its lock.
+    const utimbuf longAgo{ 1, 1 };
+    QCOMPARE(::utime(copyFile("lock").toLocal8Bit().constData(), &longAgo), 0);
+    auto writer = begin();
+    QVERIFY(!writer->recovery().isOffered());
+    writer->set(1, "x", 77);
+    writer->recovery().flush();
+    QCOMPARE(folders().size(), 2);
+    child.kill();
+    QVERIFY(child.waitForFinished());
+    writer->history().undo();
+    writer->manager().reload();
+    QVERIFY(writer->recovery().isOffered());
+    writer->recovery().discard();
+    QVERIFY(!writer->recovery().isOffered());
+    writer.reset();
+    QCOMPARE(folders(), QStringList());
+}
+
+/// What a session has told, and what is found of it after its end.
+void tst_Recovery::kill(unsigned seed)
+{
+    QProcess child;
+    startChild(child, seed);
+    QVERIFY(child.waitForFinished(120000));
+    QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+    QList<QByteArray> pictures;
+    QList<qint64> times;
+    for (const QByteArray &line : child.readAllStandardOutput().split('\n')) {
+        const QList<QByteArray> words = line.split(' ');
+        // The last one may be cut short.
+        if (words.size() == 3 && words.at(2).size() == 13) {
+            pictures.append(words.at(1));
+            times.append(words.at(2).toLongLong());
+        }
+    }
+    if (pictures.isEmpty())
+        return;
+
+    for (const char *locale : { "ja_JP", "en_US" })
+        QVERIFY(QDomDocument().setContent(readAll(RecoverySession::language(locale))));
+    auto writer = session();
+    QVERIFY(writer->manager().leftOut().isEmpty());
+    QVERIFY(TutorialEditor::Manager::instance()->isLoaded());
+    writer->begin();
+    const bool offered = writer->recovery().isOffered();
+    if (offered)
+        QCOMPARE(writer->recovery().restore(), QString());
+    const QByteArray found = writer->picture();
+    const int index = pictures.lastIndexOf(found);
+    QVERIFY2(index >= 0, "it is no state that the document had");
+    mLost.append(index + 1 < times.size() ? times.last() - times.at(index + 1) : 0);
+    // At the pace of the session, ten seconds of work.
+    QVERIFY2(pictures.size() - index < 2000, "too much is lost");
+    if (offered)
+        QCOMPARE(writer->manager().save(), QString());
+    writer.reset();
+    QCOMPARE(folders(), QStringList());
+    writer = begin();
+    QVERIFY(!writer->recovery().isOffered());
+    QCOMPARE(writer->picture(), found);
+}
+
+void tst_Recovery::killedSessionsComeBack()
+{
+    const int count = qEnvironmentVariableIntValue("KILL_COUNT");
+    const int first = qEnvironmentVariableIntValue("KILL_SEED");
+    for (int seed = first; seed < first + (count ? count : 20); ++seed) {
+        cleanup();
+        init();
+        kill(static_cast<unsigned>(seed));
+        if (QTest::currentTestFailed()) {
+            qWarning("seed %d in %s", seed, qPrintable(mFolder->path()));
+            mFolder->setAutoRemove(false);
+            return;
+        }
+    }
+    std::sort(mLost.begin(), mLost.end());
+    qInfo("milliseconds of work lost: median %lld, most %lld", mLost.value(mLost.size() / 2),
+          mLost.value(mLost.size() - 1));
+}
+
+int main(int argc, char *argv[])
+{
+    if (argc < 3 || qstrcmp(argv[1], "--killed") != 0)
+        return ManagerFixture::run<tst_Recovery>(argv[0]);
+    const unsigned seed = QByteArray(argv[2]).toUInt();
+    char *arguments[] = { argv[0], argv[2], nullptr };
+    int count = 2;
+    QApplication application(count, arguments);
+    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
+    QCoreApplication::setApplicationName(QStringLiteral("Trelvane tests"));
+    return runKilledSession(seed);
+}
+
+#include "tst_Recovery.moc"
