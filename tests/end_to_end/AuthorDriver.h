@@ -24,6 +24,8 @@ protected:
 
     bool launch()
     {
+        for (const char *folder : { "tutorial-win/qml/Tutorial", "tutorial-win/translations" })
+            QDir(mFolder.path()).mkpath(QLatin1String(folder));
         mHost = std::make_unique<HostPeer>();
         mHost->process().setWorkingDirectory(mFolder.path());
         QProcessEnvironment environment = mHost->process().processEnvironment();
@@ -94,6 +96,11 @@ protected:
         return Screen::xdotool(QStringLiteral("getwindowname"), { mWindow }).startsWith(QLatin1Char('*'));
     }
 
+    QList<QJsonObject> stored(const char *locale) const
+    {
+        return StoredTutorial::items(mFolder.filePath(QStringLiteral("tutorial-win")),
+                                     QStringLiteral("TutorialSideViewStep0"), QLatin1String(locale));
+    }
     /// What the host editor is told to play.
     QList<QJsonObject> items() { return StoredTutorial::items(startMessage("F5").value(1)); }
     /// The id of the item in the settings.

@@ -1,7 +1,6 @@
 #include "AuthorDriver.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QGuiApplication>
 
 /// A writer's whole work: a tutorial from an empty file to its end in the host editor, by mouse and
@@ -19,11 +18,6 @@ private Q_SLOTS:
 private:
     bool rename(int id, const QString &name);
     bool fillIn(const QJsonObject &step);
-    QList<QJsonObject> stored(const char *locale) const
-    {
-        return StoredTutorial::items(mFolder.filePath(QStringLiteral("tutorial-win")),
-                                     QStringLiteral("TutorialSideViewStep0"), QLatin1String(locale));
-    }
 };
 
 namespace
@@ -145,8 +139,6 @@ bool tst_WriteTutorial::fillIn(const QJsonObject &step)
 
 void tst_WriteTutorial::tutorialIsWritten()
 {
-    for (const char *folder : { "tutorial-win/qml/Tutorial", "tutorial-win/translations" })
-        QVERIFY(QDir(mFolder.path()).mkpath(QLatin1String(folder)));
     QVERIFY(start());
     QCOMPARE(items(), QList<QJsonObject>());
     for (const QJsonObject &step : steps()) {

@@ -80,35 +80,26 @@ public:
     {
         const auto number = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
         const QList<int> ids = data().getIdList();
-        const int id = ids.isEmpty() ? -1 : ids.at(number(ids.size()));
+        const int id = ids.value(number(qMax(1, ids.size())), -1);
         const QString text = QStringLiteral("\"%1\"\n").arg(number(1000));
-        const int verb = ids.size() > 300 ? 2 : id < 0 ? 0 : number(12);
-        switch (verb) {
-        case 0:
-            edit([&] { mModel.addItem(id); });
-            break;
-        case 1:
-            edit([&] { mModel.addFolder(id); });
-            break;
-        case 2:
-            edit([&] { mModel.deleteIdList({ id, id + 1 }); });
-            break;
-        case 3:
-            edit([&] { mModel.moveIdListBeforeIndex(mModel.getModelIndexById(id), { ids.first() }); });
-            break;
-        case 4:
-            edit([&] { mModel.changeItemName(mModel.getModelIndexById(id), mModel.getValidName(text.mid(1, 2))); });
-            break;
-        case 5:
-            mHistory->undo();
-            break;
-        case 6:
-            mHistory->redo();
-            break;
-        default:
-            static const char *const fields[] = { "hint", "hint2", "hint", "x", "condition" };
-            set(id, fields[verb - 7], verb == 10 ? QVariant(number(100)) : QVariant(text));
-        }
+        const auto row = [&] { return mModel.getModelIndexById(id); };
+        static const char *const fields[] = { "hint", "hint2", "condition" };
+        const std::function<void()> verbs[] = {
+            [&] { mModel.addItem(id); },
+            [&] { mModel.addFolder(id); },
+            [&] {
+                mModel.deleteIdList({ id, id + 1 });
+            },
+            [&] { mModel.moveIdListBeforeIndex(row(), { ids.first() }); },
+            [&] { mModel.changeItemName(row(), mModel.getValidName(text.mid(1, 2))); },
+            [&] { mModel.setValue(id, QStringLiteral("x"), number(100)); },
+            [&] { mModel.setValue(id, QLatin1String(fields[number(3)]), text); },
+        };
+        const int verb = ids.size() > 300 ? 2 : id < 0 ? 0 : number(11);
+        if (verb < 9)
+            edit(verbs[qMin(verb, 6)]);
+        else
+            verb == 9 ? mHistory->undo() : mHistory->redo();
     }
 
 private:
@@ -119,8 +110,8 @@ private:
     TutorialItemListModel mModel;
 };
 
-/// The seed of a session that goes on until somebody else ends it.
-constexpr unsigned kNeverKilled = 999999; // which 3 divides
+/// The seed of a session that makes one edit and waits for somebody else to end it.
+constexpr unsigned kNeverKilled = 999999;
 
 /// The process that is killed: edits every 5 ms, tells on its output what the document then is, and saves now and then.
 /// It ends itself at a random moment of its life, of a save, or of a copy that is brought up to date.
@@ -139,10 +130,14 @@ inline int runKilledSession(unsigned seed)
         std::printf("%s %s %lld\n", what, value.constData(), QDateTime::currentMSecsSinceEpoch());
         std::fflush(stdout);
     };
-    enum { InLife, InSave, InCopy, Never };
-    const unsigned moment = seed % 3 + (seed == kNeverKilled ? 3 : 0);
+    enum { InLife, InSave, InCopy };
+    const unsigned moment = seed % 3;
     RecoverySession session;
     session.begin();
+    if (seed == kNeverKilled) {
+        session.set(1, "x", 5);
+        return QCoreApplication::exec();
+    }
     tell("state", session.picture());
     unsigned life = 50 + random() % 400;
     if (moment == InLife)
@@ -151,7 +146,7 @@ inline int runKilledSession(unsigned seed)
     QObject::connect(&timer, &QTimer::timeout, [&] {
         session.editAtRandom(random);
         tell("state", session.picture());
-        const bool last = --life == 0 && moment != InLife && moment != Never;
+        const bool last = --life == 0 && moment != InLife;
         if (last)
             killWithin(8000);
         if (last && moment == InCopy)
