@@ -14,6 +14,7 @@ class tst_Recovery : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
     void differencesAreTold();
@@ -45,7 +46,10 @@ private:
     }
     void startChild(QProcess &child, unsigned seed)
     {
-        child.start(QCoreApplication::applicationFilePath(), { QStringLiteral("--killed"), QString::number(seed) });
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("KILLED_SEED"), QString::number(seed));
+        child.setProcessEnvironment(environment);
+        child.start(QCoreApplication::applicationFilePath(), QStringList());
         QVERIFY(child.waitForStarted());
     }
     void kill(unsigned seed);
@@ -54,6 +58,13 @@ private:
     std::unique_ptr<QTemporaryDir> mFolder;
     QVector<qint64> mLost;
 };
+
+void tst_Recovery::initTestCase()
+{
+    // The child of a test.
+    if (qEnvironmentVariableIsSet("KILLED_SEED"))
+        std::_Exit(runKilledSession(qgetenv("KILLED_SEED").toUInt()));
+}
 
 void tst_Recovery::init()
 {
@@ -248,7 +259,7 @@ void tst_Recovery::kill(unsigned seed)
     for (const QByteArray &line : child.readAllStandardOutput().split('\n')) {
         const QList<QByteArray> words = line.split(' ');
         // The last one may be cut short.
-        if (words.size() == 3 && words.at(2).size() == 13) {
+        if (words.first() == "state" && words.size() == 3 && words.at(2).size() == 13) {
             pictures.append(words.at(1));
             times.append(words.at(2).toLongLong());
         }
@@ -299,17 +310,9 @@ void tst_Recovery::killedSessionsComeBack()
           mLost.value(mLost.size() - 1));
 }
 
-int main(int argc, char *argv[])
+int main(int, char *argv[])
 {
-    if (argc < 3 || qstrcmp(argv[1], "--killed") != 0)
-        return ManagerFixture::run<tst_Recovery>(argv[0]);
-    const unsigned seed = QByteArray(argv[2]).toUInt();
-    char *arguments[] = { argv[0], argv[2], nullptr };
-    int count = 2;
-    QApplication application(count, arguments);
-    QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
-    QCoreApplication::setApplicationName(QStringLiteral("Trelvane tests"));
-    return runKilledSession(seed);
+    return ManagerFixture::run<tst_Recovery>(argv[0]);
 }
 
 #include "tst_Recovery.moc"
