@@ -139,9 +139,9 @@ inline int runKilledSession(unsigned seed)
         return QCoreApplication::exec();
     }
     tell("state", session.picture());
-    unsigned life = 50 + random() % 400;
+    unsigned life = 20 + random() % 200;
     if (moment == InLife)
-        killWithin(2500000);
+        killWithin(2000000);
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
         session.editAtRandom(random);

@@ -77,7 +77,10 @@ QByteArray RecoveryCopy::toBytes() const
 {
     QString json = QStringLiteral("{\n");
     append(json, QStringLiteral("path"), path);
-    append(json, QStringLiteral("array"), state.array);
+    // It is JSON as it stands.
+    json += QLatin1String("\"array\":");
+    json += state.array;
+    json += QLatin1String(",\n");
     append(json, "hints", state.hints);
     append(json, "loadedHints", loadedHints);
     QByteArray bytes = json.toUtf8();
@@ -96,7 +99,8 @@ bool RecoveryCopy::read(const QByteArray &bytes)
         return false;
     const QJsonObject object = document.object();
     path = object.value(QLatin1String("path")).toString();
-    state.array = object.value(QLatin1String("array")).toString();
+    state.array =
+        QString::fromUtf8(QJsonDocument(object.value(QLatin1String("array")).toArray()).toJson(QJsonDocument::Compact));
     state.hints = readHints(object.value(QLatin1String("hints")).toObject());
     loadedHints = readHints(object.value(QLatin1String("loadedHints")).toObject());
     fileHash = QByteArray::fromHex(object.value(QLatin1String("fileHash")).toString().toLatin1());
