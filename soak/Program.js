@@ -75,7 +75,10 @@ class Program {
             stdio: "ignore"
         });
         delete process.env.TMPDIR;
-        program.ended = new Promise(resolve => program.process.on("exit", (code, signal) => resolve(signal || code)));
+        program.ended = new Promise(resolve => {
+            program.process.on("error", error => resolve(error.message));
+            program.process.on("exit", (code, signal) => resolve(signal || code));
+        });
         program.lost = new Promise((_, reject) => program.ended.then(how =>
             reject(new Error(`the program ended with ${how}`))));
         program.lost.catch(() => {});
