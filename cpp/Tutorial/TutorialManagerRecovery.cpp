@@ -87,9 +87,9 @@ TutorialState TutorialManager::storedState(const QString &path) const
     if (!array.isEmpty())
         ScenarioReader::read(array, document, leftOut);
     HintMerge::readHints(document, &TutorialItemData::mHint2, hints.value(locale2()));
-    const TutorialState state{ arrayOf(document),
-                               { { locale(), HintMerge::hints(document, &TutorialItemData::mHint) },
-                                 { locale2(), HintMerge::hints(document, &TutorialItemData::mHint2) } } };
+    TutorialState state{ arrayOf(document),
+                         { { locale(), HintMerge::hints(document, &TutorialItemData::mHint) },
+                           { locale2(), HintMerge::hints(document, &TutorialItemData::mHint2) } } };
     qDeleteAll(document.mDataList);
     return state;
 }

@@ -105,7 +105,7 @@ bool RecoveryCopy::read(const QByteArray &bytes)
     loadedHints = readHints(object.value(QLatin1String("loadedHints")).toObject());
     fileHash = QByteArray::fromHex(object.value(QLatin1String("fileHash")).toString().toLatin1());
     leftOut.clear();
-    for (const QJsonValue &line : object.value(QLatin1String("leftOut")).toArray())
+    for (const QJsonValue line : object.value(QLatin1String("leftOut")).toArray())
         leftOut.append(line.toString());
     return true;
 }
