@@ -19,11 +19,22 @@ int calls = 0;
 int faultyCall = 0;
 int fault = FaultyDisk::None;
 std::string folder;
-std::set<int> files; // that are open
-// What was not synchronised.
-std::set<int> writtenFiles;
-bool hasNewName = false;
+bool hasNewName = false; // that was not synchronised
 bool isTooEarly = false; // that a file was named or closed
+
+// Never freed: a process closes files before main and after it, too.
+std::set<int> &openFiles()
+{
+    static auto *const files = new std::set<int>;
+    return *files;
+}
+
+/// Those that were not synchronised.
+std::set<int> &writtenFiles()
+{
+    static auto *const files = new std::set<int>;
+    return *files;
+}
 
 bool isOurs(const char *path)
 {
@@ -35,7 +46,7 @@ bool isOurs(const char *path)
 
 bool isOurs(int file)
 {
-    return isCounting && files.count(file) > 0;
+    return isCounting && openFiles().count(file) > 0;
 }
 
 template <typename Concerned>
@@ -61,7 +72,7 @@ Result attempt(Concerned concerned, Result (*)(Parameters...), const char *name,
 int named(int result)
 {
     hasNewName = hasNewName || result == 0;
-    isTooEarly = isTooEarly || !writtenFiles.empty();
+    isTooEarly = isTooEarly || !writtenFiles().empty();
     return result;
 }
 } // namespace
@@ -75,7 +86,7 @@ void FaultyDisk::begin(int call, int kind, bool newFiles)
     calls = 0;
     faultyCall = call;
     fault = kind;
-    writtenFiles.clear();
+    writtenFiles().clear();
     hasNewName = isTooEarly = false;
 }
 
@@ -87,7 +98,7 @@ int FaultyDisk::end()
 
 bool FaultyDisk::isOnDisk()
 {
-    return writtenFiles.empty() && !hasNewName && !isTooEarly;
+    return writtenFiles().empty() && !hasNewName && !isTooEarly;
 }
 
 // By these names the system's are found, whatever its headers declare.
@@ -112,7 +123,7 @@ int faultyOpen(const char *path, int flags, mode_t mode)
     }
     const int file = attempt(path, faultyOpen, "open64", path, flags, mode);
     if (isOurs(path))
-        files.insert(file);
+        openFiles().insert(file);
     return file;
 }
 
@@ -120,8 +131,8 @@ int faultyOpen(const char *path, int flags, mode_t mode)
 int faultyClose(int file)
 {
     const bool isFaulty = fails(file);
-    files.erase(file);
-    isTooEarly = writtenFiles.erase(file) > 0 || isTooEarly;
+    openFiles().erase(file);
+    isTooEarly = writtenFiles().erase(file) > 0 || isTooEarly;
     const int result = attempt(file, faultyClose, "close", file);
     errno = isFaulty ? fault : errno;
     return isFaulty ? -1 : result;
@@ -137,7 +148,7 @@ ssize_t faultyWrite(int file, const void *bytes, size_t size)
     const bool isShort = isOurs(file) && fault == FaultyDisk::Short && calls + 1 == faultyCall;
     const ssize_t result = attempt(file, faultyWrite, "write", file, bytes, isShort ? size / 2 : size);
     if (isOurs(file))
-        writtenFiles.insert(file);
+        writtenFiles().insert(file);
     if (isShort) {
         ++faultyCall;
         fault = ENOSPC;
@@ -153,7 +164,7 @@ int faultySync(int file)
     struct stat status = {};
     if (fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
         hasNewName = false;
-    writtenFiles.erase(file);
+    writtenFiles().erase(file);
     return 0;
 }
 
