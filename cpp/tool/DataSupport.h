@@ -26,9 +26,10 @@ public:
     static bool readFile(const QString &path, QByteArray &bytes);
     /// Whether the text that was read from the bytes has replacement characters for what could not be read.
     static bool isDamaged(const QString &text, const QByteArray &bytes);
-    /// Writes a new file beside the old one and puts it in its place, so that a failure or a crash leaves the old one
-    /// whole. Symbolic links are followed and permissions kept. Where the folder refuses a new file, and for what is no
-    /// regular file, it writes in place.
+    /// Writes a new file beside the old one and puts it in its place, so that a failure, a crash or a power cut leaves
+    /// the old one whole; the disk has the new one when it returns. Symbolic links are followed and permissions kept.
+    /// Where the folder refuses a new file, and for what is no regular file, it writes in place: a failure puts the old
+    /// contents back, and only a crash can leave a part. Where the disk is at fault or full, it fails.
     static bool writeFile(const QString &path, const QByteArray &bytes);
     /// Replaces the destination. At every moment one complete file stands under the destination's
     /// name or under that with ".tmp2" appended.
