@@ -238,9 +238,14 @@ void tst_TreeListView::showsRandomEdits_data()
 {
     QTest::addColumn<uint>("seed");
     const int first = qEnvironmentVariableIntValue("SESSION_SEED");
-    const int count = qMax(3, qEnvironmentVariableIntValue("SESSION_COUNT"));
+    const int count = qMax(1, qEnvironmentVariableIntValue("SESSION_COUNT"));
     for (int seed = first; seed < first + count; ++seed)
         QTest::addRow("seed %d", seed) << static_cast<uint>(seed);
+    if (first > 0)
+        return;
+    // A delegate stayed where its row had gone.
+    for (const uint seed : { 397U, 3687U })
+        QTest::addRow("seed %u", seed) << seed;
 }
 
 /// Rows come and go in open folders, at few places and at many. What is open stays so.

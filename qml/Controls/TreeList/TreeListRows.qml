@@ -38,6 +38,8 @@ QtObject {
             dropArea.cancel();
             placeBefore = view.scrolled();
         }
+        if (!closed)
+            view.agreeOnCurrentRow();
         if (places > fewPlaces && !closed) {
             tree.selection.setAside();
             close();
@@ -73,6 +75,7 @@ QtObject {
         openBefore = [];
         places = 0;
         closed = false;
+        view.agreeOnCurrentRow();
         view.scrollTo(placeBefore);
     }
 

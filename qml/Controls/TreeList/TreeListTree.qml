@@ -64,6 +64,15 @@ TreeView {
         flickableItem.contentY = flickableItem.originY + Math.max(0, Math.min(distance, bottom));
     }
 
+    /// A row that takes the focus while rows come tells the list its number of before. When the
+    /// row of that number goes, the list would let its delegate stand.
+    function agreeOnCurrentRow() {
+        flickableItem.forceLayout();
+        var current = flickableItem.currentItem;
+        if (current && current.rowItem && current.rowItem.rowIndex >= 0)
+            flickableItem.currentIndex = current.rowItem.rowIndex;
+    }
+
     /// Scrolls as little as it takes to show the whole row.
     function reveal(delegate) {
         var y = delegate.mapToItem(viewport, 0, 0).y;
