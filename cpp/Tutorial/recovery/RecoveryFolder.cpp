@@ -15,7 +15,7 @@ namespace
 {
 const QLatin1String kCopy("/copy.json");
 const QLatin1String kDamaged("/damaged.json");
-const QLatin1String kLock("/lock");
+const QString kLock = QStringLiteral("/lock");
 
 QString shortHash(const QString &path)
 {
@@ -85,10 +85,15 @@ bool RecoveryFolder::read(QByteArray &bytes) const
 
 void RecoveryFolder::remove()
 {
-    // The copy first, so that nobody finds it once the lock is gone, and then what a write has left that was cut short.
-    QFile::remove(copyPath());
+    // All but the lock first, with what a write has left that was cut short, so that nobody finds it once the lock is
+    // gone. Somebody else may have locked the folder by then, who removes it as we do.
+    QDir folder(mPath);
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
+        if (!name.startsWith(kLock.mid(1)))
+            folder.remove(name);
+    }
     mLock.unlock();
-    QDir(mPath).removeRecursively();
+    QDir().rmdir(mPath);
 }
 
 QString RecoveryFolder::setAside()
