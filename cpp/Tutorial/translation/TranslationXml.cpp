@@ -127,15 +127,24 @@ bool parseWithBlanks(const QByteArray &bytes, QDomDocument &document)
 }
 QT_WARNING_POP
 
-/// The writer writes UTF-8, whatever the file was in.
+/// The writer writes UTF-8, whatever the file was in. And it writes the declaration as it was read, though the reader
+/// takes one from which nothing could be read again.
 void declareUtf8(const QDomDocument &document)
 {
-    static const QRegularExpression encoding(QStringLiteral("encoding='(?!utf-8')[^']*'"),
-                                             QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression sound(
+        QStringLiteral("^version='1\\.[0-9]' encoding='utf-8'( standalone='(yes|no)')?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression encoding(QStringLiteral("encoding='[^']*'"));
+    const QString utf8 = QStringLiteral("encoding='utf-8'");
     QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
-    // The reader looks for the encoding in all that begins so.
-    if (declaration.target().startsWith(QLatin1String("xml")))
-        declaration.setData(declaration.data().replace(encoding, QStringLiteral("encoding='utf-8'")));
+    const QString data = declaration.data();
+    if (declaration.target() == QLatin1String("xml")) {
+        if (!sound.match(data).hasMatch())
+            declaration.setData(QStringLiteral("version='1.0' ") + utf8);
+    } else if (declaration.target().startsWith(QLatin1String("xml"))) {
+        // The reader looks for the encoding in all that begins so.
+        declaration.setData(QString(data).replace(encoding, utf8));
+    }
 }
 
 void appendText(QDomElement &element, const QString &text)
