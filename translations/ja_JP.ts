@@ -122,6 +122,37 @@ Change %2 to %1 ?</source>
         </message>
     </context>
     <context>
+        <name>TutorialCheck</name>
+        <message>
+            <source>The jump</source>
+            <translation>ジャンプ</translation>
+        </message>
+        <message>
+            <source>The jump after No</source>
+            <translation>「いいえ」のジャンプ</translation>
+        </message>
+        <message>
+            <source>%1 leads to the step itself: choose another step, or none.</source>
+            <translation>%1の先が自分自身です。別の項目を選ぶか、ジャンプを外してください。</translation>
+        </message>
+        <message>
+            <source>%1 leads to #%2, which is not there: choose a step that is.</source>
+            <translation>%1の先 #%2 がありません。存在する項目を選んでください。</translation>
+        </message>
+        <message>
+            <source>%1 leads to the prohibited step #%2, which is passed over: permit it, or choose another.</source>
+            <translation>%1の先 #%2 は禁止されているため飛ばされます。許可するか、別の項目を選んでください。</translation>
+        </message>
+        <message>
+            <source>%1 leads to the folder #%2, in which no step is shown: choose another one.</source>
+            <translation>%1の先のフォルダー #%2 には表示される項目がありません。別の項目を選んでください。</translation>
+        </message>
+        <message>
+            <source>The jump after No is never taken, since the step asks no question: take it away, or make "yesNo" the condition.</source>
+            <translation>質問をしない項目なので「いいえ」のジャンプは使われません。ジャンプを外すか、条件を yesNo にしてください。</translation>
+        </message>
+    </context>
+    <context>
         <name>TutorialEditor::Manager</name>
         <message>
             <source>Failed to save.</source>
