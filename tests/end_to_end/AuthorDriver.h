@@ -19,7 +19,7 @@ protected:
     /// Starts the program and waits until it answers; ends the one before.
     bool start()
     {
-        return launch() && findWindow() && QTest::qWaitFor([this] { return !startMessage("F5").isEmpty(); }, kLimit);
+        return launch() && find() && QTest::qWaitFor([this] { return !startMessage("F5").isEmpty(); }, kLimit);
     }
 
     bool launch()
@@ -28,23 +28,25 @@ protected:
             QDir(mFolder.path()).mkpath(QLatin1String(folder));
         mHost = std::make_unique<HostPeer>();
         mHost->process().setWorkingDirectory(mFolder.path());
+        // What the program keeps for itself stays from one start to the next.
         QProcessEnvironment environment = mHost->process().processEnvironment();
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), dataFolder());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), mFolder.path());
         mHost->process().setProcessEnvironment(environment);
-        if (!mHost->start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM)))
-            return false;
+        const bool started = mHost->start(QStringLiteral(TRELVANE_AUTHOR_PROGRAM));
         mHost->keepAlive();
-        return true;
+        return started;
     }
 
-    /// What the program keeps for itself, from one start to the next.
-    QString dataFolder() const { return mFolder.filePath(QStringLiteral("data")); }
-
-    /// Waits for the program's window and activates it.
-    bool findWindow()
+    /// The window of that title, or nothing.
+    static QString window(const char *title)
     {
-        const QString search = QStringLiteral("search --onlyvisible --name ^\\*?TutorialSideViewStep0$");
-        const bool found = QTest::qWaitFor([&] { return !(mWindow = Screen::xdotool(search)).isEmpty(); }, kLimit);
+        return Screen::xdotool(QStringLiteral("search --onlyvisible --name ^%1$").arg(QString::fromUtf8(title)));
+    }
+
+    /// Waits for the window and activates it.
+    bool find(const char *title = "\\*?TutorialSideViewStep0")
+    {
+        const bool found = QTest::qWaitFor([&] { return !(mWindow = window(title)).isEmpty(); }, kLimit);
         Screen::xdotool(QStringLiteral("windowactivate --sync"), { mWindow });
         return found;
     }
