@@ -2,10 +2,14 @@
 #include "support/HostEnd.h"
 #include "support/ManagerFixture.h"
 #include "support/WarningGuard.h"
+#include "Tutorial/link/HostLink.h"
 
 #include <QJsonDocument>
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,7 +24,22 @@ QByteArray record(const QString &message)
 {
     return HostRecord::encode(HostRecord::kFromHost, message);
 }
+
+#ifdef Q_OS_LINUX
+bool isServerOfAnother = false;
+#endif
 } // namespace
+
+#ifdef Q_OS_LINUX
+/// Answers in place of the system: only root could run a server of another user's.
+extern "C" int getsockopt(int socket, int level, int name, void *value, socklen_t *size) noexcept
+{
+    const auto result = static_cast<int>(::syscall(SYS_getsockopt, socket, level, name, value, size));
+    if (isServerOfAnother && result == 0 && level == SOL_SOCKET && name == SO_PEERCRED)
+        ++static_cast<ucred *>(value)->uid;
+    return result;
+}
+#endif
 
 class tst_TutorialManager : public QObject
 {
@@ -36,6 +55,9 @@ private Q_SLOTS:
     void answersWithPresetData();
     void answersWithTheListOfTutorials();
     void endsAfterSilence();
+#ifdef Q_OS_LINUX
+    void givesUpAServerOfAnotherUser();
+#endif
 
 private:
     /// The messages that have gone to the host editor since the last call.
@@ -185,6 +207,20 @@ void tst_TutorialManager::endsAfterSilence()
     QCOMPARE(waitpid(child, &status, 0), child);
     QCOMPARE(WEXITSTATUS(status), 3);
 }
+
+#ifdef Q_OS_LINUX
+void tst_TutorialManager::givesUpAServerOfAnotherUser()
+{
+    HostLink link;
+    const QSignalSpy connected(&link, &HostLink::connected);
+    const QSignalSpy disconnected(&link, &HostLink::disconnected);
+    mWarnings.expect(QStringLiteral("the server belongs to another user"));
+    const QScopedValueRollback<bool> another(isServerOfAnother, true);
+    link.open(serverName(QCoreApplication::arguments().at(1)));
+    QTRY_COMPARE(disconnected.size(), 1);
+    QCOMPARE(connected.size(), 0);
+}
+#endif
 
 int main(int, char *argv[])
 {
