@@ -48,7 +48,7 @@ Column {
                     width: list.width - 16
                     height: 32
                     content.anchors.verticalCenter: verticalCenter
-                    content.text: Gui.withoutLoading(name)
+                    text: name
                     onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
                 }
             }

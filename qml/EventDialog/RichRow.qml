@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import Morvi.kess 1.0
 import "../QtControls"
 import "../Singletons"
 
@@ -9,6 +10,7 @@ Rectangle {
     /// The list view of the row.
     property ListView view: null
     property int row: -1
+    property string text
     property alias content: content
 
     signal doubleClicked()
@@ -24,6 +26,7 @@ Rectangle {
         width: contentWidth + 4
         height: contentHeight + 4
         textFormat: Text.RichText
+        text: Gui.withoutLoading(root.text)
     }
 
     MouseArea {

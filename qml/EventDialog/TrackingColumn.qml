@@ -47,7 +47,7 @@ Column {
                     height: content.height + 2
                     content.x: 1
                     content.y: 1
-                    content.text: Gui.withoutLoading(name)
+                    text: name
                     onDoubleClicked: root.controlChosen(name)
                 }
             }
