@@ -151,10 +151,10 @@ async function editInWindow(window, sessions) {
     });
     const code = await new Promise(resolve => test.on("close", resolve));
     failed.forEach(line => console.error(line));
-    row(part, count, "failedSessions", 0, failed.length, failed.length || code ? `exit code ${code}` : "");
-    if (samples.length === sessions) {
+    row(part, count, "failedSessions", 0, failed.length, failed.length || code !== 0 ? `exit code ${code}` : "");
+    if (samples.length >= sessions) {
         // It is looked at while it works, and may be writing a file just then.
-        const end = { ...samples[sessions - 1], files: Math.min(...samples.slice(-5).map(sample => sample.files)) };
+        const end = { ...samples[samples.length - 1], files: Math.min(...samples.slice(-5).map(sample => sample.files)) };
         compare(part, count, samples[Math.ceil(sessions / 10) - 1], end);
     }
     row(part, count, "filesLeftOver", 0, ...leftOver(temporary));
