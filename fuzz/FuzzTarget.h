@@ -1,14 +1,14 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QtGlobal>
 
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
-/// Both are called by libFuzzer, or by the main that feeds a target its corpus.
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
+/// Called by libFuzzer, or by the main that feeds a target its corpus.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 /// What the fuzz targets share.
@@ -24,14 +24,18 @@ inline void require(bool holds, const char *promise)
 }
 
 /// The log's lines are put together, and dropped.
-inline void silenceLog()
-{
+inline const QtMessageHandler kFormerHandler =
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-}
 
 inline QByteArray bytesOf(const uint8_t *data, size_t size)
 {
     return QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size));
+}
+
+/// Any 16 bits, surrogates without a partner too.
+inline QString unitsOf(const QByteArray &bytes)
+{
+    return QString(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2);
 }
 
 /// Exchanges bytes that an editor shows for those that separate on the link, so that a corpus can be read: a tab for

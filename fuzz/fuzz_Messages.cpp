@@ -19,11 +19,10 @@ namespace
 void tickAll(Manager &manager)
 {
     manager.tick();
-    for (QObject *window :
-         { static_cast<QObject *>(find<TutorialIndicator>()), static_cast<QObject *>(find<EditorTooltip>()) }) {
-        if (window)
-            ManagerFixture::tick(window);
-    }
+    if (auto *indicator = find<TutorialIndicator>())
+        ManagerFixture::tick(indicator);
+    if (auto *tooltip = find<EditorTooltip>())
+        ManagerFixture::tick(tooltip);
 }
 
 /// Closes the one of the program's windows.
@@ -48,9 +47,8 @@ void carryOut(Manager &manager, const QString &message)
         manager.onReceived(message);
     }
 }
-} // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
+QApplication *makeApplication()
 {
     static const QTemporaryDir folder;
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -62,14 +60,15 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
     static int count = 2;
     static QApplication application(count, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
-    applicationObject = &application;
     closeLogFileHook = [] { require(false, "no message ends the process"); };
-    FuzzTarget::silenceLog();
-    return 0;
+    return &application;
 }
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
+    static QApplication *const application = makeApplication();
+    applicationObject = application;
     const QByteArray bytes = FuzzTarget::exchangeSeparators(FuzzTarget::bytesOf(data, size));
     {
         Manager manager;

@@ -5,12 +5,6 @@
 
 using FuzzTarget::require;
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
-{
-    FuzzTarget::silenceLog();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString text = QString::fromUtf8(FuzzTarget::bytesOf(data, size));

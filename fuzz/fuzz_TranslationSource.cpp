@@ -22,12 +22,6 @@ QDomDocument loaded(const QByteArray &bytes)
 }
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***)
-{
-    FuzzTarget::silenceLog();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QByteArray bytes = FuzzTarget::bytesOf(data, size);
@@ -42,8 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         document = TranslationSource::emptyDocument(QStringLiteral("ja_JP"));
     }
 
-    // Any 16 bits, surrogates without a partner too.
-    const QString any(reinterpret_cast<const QChar *>(bytes.constData()), bytes.size() / 2);
+    const QString any = FuzzTarget::unitsOf(bytes);
     const QString key = QStringLiteral("#1");
     const QStringList contexts = TranslationSource::readMessages(document).keys() + QStringList(any);
     for (const QString &text : { any, QString::fromUtf8(bytes), QString() }) {

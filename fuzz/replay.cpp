@@ -8,7 +8,6 @@
 int main(int argc, char *argv[])
 {
     int count = 0;
-    LLVMFuzzerInitialize(&argc, &argv);
     for (int i = 1; i < argc; ++i) {
         const QDir folder(QFile::decodeName(argv[i]));
         for (const QFileInfo &info : folder.entryInfoList(QDir::Files, QDir::Name)) {

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "model/DocumentContext.h"
-#include "model/EditHistory.h"
-#include "model/TutorialItemField.h"
 #include "Tutorial/translation/TranslatableText.h"
 
 #include <QHash>
@@ -30,21 +28,4 @@ public:
     QHash<QString, QString> mTranslations;
     QString mJumpLink;
     bool mModified = false;
-};
-
-/// Stands in for the undo history: writes down what it is asked for, and does nothing.
-class FakeHistory : public EditHistory
-{
-public:
-    bool inTransaction() override { return mInTransaction; }
-    void recordChange(int, const TutorialItemField &field, const QVariant &) override { mChanges.append(field.name); }
-    bool isEmpty() const override { return mEmpty; }
-    void markClean() override { ++mCleanCount; }
-    void clear() override { mEmpty = true; }
-
-    bool mInTransaction = false;
-    bool mEmpty = true;
-    int mCleanCount = 0;
-    /// The properties of the recorded changes.
-    QStringList mChanges;
 };

@@ -13,6 +13,7 @@ class EditingSession
 public:
     using Item = TreeItem<TutorialItemData>;
 
+    TutorialEditor::Manager &manager() { return mManager; }
     TreeDataTemplate<TutorialItemData> &data() { return mManager.mData; }
     UndoRedo &history() { return *mHistory; }
     FakeContext &context() { return mContext; }
@@ -26,8 +27,16 @@ public:
         data().mRoot.mChildren = parse(tokens);
     }
 
-    /// The shape of the document, and of a row's children.
     QString shape() { return shapeOf(data().mRoot); }
+    static QString shapeOf(const Item &parent)
+    {
+        QStringList texts;
+        for (const Item &item : parent.mChildren) {
+            const bool isOpen = item.mFolder || !item.mChildren.isEmpty();
+            texts.append(QString::number(item.mId) + (isOpen ? QStringLiteral("[%1]").arg(shapeOf(item)) : QString()));
+        }
+        return texts.join(QLatin1Char(' '));
+    }
 
     /// The ids of the records, in the order of their list.
     QList<int> recordIds() { return data().getIdList(); }
@@ -80,16 +89,6 @@ private:
                 items.last().mChildren = parse(tokens);
         }
         return items;
-    }
-
-    static QString shapeOf(const Item &parent)
-    {
-        QStringList texts;
-        for (const Item &item : parent.mChildren) {
-            const QString id = QString::number(item.mId);
-            texts.append(item.mFolder ? id + QLatin1Char('[') + shapeOf(item) + QLatin1Char(']') : id);
-        }
-        return texts.join(QLatin1Char(' '));
     }
 
     FakeContext mContext;

@@ -96,13 +96,9 @@ private:
 
     QByteArray picture()
     {
-        QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        for (const TutorialItemData *r : qAsConst(data().mDataList)) {
-            out << r->mId << r->mName << r->mX << r->mY << r->mWindowKey << r->mCondition << r->mIcon << r->mHint
-                << r->mHint2 << r->mJump << r->mJumpNo << r->mCommand << r->mShowArrow << r->mProhibited;
-        }
-        data().mRoot.visitAll([&out](const Item &item) { out << item.mId << item.mFolder << item.mChildren.size(); });
+        QByteArray bytes = mSession.shape().toUtf8();
+        for (const TutorialItemData *record : qAsConst(data().mDataList))
+            bytes += record->toJsonText(QString()).toUtf8();
         return bytes;
     }
 

@@ -78,28 +78,20 @@ public:
 
     void editAtRandom(std::mt19937 &random)
     {
-        const auto number = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+        static const char *const fields[] = { "x", "hint", "hint2", "condition", "jump" };
         const QList<int> ids = data().getIdList();
-        const int id = ids.value(number(qMax(1, ids.size())), -1);
-        const QString text = QStringLiteral("\"%1\"\n").arg(number(1000));
-        const auto row = [&] { return mModel.getModelIndexById(id); };
-        static const char *const fields[] = { "hint", "hint2", "condition" };
-        const std::function<void()> verbs[] = {
-            [&] { mModel.addItem(id); },
-            [&] { mModel.addFolder(id); },
-            [&] {
-                mModel.deleteIdList({ id, id + 1 });
-            },
-            [&] { mModel.moveIdListBeforeIndex(row(), { ids.first() }); },
-            [&] { mModel.changeItemName(row(), mModel.getValidName(text.mid(1, 2))); },
-            [&] { mModel.setValue(id, QStringLiteral("x"), number(100)); },
-            [&] { mModel.setValue(id, QLatin1String(fields[number(3)]), text); },
-        };
-        const int verb = ids.size() > 300 ? 2 : id < 0 ? 0 : number(11);
-        if (verb < 9)
-            edit(verbs[qMin(verb, 6)]);
+        const int id = ids.value(static_cast<int>(random() % 1000) % (ids.size() + 1), -1);
+        const unsigned verb = ids.size() > 300 ? 2 : random() % 11;
+        if (verb < 2)
+            verb ? mHistory->undo() : mHistory->redo();
+        else if (verb == 2)
+            edit([&] { mModel.deleteIdList({ id, id + 1 }); });
+        else if (verb == 3)
+            edit([&] { mModel.moveIdListBeforeIndex(mModel.getModelIndexById(id), ids.mid(0, 1)); });
+        else if (id < 0 || verb < 6)
+            edit([&] { verb == 4 ? mModel.addFolder(id) : mModel.addItem(id); });
         else
-            verb == 9 ? mHistory->undo() : mHistory->redo();
+            set(id, fields[verb - 6], QString::number(random() % 1000));
     }
 
 private:

@@ -1,7 +1,6 @@
-#include "support/DocumentFakes.h"
+#include "support/EditingSession.h"
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
-#include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QDir>
@@ -9,25 +8,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
-
-using TutorialEditor::Manager;
-
 namespace
 {
 const QString kNotSaved = QStringLiteral("Failed to save.");
 const QString kNotLoaded = QStringLiteral("Tutorial not loaded yet.");
-
-/// Ids in the order of the tree, folders with their contents in brackets.
-QString shape(const TreeItem<TutorialItemData> &item)
-{
-    QStringList parts;
-    for (const TreeItem<TutorialItemData> &child : item.mChildren) {
-        const QString children = child.mFolder || !child.mChildren.isEmpty() ? shape(child) : QString();
-        parts.append(QString::number(child.mId) + children);
-    }
-    return QLatin1Char('(') + parts.join(QLatin1Char(' ')) + QLatin1Char(')');
-}
 } // namespace
 
 class tst_Scenario : public QObject
@@ -54,28 +38,23 @@ private:
         writeAll(path, bytes);
         return path;
     }
-    TreeItem<TutorialItemData> &root() { return mManager->mData.mRoot; }
 
     const QTemporaryDir mFolder;
-    std::unique_ptr<FakeContext> mContext;
-    std::unique_ptr<FakeHistory> mHistory;
-    std::unique_ptr<Manager> mManager;
+    std::unique_ptr<EditingSession> mSession;
+    TutorialEditor::Manager *mManager = nullptr;
     WarningGuard mWarnings;
 };
 
 void tst_Scenario::init()
 {
+    mSession = std::make_unique<EditingSession>();
+    mManager = &mSession->manager();
     mWarnings.begin();
-    mContext = std::make_unique<FakeContext>();
-    mHistory = std::make_unique<FakeHistory>();
-    mManager = std::make_unique<Manager>();
 }
 
 void tst_Scenario::cleanup()
 {
-    mManager.reset();
-    mHistory.reset();
-    mContext.reset();
+    mSession.reset();
     mWarnings.end();
 }
 
@@ -86,28 +65,28 @@ void tst_Scenario::reads_data()
     const auto row = [](const char *bytes, const char *shape, const char *leftOut = "") {
         QTest::newRow(bytes) << QString::fromLatin1(shape) << QString::fromLatin1(leftOut);
     };
-    row("\xef\xbb\xbfvar scenario = [\r\n// x\r\n{\"id\":1}\r\n];\r\n", "(1)");
-    row("/* a\n */\n  // b ];\n\t// \"\nvar scenario = [\n{\"id\":/* c */1}\n];\n\n", "(1)");
-    row("[{\"name\":\"a/*b\",\"id\":1,\"hint\":\"c*/d\"},{\"id\":2}]", "(0 2)");
+    row("\xef\xbb\xbfvar scenario = [\r\n// x\r\n{\"id\":1}\r\n];\r\n", "1");
+    row("/* a\n */\n  // b ];\n\t// \"\nvar scenario = [\n{\"id\":/* c */1}\n];\n\n", "1");
+    row("[{\"name\":\"a/*b\",\"id\":1,\"hint\":\"c*/d\"},{\"id\":2}]", "0 2");
     row("[{\"id\":1,\"followWindow\":\"a\",\"z\":[{}],\"hint\":qsTr(\"#1\"),\"x\":1e2},{\"id\":2,\"folder\":true,"
         "\"x\":\"1\",\"children\":[{\"name\":\"\xef\xbf\xbd\"}]}]",
-        "(1 2(0))");
+        "1 2[0]");
     // A comment that appears where one was cut out.
-    row("[{\"id\":1}//* a */* b */\n]", "(1)");
+    row("[{\"id\":1}//* a */* b */\n]", "1");
     // A bad element takes the whole top element with it.
     row("[{\"id\":4,\"name\":\"%2\",\"folder\":true,\"children\":[{\"id\":5,\"children\":[{\"x\":true},7]}]},{\"id\":6}"
         "]",
-        "(6)", "%2 (#4), with all in it: %2 (#4) / #5 / entry 2 can't be read");
-    row("[7,{\"id\":1},null,{\"id\":3,\"children\":{}}]", "(1)",
+        "6", "%2 (#4), with all in it: %2 (#4) / #5 / entry 2 can't be read");
+    row("[7,{\"id\":1},null,{\"id\":3,\"children\":{}}]", "1",
         "entry 1 can't be read|entry 3 can't be read|#3, with all in it: #3 / children can't be read");
     row("[{\"id\":1,\"children\":[{}]},{\"name\":\"a\"},{\"x\":1.5,\"hint\":7,\"showArrow\":\"true\",\"id\":2}]",
-        "(1(0) 0 2)",
+        "1[0] 0 2",
         "#1: what stands in it, for it is no folder|a (#0): another item has the same id|#2: the value of \"x\"|"
         "#2: the value of \"hint\"|#2: the value of \"showArrow\"");
-    row("[{\"id\":1,\"windowKey\":\"a\",\"followWindow\":7},{\"folder\":1,\"id\":2,\"jump\":1}]", "(1 2)",
+    row("[{\"id\":1,\"windowKey\":\"a\",\"followWindow\":7},{\"folder\":1,\"id\":2,\"jump\":1}]", "1 2",
         "#1: the value of \"followWindow\"|#2: the value of \"folder\"");
-    row("[{\"id\":1,\"name\":\"caf\xe9\"}]", "(1)", "Characters that are not UTF-8");
-    row("[{\"id\":1}],[{\"id\":2}]", "(1)", "What follows the steps");
+    row("[{\"id\":1,\"name\":\"caf\xe9\"}]", "1", "Characters that are not UTF-8");
+    row("[{\"id\":1}],[{\"id\":2}]", "1", "What follows the steps");
 }
 
 void tst_Scenario::reads()
@@ -116,7 +95,7 @@ void tst_Scenario::reads()
     QFETCH(QString, leftOut);
     mWarnings.expect(QStringLiteral(" for kValue"), leftOut.count(QStringLiteral("can't be read")));
     QCOMPARE(mManager->setContents(write(QTest::currentDataTag())), QStringList());
-    QCOMPARE(::shape(root()), shape);
+    QCOMPARE(mSession->shape(), shape);
     QCOMPARE(mManager->leftOut().join(QLatin1Char('|')), leftOut);
     // Once it is saved there is nothing more to lose.
     QCOMPARE(mManager->save(), QString());
@@ -133,10 +112,9 @@ void tst_Scenario::rejects()
         mWarnings.expect(QStringLiteral("Json parse error"), bytes.startsWith('{') ? 0 : 1);
         const QString path = write(bytes);
         QVERIFY2(mManager->setContents(path) == QStringList{ QStringLiteral("json is not array") }, bytes);
-        QVERIFY2(root().mChildren.isEmpty() && mManager->mData.mDataList.isEmpty(), bytes);
+        QVERIFY2(mSession->shape().isEmpty() && mManager->mData.mDataList.isEmpty(), bytes);
         QVERIFY2(mManager->save() == kNotSaved && readAll(path) == bytes, bytes);
     }
-    QCOMPARE(mHistory->mCleanCount, 0);
 }
 
 void tst_Scenario::fillsInNames()
@@ -169,11 +147,10 @@ void tst_Scenario::savesOnlyWhatWasLoaded()
     QCOMPARE(mManager->save(), QString());
     // One that is there and can't be read is not replaced, and the document stays.
     QCOMPARE(mManager->setContents(mFolder.path()), QStringList());
-    QCOMPARE(shape(root()), QStringLiteral("(1)"));
+    QCOMPARE(mSession->shape(), QStringLiteral("1"));
     QCOMPARE(mManager->save(), kNotSaved);
     mManager->clear();
     QCOMPARE(mManager->save(), kNotLoaded);
-    QCOMPARE(mHistory->mCleanCount, 1);
 
     // Where there is nothing, or nothing but blanks, a new one begins.
     const QString missing = mFolder.filePath(QStringLiteral("x/y/new.js"));
@@ -193,11 +170,11 @@ void tst_Scenario::keepsReplacedRecordsForTheHistory()
     const QString path = write("[{\"id\":1}]");
     mManager->setContents(path);
     const QPointer<TutorialItemData> record = mManager->mData.getData(1);
-    mHistory->mEmpty = false;
+    mSession->sequence(QString(), [&] { record->setValue(QStringLiteral("x"), 5); });
     mManager->setContents(path);
     QVERIFY(record && record != mManager->mData.getData(1));
     mManager->clear();
-    QVERIFY(!record && mManager->mData.mDataList.isEmpty() && root().mChildren.isEmpty());
+    QVERIFY(!record && mManager->mData.mDataList.isEmpty() && mSession->shape().isEmpty());
 }
 
 void tst_Scenario::writesTheSameAfterARead()
@@ -220,7 +197,7 @@ void tst_Scenario::writesTheSameAfterARead()
         id += 1 + random.bounded(3);
         auto *record = new TutorialItemData;
         mManager->mData.mDataList.append(record);
-        root().mChildren.append(TreeItem<TutorialItemData>(id, folder));
+        mManager->mData.mRoot.mChildren.append(TreeItem<TutorialItemData>(id, folder));
         record->mId = id;
         record->mName = QString::number(id) + text();
         record->mProhibited = random.bounded(2);
@@ -232,7 +209,7 @@ void tst_Scenario::writesTheSameAfterARead()
             record->setValue(QLatin1String(property), random.bounded(20000) - 10000);
         record->mShowArrow = random.bounded(2);
         record->mHint += QLatin1String("];/*");
-        mContext->mTranslations.insert(QStringLiteral("#%1").arg(id), record->mHint);
+        mSession->context().mTranslations.insert(QStringLiteral("#%1").arg(id), record->mHint);
     }
     for (const char *readable : { "a] ;", "/ *", "*/", "//", "qsTr(\"a" })
         QCOMPARE(ScenarioText::findUnreadable(QLatin1String(readable)), QString());
@@ -251,5 +228,5 @@ void tst_Scenario::writesTheSameAfterARead()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_Scenario)
+QTEST_MAIN(tst_Scenario)
 #include "tst_Scenario.moc"

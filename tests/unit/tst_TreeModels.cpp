@@ -1,4 +1,5 @@
 #include "quick/TreeDropRules.h"
+#include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialItemListModel.h"
 #include "support/EditingSession.h"
 
@@ -24,14 +25,39 @@ QList<int> visibleRows(const QModelIndex &index, const QSet<int> &open, int skip
         ids += visibleRows(index.model()->index(i, 0, index), open, skip);
     return ids;
 }
+
+struct Tree : EditingSession
+{
+    Tree()
+    {
+        load(QStringLiteral("1 2[3 4[5] 6] 7 8[9]"));
+        model.refresh();
+    }
+
+    QModelIndex at(int id) const { return model.getModelIndexById(id); }
+    static QString join(const QVariantList &ids)
+    {
+        return DataSupport::join(DataSupport::getIntList(ids), QStringLiteral(" "));
+    }
+    QString treeSelected() const { return join(selection.getTreeSelectedIdList()); }
+
+    TutorialItemListModel model;
+    TreeListItemSelectionModel selection{ &model };
+};
 } // namespace
 
-class tst_TreeDropRules : public QObject
+/// What the tree shows and takes: selection, drops and the fields of its rows. How the rows follow the tree is a part
+/// of the random sessions.
+class tst_TreeModels : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void decides();
+    void prohibitsFolders();
+    void selectsInTwoOrders();
+    void keepsWhatStaysSelected();
+    void isSetAsideWhileRowsGo();
+    void decidesDrops();
     void landsWhereTheMarkerStands();
 
 private:
@@ -40,7 +66,68 @@ private:
     int mAccepted = 0;
 };
 
-void tst_TreeDropRules::decides()
+void tst_TreeModels::prohibitsFolders()
+{
+    Tree tree;
+    tree.sequence(QStringLiteral("edit"), [&] { tree.model.setValue(2, QStringLiteral("prohibited"), true); });
+    QString prohibited;
+    for (const int id : tree.recordIds())
+        prohibited += QString::number(tree.record(id)->mProhibited);
+    QCOMPARE(prohibited, QStringLiteral("001011000"));
+}
+
+void tst_TreeModels::selectsInTwoOrders()
+{
+    // In the order of the clicks, and in that of the tree without what a selected folder holds.
+    Tree tree;
+    for (const int id : { 7, 5, -1, 2, 9 })
+        tree.selection.toggleSelected(tree.at(id));
+    QCOMPARE(Tree::join(tree.selection.getSelectedIdList()), QStringLiteral("7 5 -1 2 9"));
+    QCOMPARE(tree.treeSelected(), QStringLiteral("2 7 9"));
+    tree.selection.toggleSelected(tree.at(7));
+    QCOMPARE(Tree::join(tree.selection.getSelectedIdList()), QStringLiteral("5 -1 2 9"));
+    // What stays where it is stays selected.
+    tree.load(QStringLiteral("10 2[3 6] 8[4[5] 9]"));
+    tree.model.refreshPartial();
+    QCOMPARE(tree.treeSelected(), QStringLiteral("2 9"));
+}
+
+void tst_TreeModels::keepsWhatStaysSelected()
+{
+    Tree tree;
+    tree.selection.setSelectedIdList({ 9, 3, 1 });
+    QSignalSpy changes(&tree.selection, &TreeListItemSelectionModel::selectedIdListChanged);
+    tree.selection.setSelectedIdList({ 1, 3, 9 });
+    QCOMPARE(changes.count(), 0);
+    connect(&tree.selection, &QItemSelectionModel::selectionChanged, this,
+            [&tree] { QVERIFY(tree.selection.isSelected(tree.at(3)) && tree.selection.isSelected(tree.at(9))); });
+    tree.selection.setSelectedIdList({ 9, 3, 6, 7 });
+    QCOMPARE(tree.treeSelected(), QStringLiteral("3 6 7 9"));
+    // All at once: each signal lets the screen look at all rows.
+    QCOMPARE(changes.count(), 1);
+}
+
+void tst_TreeModels::isSetAsideWhileRowsGo()
+{
+    Tree tree;
+    tree.selection.setSelectedIdList({ 1, 6, 9 });
+    QSignalSpy changes(&tree.selection, &TreeListItemSelectionModel::selectedIdListChanged);
+    tree.selection.setAside();
+    tree.selection.putBack();
+    QCOMPARE(tree.treeSelected(), QStringLiteral("1 6 9"));
+    int count = 0;
+    for (const QList<int> &gone : { QList<int>{ 1, 9 }, QList<int>{ 6 } }) {
+        tree.selection.setAside();
+        for (const int id : gone)
+            tree.model.removeRow(tree.at(id).row(), tree.at(id).parent());
+        QCOMPARE(changes.count(), count);
+        tree.selection.putBack();
+        QCOMPARE(changes.count(), ++count);
+        QCOMPARE(tree.treeSelected(), QLatin1String(count == 1 ? "6" : ""));
+    }
+}
+
+void tst_TreeModels::decidesDrops()
 {
     // Gives "<whether before> <target>", or nothing. There is no row 0: that is the end of the list.
     const auto drop = [](const char *tree, int dragged, int up, int low, int mouseDepth) {
@@ -66,7 +153,7 @@ void tst_TreeDropRules::decides()
     QCOMPARE(drop("1[2[3[]]]", 1, 3, 0, 0), QString());
 }
 
-void tst_TreeDropRules::landsWhereTheMarkerStands()
+void tst_TreeModels::landsWhereTheMarkerStands()
 {
     static const char *const trees[] = { "1 2[3 4[5 6[]] 7] 8",    "1[2[3[4[5]]]] 6", "1[] 2[3] 4[5[6 7] 8[]] 9",
                                          "1[2[] 3[]] 4[5[] 6[7]]", "1 2 3[4 5 6]",    "1[2 3[4[] 5[6 7[8]]]]" };
@@ -88,7 +175,7 @@ void tst_TreeDropRules::landsWhereTheMarkerStands()
     QVERIFY(mAccepted > 1000);
 }
 
-void tst_TreeDropRules::checkDrop(EditingSession &session, const QSet<int> &open, int dragged, int gap, int mouseDepth)
+void tst_TreeModels::checkDrop(EditingSession &session, const QSet<int> &open, int dragged, int gap, int mouseDepth)
 {
     TutorialItemListModel model;
     const QList<int> visible = visibleRows(model.getRootIndex(), open);
@@ -128,5 +215,5 @@ void tst_TreeDropRules::checkDrop(EditingSession &session, const QSet<int> &open
     session.history().undo();
 }
 
-QTEST_MAIN(tst_TreeDropRules)
-#include "tst_TreeDropRules.moc"
+QTEST_MAIN(tst_TreeModels)
+#include "tst_TreeModels.moc"
