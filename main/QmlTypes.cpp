@@ -5,6 +5,7 @@
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialEventListModel.h"
 #include "quick/TutorialItemListModel.h"
+#include "quick/TutorialProblems.h"
 #include "quick/TutorialRaisedHandListModel.h"
 #include "SystemService/SystemService.h"
 #include "Tutorial/TutorialManager.h"
@@ -32,6 +33,7 @@ void registerQmlTypes()
     registerSingleton<UndoRedo>("UndoRedo");
     registerSingleton<Gui>("Gui");
     qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
+    qmlRegisterType<TutorialProblems>(kModule, 1, 0, "TutorialProblems");
     qmlRegisterType<DocumentFollower>(kModule, 1, 0, "DocumentFollower");
     qmlRegisterType<TreeListItemSelectionModel>(kModule, 1, 0, "TreeListItemSelectionModel");
     qmlRegisterType<TutorialEventListModel>(kModule, 1, 0, "TutorialEventListModel");

@@ -12,6 +12,7 @@ MenuBar {
     readonly property bool open: fileMenu.__popupVisible || editMenu.__popupVisible || helpMenu.__popupVisible
     readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""
 
+    signal problemsRequested()
     signal licenseRequested()
     signal eventDialogRequested()
 
@@ -145,6 +146,14 @@ MenuBar {
             shortcut: "F6"
             enabled: root.tutorialLoaded
             onTriggered: root.window.startFromId(root.window.currentId())
+        }
+
+        MenuSeparator {}
+
+        MenuItem {
+            text: qsTranslate("main", "Check tutorial")
+            shortcut: "F8"
+            onTriggered: root.problemsRequested()
         }
     }
 

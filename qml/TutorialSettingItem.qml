@@ -19,6 +19,7 @@ ItemFields {
     property var selectedIdList: []
     readonly property var localeList: ["ja_JP", "en_US"]
     readonly property alias treeListView: treePane.treeListView
+    readonly property alias problems: tutorialProblems
     property string shownTutorial: ""
 
     function getCurrentId() {
@@ -95,6 +96,14 @@ ItemFields {
         treeListView.follow();
         if (itemId < 0)
             focusOnFirst();
+    }
+
+    /// Selects a step and shows it in the tree.
+    function showStep(id) {
+        if (!tutorialItemListModel.exists(id))
+            return;
+        treePane.forceActiveFocus();
+        treeListView.showIdList([id]);
     }
 
     // Edits of the tree
@@ -282,6 +291,11 @@ ItemFields {
             alertDialog.text = message;
             alertDialog.open();
         }
+    }
+
+    TutorialProblems {
+        id: tutorialProblems
+        history: UndoRedo
     }
 
     AlertDialog {

@@ -35,11 +35,21 @@ Item {
         id: licenseWindow
     }
 
+    LazyWindow {
+        id: problemsWindow
+        source: "ProblemsWindow.qml"
+        onLoaded: {
+            item.problems = root.window.settingScreen.problems;
+            item.stepRequested.connect(root.window.showStep);
+        }
+    }
+
     Component {
         id: menuBarComponent
 
         ApplicationMenuBar {
             window: root.window
+            onProblemsRequested: problemsWindow.show()
             onLicenseRequested: licenseWindow.show()
             onEventDialogRequested: root.window.showEventDialog()
         }

@@ -144,6 +144,15 @@ ApplicationWindow {
         loadedParts().messages.confirm(title, text, callback, container);
     }
 
+    /// Goes to a step for another window.
+    function showStep(id) {
+        if (visibility === Window.Minimized)
+            show();
+        raise();
+        requestActivate();
+        settingScreen.showStep(id);
+    }
+
     function showEventDialog() {
         var dialog = eventLoader.item;
         if (!dialog.visible || dialog.visibility === Window.Minimized)

@@ -33,6 +33,25 @@ Change %2 to %1 ?</source>
         </message>
     </context>
     <context>
+        <name>ProblemsWindow</name>
+        <message>
+            <source>Check tutorial</source>
+            <translation>チュートリアルの検査</translation>
+        </message>
+        <message>
+            <source>Errors: %1, warnings: %2, remarks: %3</source>
+            <translation>エラー %1 件、警告 %2 件、注意 %3 件</translation>
+        </message>
+        <message>
+            <source>No problems.</source>
+            <translation>問題は見つかりませんでした。</translation>
+        </message>
+        <message>
+            <source>No tutorial is open.</source>
+            <translation>チュートリアルが開かれていません。</translation>
+        </message>
+    </context>
+    <context>
         <name>Recovery</name>
         <message>
             <source>A copy of unsaved changes is damaged. It was kept as %1</source>
@@ -644,6 +663,10 @@ Do you save tutorial?</source>
         <message>
             <source>-</source>
             <translation/>
+        </message>
+        <message>
+            <source>Check tutorial</source>
+            <translation>チュートリアルの検査</translation>
         </message>
         <message>
             <source>Close tutorial</source>

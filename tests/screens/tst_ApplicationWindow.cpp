@@ -91,7 +91,7 @@ void tst_ApplicationWindow::menus()
     QCOMPARE(entries(true),
              QStringLiteral("&Open tutorial:Ctrl+O Close tutorial:%1 Save tutorial:Ctrl+S Open tutorial folder: "
                             "Exit:%2 &Add folder: Create &item: Copy:Ctrl+C Cut:Ctrl+X Paste:Ctrl+V Delete:Del "
-                            "&Undo:Ctrl+Z &Redo:%3 Start tutorial:F5 Start current:F6 &Version: &License: "
+                            "&Undo:Ctrl+Z &Redo:%3 Start tutorial:F5 Start current:F6 Check tutorial:F8 &Version: &License: "
                             "Tutorial &event: Add folder: Add item: Copy: Cut: Paste: Delete:")
                  .arg(key(QKeySequence::Close), key(QKeySequence::Quit), key(QKeySequence::Redo)));
     selectInTree(9);

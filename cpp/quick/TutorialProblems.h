@@ -1,0 +1,81 @@
+#pragma once
+
+#include "check/Problem.h"
+
+#include <QAbstractListModel>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QPointer>
+#include <QTimer>
+#include <QVector>
+
+class UndoRedo;
+template <typename T>
+class TreeItem;
+class TutorialItemData;
+
+/// What is wrong with the loaded tutorial, a row each, and by step for the signs in the tree. It follows each change
+/// soon after it, and takes no more than a small part of the time for that, however large the tutorial is.
+class TutorialProblems : public QAbstractListModel
+{
+    Q_OBJECT
+    Q_PROPERTY(UndoRedo *history READ history WRITE setHistory)
+    Q_PROPERTY(int count READ count NOTIFY revisionChanged)
+    Q_PROPERTY(int errors READ errors NOTIFY revisionChanged)
+    Q_PROPERTY(int warnings READ warnings NOTIFY revisionChanged)
+    Q_PROPERTY(int remarks READ remarks NOTIFY revisionChanged)
+    /// Another one whenever anything that is told here may differ; what asks by id reads it to be asked again.
+    Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
+
+public:
+    enum Role { RoleText = Qt::DisplayRole, RoleSeverity = Qt::UserRole + 1, RoleRule, RoleItemId, RoleItemName };
+
+    explicit TutorialProblems(QObject *parent = nullptr);
+
+    UndoRedo *history() const { return mHistory; }
+    void setHistory(UndoRedo *history);
+    int count() const { return mProblems.size(); }
+    int errors() const { return countOf(Problem::Severity::Error); }
+    int warnings() const { return countOf(Problem::Severity::Warning); }
+    int remarks() const { return countOf(Problem::Severity::Remark); }
+    int revision() const { return mRevision; }
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    /// The severity of the worst problem of that item: 0 an error, 1 a warning, 2 a remark; -1 if it has none.
+    Q_INVOKABLE int severityOf(int itemId) const { return mSeverities.value(itemId, -1); }
+    /// The same for all that stands in a folder.
+    Q_INVOKABLE int severityIn(int folderId) const { return mFolderSeverities.value(folderId, -1); }
+    /// The sentences of that item's problems, a line each.
+    Q_INVOKABLE QString textOf(int itemId) const;
+    Q_INVOKABLE int itemIdAt(int row) const;
+    /// Puts a row into the system's clipboard as a line of text.
+    Q_INVOKABLE void copyRow(int row) const;
+
+    /// Checks if that is due, and does not wait for the time that is set.
+    Q_INVOKABLE void checkNow();
+
+Q_SIGNALS:
+    void revisionChanged();
+
+private:
+    void schedule();
+    void check();
+    void show(const QVector<Problem> &problems);
+    void removeRowsWithout(const QVector<int> &targets);
+    void insertRowsOf(const QVector<Problem> &problems, const QVector<int> &targets);
+    void readSeverities();
+    int readFolder(const TreeItem<TutorialItemData> &folder);
+    int countOf(Problem::Severity severity) const;
+
+    QPointer<UndoRedo> mHistory;
+    QVector<Problem> mProblems;
+    QHash<int, int> mSeverities; // by item
+    QHash<int, int> mFolderSeverities; // by folder, of what is in it
+    int mRevision = 0;
+    QTimer mTimer;
+    QElapsedTimer mSinceCheck;
+    qint64 mPause = 0; // from the begin of one check to the next one
+};

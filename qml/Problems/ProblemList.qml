@@ -1,0 +1,64 @@
+import QtQuick 2.9
+import Morvi.kess 1.0
+import "../QtControls"
+import "../Singletons"
+
+/// The list of problems, with its keys.
+Rectangle {
+    id: root
+
+    property TutorialProblems problems: null
+
+    signal stepRequested(int itemId)
+
+    function request(row) {
+        if (row >= 0)
+            stepRequested(problems.itemIdAt(row));
+    }
+
+    function goTo(row) {
+        list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+    }
+
+    color: Theme.normalBack1
+    border.width: 1
+    border.color: Theme.controlFrame
+
+    // The list is what the view scrolls, so that only the rows in view exist.
+    ScrollView {
+        anchors.fill: parent
+        anchors.margins: 1
+        focus: true
+
+        ListView {
+            id: list
+            objectName: "rows"
+            focus: true
+            clip: true
+            model: root.problems
+            keyNavigationEnabled: true
+            highlightMoveDuration: 0
+
+            delegate: ProblemRow {
+                view: list
+                row: index
+                width: list.width
+                onDoubleClicked: root.request(index)
+            }
+
+            Keys.onReturnPressed: root.request(currentIndex)
+            Keys.onEnterPressed: root.request(currentIndex)
+            Keys.onPressed: {
+                if (event.matches(StandardKey.Copy))
+                    root.problems.copyRow(currentIndex);
+                else if (event.key === Qt.Key_Home)
+                    root.goTo(0);
+                else if (event.key === Qt.Key_End)
+                    root.goTo(count - 1);
+                else
+                    return;
+                event.accepted = true;
+            }
+        }
+    }
+}
