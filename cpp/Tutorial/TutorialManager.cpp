@@ -157,6 +157,30 @@ void TutorialManager::onTimerTimeout()
     Q_EMIT jumpLinkChanged(linkInfo);
 }
 
+QSet<int> TutorialManager::staleIds() const
+{
+    return mTranslation->staleIds();
+}
+
+void TutorialManager::confirmTranslation(int id)
+{
+    if (!mTranslation->confirmTranslation(id))
+        return;
+    // No step of the history: no text has changed, only what the file says of one.
+    if (UndoRedo *history = UndoRedo::instance())
+        history->markUnsaved();
+    mRecovery->noteChange();
+    Q_EMIT translationConfirmed(id);
+}
+
+void TutorialManager::followHistory()
+{
+    if (UndoRedo *history = UndoRedo::instance()) {
+        connect(history, &UndoRedo::documentChanged, mTranslation.get(), &TutorialTranslation::followDocument,
+                Qt::UniqueConnection);
+    }
+}
+
 // From here on the surface is the manager's, and what it tells of is kept by the object that it hands on to.
 
 void TutorialManager::setPosition(const QString &key, int x, int y)

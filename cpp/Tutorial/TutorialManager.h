@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QObject>
 #include <QPoint>
+#include <QSet>
 #include <QStringList>
 #include <QTimer>
 
@@ -134,6 +135,10 @@ public:
     /// Reads the translation documents again and hands the hints of all items to them. An item that was not edited
     /// takes over what others have written for it since the load. False with a warning when a file can't be read.
     bool feedbackTranslation();
+    /// The items whose second hint was made from another first hint than that of now.
+    QSet<int> staleIds() const;
+    /// The second hint of the item stands although the first one has changed. A save then says so in the file.
+    Q_INVOKABLE void confirmTranslation(int id);
 
     void setModified(bool modified) override;
     void setPendingJumpLink(const QString &linkInfo) override;
@@ -169,6 +174,8 @@ Q_SIGNALS:
     void tutorialRequested(const QString &name);
     /// The document was loaded anew or unloaded: what shows it must be rebuilt.
     void documentReplaced();
+    /// The item's second hint is not stale any more, though no text has changed.
+    void translationConfirmed(int id);
 
 protected:
     void timerEvent(QTimerEvent *event) override;
@@ -196,6 +203,7 @@ private:
     void startGuidance();
     void stopGuidance();
 
+    void followHistory();
     /// The name of the tutorial of that file.
     static QString baseName(const QString &filename);
     void setTutorialName(const QString &name);

@@ -61,6 +61,7 @@ RecoveryCopy TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
     copy.state.array = arrayOf(mEditorManager->mData);
     copy.state.hints = mTranslation->hints();
     copy.loadedHints = mTranslation->loadedHints();
+    copy.stale = mTranslation->staleKeys();
     copy.fileHash = mEditorManager->fileHash();
     copy.leftOut = mEditorManager->leftOut();
     for (const Former &former : formers)
@@ -103,10 +104,11 @@ bool TutorialManager::takeUp(const RecoveryCopy &copy)
         history->clear();
     const QString name = baseName(copy.path);
     mTranslation->beginLoad(name);
-    mTranslation->endLoad(copy.state.hints, copy.loadedHints);
+    mTranslation->endLoad(copy.state.hints, copy.loadedHints, copy.stale);
     setTutorialName(name);
     if (history)
         history->markUnsaved();
+    followHistory();
     Q_EMIT documentReplaced();
     return true;
 }

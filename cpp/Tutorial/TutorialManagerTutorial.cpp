@@ -46,6 +46,7 @@ QString TutorialManager::loadTutorial(const QString &filename)
     // What stayed because the file could not be opened keeps its hints.
     if (mEditorManager->isLoaded())
         mTranslation->endLoad();
+    followHistory();
     Q_EMIT documentReplaced();
     mRecovery->lookFor(filename);
     return errors.join(QLatin1Char('\n'));

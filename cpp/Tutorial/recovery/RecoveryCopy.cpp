@@ -65,10 +65,19 @@ TutorialState::Hints readHints(const QJsonObject &object)
     return hints;
 }
 
+QJsonObject staleObject(const RecoveryCopy &copy)
+{
+    QJsonObject object;
+    for (auto keys = copy.stale.cbegin(); keys != copy.stale.cend(); ++keys)
+        object.insert(keys.key(), QJsonArray::fromStringList(keys->values()));
+    return object;
+}
+
 /// The parts that are small whatever the tutorial's size is.
 QJsonObject smallParts(const RecoveryCopy &copy)
 {
     return { { QStringLiteral("fileHash"), QString::fromLatin1(copy.fileHash.toHex()) },
+             { QStringLiteral("stale"), staleObject(copy) },
              { QStringLiteral("leftOut"), QJsonArray::fromStringList(copy.leftOut) } };
 }
 } // namespace
@@ -104,6 +113,13 @@ bool RecoveryCopy::read(const QByteArray &bytes)
     state.hints = readHints(object.value(QLatin1String("hints")).toObject());
     loadedHints = readHints(object.value(QLatin1String("loadedHints")).toObject());
     fileHash = QByteArray::fromHex(object.value(QLatin1String("fileHash")).toString().toLatin1());
+    stale.clear();
+    const QJsonObject languages = object.value(QLatin1String("stale")).toObject();
+    for (auto language = languages.constBegin(); language != languages.constEnd(); ++language) {
+        QSet<QString> &keys = stale[language.key()];
+        for (const QJsonValue key : language->toArray())
+            keys.insert(key.toString());
+    }
     leftOut.clear();
     for (const QJsonValue line : object.value(QLatin1String("leftOut")).toArray())
         leftOut.append(line.toString());

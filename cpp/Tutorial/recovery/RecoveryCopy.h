@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -21,6 +22,7 @@ struct RecoveryCopy
     QString path; ///< of the scenario's file, absolute
     TutorialState state;
     TutorialState::Hints loadedHints; ///< what the files of the languages said when they were read or saved
+    QHash<QString, QSet<QString>> stale; ///< the keys of the stale translations of a locale
     QByteArray fileHash; ///< of the scenario's file at that time; empty where there was none
     QStringList leftOut; ///< what stood in that file and not in the document
 

@@ -13,6 +13,7 @@ const QString kMessage = QStringLiteral("message");
 const QString kSource = QStringLiteral("source");
 const QString kTranslation = QStringLiteral("translation");
 const QString kType = QStringLiteral("type");
+const QString kUnfinished = QStringLiteral("unfinished");
 
 bool isPlainMessage(const QDomElement &message)
 {
@@ -27,7 +28,12 @@ bool isInForce(const QDomElement &translation)
     const QString type = translation.attribute(kType);
     if (type == QLatin1String("obsolete") || type == QLatin1String("vanished"))
         return false;
-    return type != QLatin1String("unfinished") || translation.hasChildNodes();
+    return type != kUnfinished || translation.hasChildNodes();
+}
+
+bool isStale(const QDomElement &translation)
+{
+    return translation.attribute(kType) == kUnfinished && !textOf(translation).isEmpty();
 }
 
 QDomElement appendElement(QDomNode parent, const QString &name, const QString &text)
@@ -120,6 +126,32 @@ void TranslationSource::writeMessages(QDomDocument &document, const QString &con
         const QDomElement translation = found->firstChildElement(kTranslation);
         if ((isInForce(translation) ? textOf(translation) : entry.source) != entry.translation)
             setTranslation(*found, entry.translation);
+    }
+}
+
+QSet<QString> TranslationSource::staleSources(const QDomDocument &document, const QString &context)
+{
+    QSet<QString> sources;
+    const QHash<QString, QDomElement> messageBySource = findMessages(findContexts(document, context));
+    for (auto message = messageBySource.cbegin(); message != messageBySource.cend(); ++message) {
+        if (isStale(message->firstChildElement(kTranslation)))
+            sources.insert(message.key());
+    }
+    return sources;
+}
+
+void TranslationSource::markStale(QDomDocument &document, const QString &context,
+                                  const QHash<QString, bool> &staleBySource)
+{
+    const QHash<QString, QDomElement> messageBySource = findMessages(findContexts(document, context));
+    for (auto stale = staleBySource.cbegin(); stale != staleBySource.cend(); ++stale) {
+        QDomElement translation = messageBySource.value(stale.key()).firstChildElement(kTranslation);
+        if (!isInForce(translation) || isStale(translation) == *stale)
+            continue;
+        if (*stale)
+            translation.setAttribute(kType, kUnfinished);
+        else
+            translation.removeAttribute(kType);
     }
 }
 

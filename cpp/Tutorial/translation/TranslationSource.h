@@ -2,6 +2,7 @@
 
 #include <QDomDocument>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -27,6 +28,14 @@ QHash<QString, Messages> readMessages(const QDomDocument &document);
 /// one goes to the end of the context. No message is made for a translation that is the source
 /// text, which is what a lookup gives without one.
 void writeMessages(QDomDocument &document, const QString &context, const QVector<Entry> &entries);
+
+/// The sources of a context whose translation is there but marked as unfinished: what it was made from has changed
+/// since, or nobody has looked at it yet.
+QSet<QString> staleSources(const QDomDocument &document, const QString &context);
+
+/// Marks translations of one context as such, or takes the mark away. A message that is not named, or that has no
+/// translation in force, is left untouched.
+void markStale(QDomDocument &document, const QString &context, const QHash<QString, bool> &staleBySource);
 
 /// A document without messages, for a language such as "ja_JP".
 QDomDocument emptyDocument(const QString &language);

@@ -130,20 +130,24 @@ void TutorialTranslation::beginLoad(const QString &tutorialName)
         return;
     loadTranslation();
     mLoadedHints = { { mLocale, hintsOf(mTranslationDocument) }, { mLocale2, hintsOf(mTranslationDocument2) } };
+    mLoadedStale = { { mLocale, staleKeysOf(mTranslationDocument) }, { mLocale2, staleKeysOf(mTranslationDocument2) } };
 }
 
 void TutorialTranslation::endLoad()
 {
-    if (mAuthoring)
-        HintMerge::readHints(mDocument, &TutorialItemData::mHint2, mLoadedHints.value(mLocale2));
+    if (!mAuthoring)
+        return;
+    HintMerge::readHints(mDocument, &TutorialItemData::mHint2, mLoadedHints.value(mLocale2));
+    mStaleHints.begin(mDocument, mLoadedStale.value(mLocale2));
 }
 
-void TutorialTranslation::endLoad(const Hints &hints, const Hints &loaded)
+void TutorialTranslation::endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale)
 {
     for (auto language = loaded.cbegin(); language != loaded.cend(); ++language)
         mLoadedHints.insert(language.key(), language.value());
     HintMerge::readHints(mDocument, firstHint(), hints.value(mLocale, mLoadedHints.value(mLocale)));
     HintMerge::readHints(mDocument, secondHint(), hints.value(mLocale2, mLoadedHints.value(mLocale2)));
+    mStaleHints.begin(mDocument, stale.value(mLocale2, mLoadedStale.value(mLocale2)));
 }
 
 TutorialTranslation::Hints TutorialTranslation::hints() const
@@ -162,6 +166,34 @@ TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutor
             hints.insert(locale, TranslationSource::readMessages(document).value(tutorialName));
     }
     return hints;
+}
+
+void TutorialTranslation::followDocument()
+{
+    if (mAuthoring)
+        mStaleHints.follow(mDocument);
+}
+
+QSet<int> TutorialTranslation::staleIds()
+{
+    followDocument();
+    return mStaleHints.staleIds(mDocument);
+}
+
+TutorialTranslation::StaleKeys TutorialTranslation::staleKeys()
+{
+    QSet<QString> keys;
+    for (const int id : staleIds())
+        keys.insert(StaleHints::key(id));
+    return { { mHintLocale == mLocale2 ? mLocale : mLocale2, keys } };
+}
+
+bool TutorialTranslation::confirmTranslation(int id)
+{
+    if (!staleIds().contains(id))
+        return false;
+    mStaleHints.setStale(*mDocument.getData(id), false);
+    return true;
 }
 
 QString TutorialTranslation::folder() const
@@ -212,12 +244,14 @@ bool TutorialTranslation::write(const QString &locale, const QDomDocument &docum
     if (!TranslationFile::write(TranslationFile::path(locale, mAuthoring), document))
         return false;
     mLoadedHints.insert(locale, hintsOf(document));
+    mLoadedStale.insert(locale, staleKeysOf(document));
     return true;
 }
 
 bool TutorialTranslation::feedbackTranslation()
 {
     bool taken = false;
+    followDocument();
     const bool merged = feedback(mLocale, mTranslationDocument, firstHint(), taken)
         && feedback(mLocale2, mTranslationDocument2, secondHint(), taken);
     updateDocumentTranslator();
@@ -233,19 +267,51 @@ bool TutorialTranslation::feedback(const QString &locale, QDomDocument &document
         Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__) << "Failed to save" << path;
         return false;
     }
-    const HintMerge::Result result = HintMerge::merge(mDocument, hint, mLoadedHints.value(locale), hintsOf(document));
+    const TranslationSource::Messages former = mLoadedHints.value(locale);
+    const Stored stored{ former, hintsOf(document), mLoadedStale.value(locale), staleKeysOf(document) };
+    const HintMerge::Result result = HintMerge::merge(mDocument, hint, former, stored.onDisk);
     for (const TranslationSource::Entry &theirs : result.conflicts) {
         Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__)
             << "changed here and in the file" << locale << theirs.source << theirs.translation;
     }
     TranslationSource::writeMessages(document, mTranslationContext, result.entries);
     taken = taken || result.taken;
+    if (mAuthoring && hint == &TutorialItemData::mHint2 && feedbackStale(document, stored))
+        taken = true;
     return true;
+}
+
+bool TutorialTranslation::feedbackStale(QDomDocument &document, const Stored &stored)
+{
+    bool taken = false;
+    QHash<QString, bool> marks;
+    mStaleHints.follow(mDocument);
+    for (const TutorialItemData *record : qAsConst(mDocument.mDataList)) {
+        const QString key = StaleHints::key(record->mId);
+        const bool own = mStaleHints.isStale(*record);
+        const bool theirs = stored.staleOnDisk.contains(key);
+        // As with the texts: what only others have changed is taken over, and so is the mark of a text of theirs.
+        const bool textTaken = stored.onDisk.value(key) != stored.former.value(key);
+        const bool markTaken = stored.formerStale.contains(key) == own;
+        if (own != theirs && record->mHint2 == stored.onDisk.value(key) && (textTaken || markTaken)) {
+            mStaleHints.setStale(*record, theirs);
+            taken = true;
+        }
+        if (!StaleHints::isMissing(record->mId, record->mHint2))
+            marks.insert(key, mStaleHints.isStale(*record));
+    }
+    TranslationSource::markStale(document, mTranslationContext, marks);
+    return taken;
 }
 
 TranslationSource::Messages TutorialTranslation::hintsOf(const QDomDocument &document) const
 {
     return TranslationSource::readMessages(document).value(mTranslationContext);
+}
+
+QSet<QString> TutorialTranslation::staleKeysOf(const QDomDocument &document) const
+{
+    return TranslationSource::staleSources(document, mTranslationContext);
 }
 
 void TutorialTranslation::updateDocumentTranslator()

@@ -2,6 +2,7 @@
 
 #include "Tutorial/translation/DocumentTranslator.h"
 #include "Tutorial/translation/HintMerge.h"
+#include "Tutorial/translation/StaleHints.h"
 #include "Tutorial/translation/TranslatableText.h"
 
 #include <QDomDocument>
@@ -20,6 +21,7 @@ class TutorialTranslation : public QObject
 public:
     /// By locale.
     using Hints = QHash<QString, TranslationSource::Messages>;
+    using StaleKeys = QHash<QString, QSet<QString>>;
 
     /// The translators that are installed become children of `translatorOwner`, which may be null. The document must
     /// outlive this object.
@@ -50,10 +52,18 @@ public:
     /// To be called when it was read: gives the items their second hints, in the authoring mode.
     void endLoad();
     /// To be called instead for items that were taken up as they were before: gives them these hints, where they are of
-    /// a language of now. `loaded` is what the files had said when they were read or saved.
-    void endLoad(const Hints &hints, const Hints &loaded);
+    /// a language of now. `loaded` is what the files had said when they were read or saved, and `stale` are the keys of
+    /// the stale translations.
+    void endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale);
     /// The hints of all items.
     Hints hints() const;
+    /// To be called after each change of the document, so that it is known what a translation was made from.
+    void followDocument();
+    /// The items whose second hint was made from another first hint than that of now.
+    QSet<int> staleIds();
+    StaleKeys staleKeys();
+    /// The second hint of the item suits the first one of now. False if it did so before.
+    bool confirmTranslation(int id);
     /// What the files had said of this tutorial when they were read or saved.
     const Hints &loadedHints() const { return mLoadedHints; }
     /// What they say now of the tutorial of that name.
@@ -87,7 +97,17 @@ private:
     HintMerge::Hint firstHint() const;
     HintMerge::Hint secondHint() const;
     TranslationSource::Messages hintsOf(const QDomDocument &document) const;
+    QSet<QString> staleKeysOf(const QDomDocument &document) const;
     bool feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken);
+    /// What the file of the second hints says of an item, and how it was when it was read or saved.
+    struct Stored
+    {
+        const TranslationSource::Messages &former;
+        const TranslationSource::Messages onDisk;
+        const QSet<QString> formerStale;
+        const QSet<QString> staleOnDisk;
+    };
+    bool feedbackStale(QDomDocument &document, const Stored &stored);
     bool write(const QString &locale, const QDomDocument &document);
 
     const bool mAuthoring;
@@ -99,6 +119,8 @@ private:
     QString mLocale2;
     QString mHintLocale; // the language of the loaded items' first hints
     Hints mLoadedHints; // as the last load or save left them
+    StaleKeys mLoadedStale; // likewise
+    StaleHints mStaleHints;
     QDomDocument mTranslationDocument;
     QDomDocument mTranslationDocument2;
     DocumentTranslator mDocumentTranslator; // answers in the authoring mode only

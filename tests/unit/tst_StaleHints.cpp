@@ -1,0 +1,187 @@
+#include "support/FileBytes.h"
+#include "support/WarningGuard.h"
+#include "Tutorial/ProcessGlobals.h"
+#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
+#include "UndoRedo/UndoRedo.h"
+
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+const QString kScenario = QStringLiteral("tutorial-win/qml/Tutorial/T.js");
+const QString kFirst = QStringLiteral("tutorial-win/translations/ja_JP.ts");
+const QString kSecond = QStringLiteral("tutorial-win/translations/en_US.ts");
+
+/// Messages as Qt's tools write them, from such as "1 text|2 ?text", of which the second is unfinished.
+QByteArray source(const char *rows)
+{
+    QString xml = QStringLiteral("<?xml version='1.0' encoding='utf-8'?>\n<!DOCTYPE TS>\n<TS version=\"2.1\">\n"
+                                 "    <context>\n        <name>T</name>\n");
+    for (const QString &row : QString::fromLatin1(rows).split(QLatin1Char('|'))) {
+        const bool unfinished = row.at(2) == QLatin1Char('?');
+        const QString text = row.mid(unfinished ? 3 : 2);
+        xml += QStringLiteral("        <message>\n            <source>#%1</source>\n            <translation%2%3\n"
+                              "        </message>\n")
+                   .arg(row.at(0))
+                   .arg(QLatin1String(unfinished ? " type=\"unfinished\"" : ""),
+                        text.isEmpty() ? QStringLiteral("/>") : QStringLiteral(">%1</translation>").arg(text));
+    }
+    return (xml + QStringLiteral("    </context>\n</TS>\n")).toUtf8();
+}
+} // namespace
+
+/// Which translations are known to be older than what they were made from, within a session and from one to the next.
+class tst_StaleHints : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void followsEdits();
+    void standsInTheFile();
+    void takesOverWhatOthersMarked();
+
+private:
+    void edit(int id, const char *field, const char *text)
+    {
+        mHistory->beginSequence(QStringLiteral("edit"));
+        TutorialEditor::Manager::instance()->mData.getData(id)->setValue(QLatin1String(field), QLatin1String(text));
+        mHistory->endSequence();
+    }
+    QList<int> stale() const
+    {
+        QList<int> ids = mManager->staleIds().values();
+        std::sort(ids.begin(), ids.end());
+        return ids;
+    }
+    void load(const char *second)
+    {
+        writeAll(kFirst, source("1 a|2 b|3 c|4 d"));
+        writeAll(kSecond, source(second));
+        mHistory->clear();
+        QCOMPARE(mManager->loadTutorial(kScenario), QString());
+    }
+    QByteArray saved()
+    {
+        const QString error = mManager->save();
+        return error.isEmpty() ? readAll(kSecond) : error.toUtf8();
+    }
+
+    std::unique_ptr<QTemporaryDir> mFolder;
+    std::unique_ptr<TutorialManager> mManager;
+    std::unique_ptr<UndoRedo> mHistory;
+    WarningGuard mWarnings;
+};
+
+void tst_StaleHints::init()
+{
+    mFolder = std::make_unique<QTemporaryDir>();
+    QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
+    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/qml/Tutorial")));
+    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/translations")));
+    writeAll(kScenario,
+             "[{\"id\":1,\"hint\":qsTr(\"#1\")},{\"id\":2,\"hint\":qsTr(\"#2\")},"
+             "{\"id\":3,\"hint\":qsTr(\"#3\")},{\"id\":4,\"hint\":qsTr(\"#4\")}]");
+    applicationObject = qApp;
+    mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
+    mHistory.reset(static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)));
+    mWarnings.begin();
+}
+
+void tst_StaleHints::cleanup()
+{
+    mWarnings.end();
+    mHistory.reset();
+    mManager.reset();
+}
+
+void tst_StaleHints::followsEdits()
+{
+    load("1 A|2 ?B|3 #3");
+    // A missing one is not stale, whatever stands beside it.
+    edit(3, "hint", "cc");
+    edit(4, "hint", "dd");
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    edit(1, "hint", "aa");
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+    edit(1, "hint2", "AA");
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    // Back to the older translation, to the hint that it was made from, and forth again.
+    mHistory->undo();
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+    mHistory->undo();
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    mHistory->redo();
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+    mHistory->redo();
+    edit(1, "hint", "a");
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+
+    // One that stands does so for both hints, and to say so is a change to be saved.
+    mHistory->clear();
+    mManager->confirmTranslation(4);
+    QVERIFY(!mManager->isModified());
+    mManager->confirmTranslation(1);
+    QVERIFY(mManager->isModified());
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    edit(1, "hint", "aa");
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    mManager->confirmTranslation(2);
+    edit(2, "hint2", "");
+    QCOMPARE(stale(), QList<int>());
+}
+
+void tst_StaleHints::standsInTheFile()
+{
+    const char *second = "1 A|2 ?B|3 ?|4 ?#4";
+    load(second);
+    QCOMPARE(saved(), source(second));
+    edit(1, "hint", "aa");
+    // Nor does it get lost with the process.
+    RecoveryCopy copy;
+    QVERIFY(copy.read(mManager->unsavedWork({}).toBytes()));
+    QCOMPARE(mManager->loadTutorial(kScenario), QString());
+    QCOMPARE(stale(), QList<int>({ 2 }));
+    QVERIFY(mManager->takeUp(copy));
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+    QCOMPARE(saved(), source("1 ?A|2 ?B|3 ?|4 ?#4"));
+    QCOMPARE(mManager->loadTutorial(kScenario), QString());
+    QCOMPARE(stale(), QList<int>({ 1, 2 }));
+    mManager->confirmTranslation(1);
+    edit(2, "hint2", "BB");
+    QCOMPARE(saved(), source("1 A|2 BB|3 ?|4 ?#4"));
+    // An undo after the save makes it stale again.
+    mHistory->undo();
+    QCOMPARE(saved(), source("1 A|2 ?B|3 ?|4 ?#4"));
+    QVERIFY(!mManager->isModified());
+}
+
+void tst_StaleHints::takesOverWhatOthersMarked()
+{
+    load("1 A|2 ?B|3 ?C|4 D");
+    edit(4, "hint", "dd");
+    // They marked the first, finished the second, wrote the third anew and left it marked, and wrote the fourth.
+    const QByteArray theirs = source("1 ?A|2 B|3 ?CC|4 DD");
+    writeAll(kSecond, theirs);
+    QSignalSpy shown(mManager.get(), &TutorialManager::documentReplaced);
+    QCOMPARE(saved(), theirs);
+    QCOMPARE(stale(), QList<int>({ 1, 3 }));
+    QCOMPARE(shown.size(), 1);
+    // Another hint in the first language makes stale what was made from the one before.
+    writeAll(kFirst, readAll(kFirst).replace(">b<", ">bb<"));
+    QCOMPARE(saved(), source("1 ?A|2 ?B|3 ?CC|4 DD"));
+    QCOMPARE(stale(), QList<int>({ 1, 2, 3 }));
+}
+
+QTEST_MAIN(tst_StaleHints)
+#include "tst_StaleHints.moc"
