@@ -170,6 +170,30 @@ Change %2 to %1 ?</source>
             <source>The jump after No is never taken, since the step asks no question: take it away, or make "yesNo" the condition.</source>
             <translation>質問をしない項目なので「いいえ」のジャンプは使われません。ジャンプを外すか、条件を yesNo にしてください。</translation>
         </message>
+        <message>
+            <source>No way reaches this step: let a step or a jump lead to it, or prohibit it.</source>
+            <translation>どの道もこの項目に来ません。前の項目やジャンプの先にするか、禁止してください。</translation>
+        </message>
+        <message>
+            <source>No way reaches the %1 steps from here to #%2: let a step or a jump lead to them, or prohibit them.</source>
+            <translation>ここから #%2 までの %1 項目には、どの道も来ません。前の項目やジャンプの先にするか、禁止してください。</translation>
+        </message>
+        <message>
+            <source>Since the last save no way reaches this step any more: let a step or a jump lead to it again, or prohibit it.</source>
+            <translation>前回の保存の後、どの道もこの項目に来なくなりました。もう一度前の項目やジャンプの先にするか、禁止してください。</translation>
+        </message>
+        <message>
+            <source>Since the last save no way reaches the %1 steps from here to #%2 any more: let a step or a jump lead to them again, or prohibit them.</source>
+            <translation>前回の保存の後、ここから #%2 までの %1 項目に、どの道も来なくなりました。もう一度前の項目やジャンプの先にするか、禁止してください。</translation>
+        </message>
+        <message>
+            <source>No way leads out of the circle of %1: let a jump or an answer lead to a step outside of it.</source>
+            <translation>%1 が輪になっていて、抜ける道がありません。ジャンプや答えの先を輪の外の項目にしてください。</translation>
+        </message>
+        <message>
+            <source>This step leads to itself again, by way of its jump: let the jump lead to another step.</source>
+            <translation>この項目はジャンプを経て自分自身に戻ります。ジャンプの先を別の項目にしてください。</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEditor::Manager</name>

@@ -25,6 +25,8 @@ struct CheckSubject
     QVector<Language> languages; ///< the first one is that of the writer; empty where no translation is known
     /// Steps whose first hint has changed since the second one was made from it.
     QSet<int> staleIds;
+    /// The steps that a way reached when the tutorial was saved, Walk::reachedIds of then; empty where none was.
+    QSet<int> reachedAtSave;
     /// The keys of windows and controls that a host editor has reported, with their places on the screen.
     QHash<QString, QPoint> reportedPlaces;
     bool isHostKnown = false; ///< whether a host editor has reported anything

@@ -10,6 +10,15 @@ bool asksQuestion(const QString &condition)
 }
 } // namespace
 
+QVarLengthArray<int, 2> StepGraph::Step::exits() const
+{
+    QVarLengthArray<int, 2> exits;
+    exits.append(next);
+    if (asks && nextAfterNo != next)
+        exits.append(nextAfterNo);
+    return exits;
+}
+
 StepGraph::StepGraph(const TreeDataTemplate<TutorialItemData> &document)
 {
     append(document.mRoot, document);
@@ -32,21 +41,23 @@ void StepGraph::append(const TreeItem<TutorialItemData> &folder, const TreeDataT
         if (!record)
             continue;
         const int begin = mSteps.size();
+        const bool isFirst = !mIndexById.contains(child.mId) && !mFolders.contains(child.mId);
         if (child.mFolder) {
+            // A folder comes before what is in it, of the same id too.
+            if (isFirst)
+                mFolders.insert(child.mId, { begin, begin });
             append(child, document);
+            if (isFirst)
+                mFolders[child.mId].end = mSteps.size();
         } else {
             Step step;
             step.id = child.mId;
             step.record = record;
             step.asks = asksQuestion(record->mCondition);
             mSteps.append(step);
+            if (isFirst)
+                mIndexById.insert(child.mId, begin);
         }
-        if (mIndexById.contains(child.mId) || mFolders.contains(child.mId))
-            continue;
-        if (child.mFolder)
-            mFolders.insert(child.mId, { begin, mSteps.size() });
-        else
-            mIndexById.insert(child.mId, begin);
     }
 }
 

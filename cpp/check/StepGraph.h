@@ -4,6 +4,7 @@
 #include "model/TutorialItemData.h"
 
 #include <QHash>
+#include <QVarLengthArray>
 #include <QVector>
 
 /// The ways through a tutorial, as a host editor walks it: steps in the order of the tree, through all folders, from
@@ -36,6 +37,9 @@ public:
         Target jumpNo = Target::None;
         int next = kEnd; ///< index of the step after it
         int nextAfterNo = kEnd; ///< the same after No, where it asks
+
+        /// Where a learner goes from here: one step or kEnd for each answer, each of them once.
+        QVarLengthArray<int, 2> exits() const;
     };
 
     explicit StepGraph(const TreeDataTemplate<TutorialItemData> &document);
@@ -46,6 +50,8 @@ public:
     int first() const { return mFirst; }
     /// Whether a learner can meet that step at all.
     bool isShown(int index) const { return !mSteps.at(index).record->mProhibited; }
+    /// The next step that is shown, in the order of the tree; kEnd after the last one.
+    int shownAfter(int index) const { return mShownFrom.at(index + 1); }
 
 private:
     struct Folder
