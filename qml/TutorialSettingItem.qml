@@ -242,6 +242,7 @@ ItemFields {
             treeListView.keysEnabled: !applicationWindow.menuBar || !applicationWindow.menuBar.open
             treeListView.updateSelectedItem: root.updateSelectedItem
             treeListView.onTextChanged: root.onTextChanged
+            problems: tutorialProblems
             onFolderRequested: root.addFolder(root.itemId)
             onItemRequested: root.addItem(root.itemId)
             onDeleteRequested: root.deleteIdList(root.selectedIdList)

@@ -451,6 +451,10 @@ Do you save tutorial?</source>
 チュートリアルを保存しますか？</translation>
         </message>
         <message>
+            <source>There are problems in this folder.</source>
+            <translation>このフォルダーの中に問題があります。</translation>
+        </message>
+        <message>
             <source>Track:</source>
             <translation>追跡:</translation>
         </message>

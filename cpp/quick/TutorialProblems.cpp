@@ -157,7 +157,8 @@ int TutorialProblems::readFolder(const TreeItem<TutorialItemData> &folder)
 {
     int severity = kNone;
     for (const TreeItem<TutorialItemData> &child : folder.mChildren) {
-        severity = worse(severity, severityOf(child.mId));
+        if (severityOf(child.mId) < static_cast<int>(Problem::Severity::Remark))
+            severity = worse(severity, severityOf(child.mId));
         if (child.mFolder)
             severity = worse(severity, readFolder(child));
     }

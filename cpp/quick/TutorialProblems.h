@@ -46,7 +46,7 @@ public:
 
     /// The severity of the worst problem of that item: 0 an error, 1 a warning, 2 a remark; -1 if it has none.
     Q_INVOKABLE int severityOf(int itemId) const { return mSeverities.value(itemId, -1); }
-    /// The same for all that stands in a folder.
+    /// The same for all that stands in a folder, remarks apart.
     Q_INVOKABLE int severityIn(int folderId) const { return mFolderSeverities.value(folderId, -1); }
     /// The sentences of that item's problems, a line each.
     Q_INVOKABLE QString textOf(int itemId) const;

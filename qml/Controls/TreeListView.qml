@@ -33,6 +33,11 @@ Rectangle {
     property var getSimpleIconFilename: null
     /// Called with (null, index, 0), gives the icon in rich display.
     property var getIconFilename: null
+    /// Called with (id, inside), gives the severity of the sign at a row, or of those of all rows in a
+    /// folder: 0 an error, 1 a warning, 2 a remark, -1 none. What it reads is followed.
+    property var signOf: null
+    /// Called alike, gives the words of the sign.
+    property var signTextOf: null
     property bool simpleDisplay: true
     /// The id that focusOn() goes to.
     property int focusId: -1

@@ -1,4 +1,5 @@
 import QtQuick 2.9
+import Morvi.kess 1.0
 import "../Controls"
 import "../Singletons"
 
@@ -7,12 +8,25 @@ import "../Singletons"
 FocusScope {
     id: root
 
+    /// What is wrong with the tutorial, for the signs at the rows.
+    property TutorialProblems problems: null
     property alias treeListView: tree
     property alias toolbar: buttons
 
     signal folderRequested()
     signal itemRequested()
     signal deleteRequested()
+
+    // The tree asks anew when the revision is another one.
+    function signOf(id, inside) {
+        if (!problems || problems.revision === 0)
+            return -1;
+        return inside ? problems.severityIn(id) : problems.severityOf(id);
+    }
+
+    function signTextOf(id, inside) {
+        return inside ? qsTranslate("TutorialSettingItem", "There are problems in this folder.") : problems.textOf(id);
+    }
 
     FocusScope {
         anchors {
@@ -31,6 +45,8 @@ FocusScope {
             treeListViewTitle: qsTranslate("TutorialSettingItem", "Tutorial item list")
             simpleDisplay: true
             multiple: true
+            signOf: root.signOf
+            signTextOf: root.signTextOf
         }
     }
 

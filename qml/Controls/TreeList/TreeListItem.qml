@@ -25,6 +25,9 @@ MouseArea {
     readonly property int rowNumber: rowData.row
     readonly property bool folder: live && rowModel["folder"] === true
     readonly property bool prohibited: live && rowModel["prohibited"] === true
+    /// The sign of the row itself, and what it shows: a closed folder that of what it holds.
+    readonly property int ownSign: readSign(false)
+    readonly property int sign: ownSign < 0 && folder && !rowData.isExpanded ? readSign(true) : ownSign
     readonly property int depth: rowData.depth - 1
     readonly property int itemHeight: folder || tree.simpleDisplay ? tree.simpleDisplayHeight
                                                                    : tree.richDisplayHeight
@@ -50,6 +53,14 @@ MouseArea {
             return;
         }
         icon.source = rich ? tree.getIconFilename(null, index, 0) : tree.getSimpleIconFilename(index);
+    }
+
+    function readSign(inside) {
+        return live && rowId >= 0 && tree.signOf ? tree.signOf(rowId, inside) : -1;
+    }
+
+    function signText() {
+        return tree.signTextOf ? tree.signTextOf(rowId, ownSign < 0) : "";
     }
 
     function copyFolderFlag() {
@@ -225,7 +236,7 @@ MouseArea {
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
             leftPadding: 4
-            rightPadding: 32
+            rightPadding: delegate.sign < 0 ? 32 : 52
             visible: !renameField.visible
             elide: Text.ElideRight
             maximumLineCount: 1
@@ -243,11 +254,29 @@ MouseArea {
             maximumWidth: parent.width - icon.x - icon.width - 4
         }
 
+        Loader {
+            objectName: "sign"
+            anchors.right: prohibition.left
+            anchors.rightMargin: 2
+            anchors.verticalCenter: parent.verticalCenter
+            active: delegate.sign >= 0 && !renameField.visible
+            sourceComponent: signComponent
+        }
+
         TreeListProhibition {
+            id: prohibition
             objectName: "prohibition"
             x: delegate.view.viewport.width - 54 - delegate.depth * 20 - width
             anchors.verticalCenter: parent.verticalCenter
             delegate: delegate
+        }
+    }
+
+    Component {
+        id: signComponent
+
+        TreeListSign {
+            owner: delegate
         }
     }
 
