@@ -6,7 +6,6 @@
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/TutorialManager.h"
-#include "TutorialEditor/Manager.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -34,14 +33,6 @@ void endProcess()
     std::_Exit(endCode);
 }
 
-QByteArray itemText(const QString &id)
-{
-    return QStringLiteral("{\"id\":%1,\"name\":\"name%1\",\"x\":10,\"y\":20,\"windowKey\":\"MainWindow\","
-                          "\"condition\":\"click\",\"hint\":qsTr(\"#%1\"),\"icon\":\"eye\",\"showArrow\":true}")
-        .arg(id)
-        .toUtf8();
-}
-
 QPoint centre(const QQuickItem *item)
 {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
@@ -57,21 +48,7 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
     return items;
 }
 
-QString shapeOf(const TreeItem<TutorialItemData> &folder)
-{
-    QStringList texts;
-    for (const auto &child : folder.mChildren) {
-        const QString id = QString::number(child.mId);
-        texts.append(child.mFolder ? id + QLatin1Char('[') + shapeOf(child) + QLatin1Char(']') : id);
-    }
-    return texts.join(QLatin1Char(' '));
-}
 } // namespace
-
-const QString AuthoringTest::kTutorial = QStringLiteral("tutorial-win/qml/Tutorial/Sample.js");
-const QString AuthoringTest::kJapanese = QStringLiteral("tutorial-win/translations/ja_JP.ts");
-const QString AuthoringTest::kEnglish = QStringLiteral("tutorial-win/translations/en_US.ts");
-const QString AuthoringTest::kShape = QStringLiteral("1 2[3 4[5 6] 7] 8[] 9");
 
 std::unique_ptr<QApplication> AuthoringTest::makeApplication(char *program)
 {
@@ -115,10 +92,14 @@ void AuthoringTest::initTestCase()
         QVERIFY(QDir().mkpath(QFileInfo(name).path()));
     for (const QString &name : { kJapanese, kEnglish })
         writeAll(name, TranslationSource::emptyDocument(QFileInfo(name).baseName()).toByteArray());
+    connect(&mHost, &ProgramLink::received, this, [this](const QStringList &fields) {
+        if (fields.first() == HostMessages::ToHost::kStart)
+            mStarts += fields.last();
+    });
     mEngine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
     mWindow = qobject_cast<QQuickWindow *>(mEngine.rootObjects().value(0));
     QVERIFY(mWindow);
-    mWindow->resize(900, 640);
+    mWindow->resize(900, 780);
     QVERIFY(activate());
     managerInstance->unload();
     mWarnings.end();
@@ -138,19 +119,15 @@ void AuthoringTest::cleanup()
 
 void AuthoringTest::load(const QString &shape)
 {
-    QByteArray text;
-    const QRegularExpression parts(QStringLiteral("(\\d+)(\\[?)|[\\] ]"));
-    for (auto found = parts.globalMatch(shape); found.hasNext();) {
-        const QRegularExpressionMatch part = found.next();
-        const QString id = part.captured(1);
-        if (id.isEmpty())
-            text += part.captured() == QLatin1String("]") ? "]}" : ",";
-        else if (part.captured(2).isEmpty())
-            text += itemText(id);
-        else
-            text += QStringLiteral("{\"id\":%1,\"name\":\"name%1\",\"folder\":true,\"children\":[").arg(id).toUtf8();
-    }
-    writeAll(kTutorial, "var scenario = [" + text + "];");
+    QString text = shape;
+    text.replace(QLatin1Char(' '), QLatin1Char(',')).replace(QLatin1Char(']'), QLatin1String("]}"));
+    text.replace(
+        QRegularExpression(QStringLiteral("(\\d+)(?![\\d[])")),
+        QStringLiteral("{\"id\":\\1,\"name\":\"name\\1\",\"x\":10,\"y\":20,\"windowKey\":\"MainWindow\","
+                       "\"condition\":\"click\",\"hint\":qsTr(\"#\\1\"),\"icon\":\"eye\",\"showArrow\":true}"));
+    text.replace(QRegularExpression(QStringLiteral("(\\d+)\\[")),
+                 QStringLiteral("{\"id\":\\1,\"name\":\"name\\1\",\"folder\":true,\"children\":["));
+    writeAll(kTutorial, "var scenario = [" + text.toUtf8() + "];");
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
     QVERIFY(activate());
     // The screen goes to the first item by itself.
@@ -164,16 +141,6 @@ QString AuthoringTest::longShape(int count)
     for (int id = 1; id <= count; ++id)
         ids.append(QString::number(id));
     return ids.join(QLatin1Char(' '));
-}
-
-QString AuthoringTest::shape()
-{
-    return shapeOf(TutorialEditor::Manager::instance()->mData.mRoot);
-}
-
-TutorialItemData *AuthoringTest::record(int id)
-{
-    return TutorialEditor::Manager::instance()->mData.getData(id);
 }
 
 QVariant AuthoringTest::evaluate(const QString &script) const
@@ -310,11 +277,6 @@ QPoint AuthoringTest::at(int id, int x, int dy) const
 void AuthoringTest::click(QQuickItem *target) const
 {
     QVERIFY(target);
-    // On a small screen the form has to be scrolled.
-    for (QQuickItem *each = target; each; each = each->parentItem()) {
-        if (each->metaObject()->indexOfMethod("scrollTo(QVariant)") >= 0 && each->property("focusItem").isValid())
-            QMetaObject::invokeMethod(each, "scrollTo", Q_ARG(QVariant, QVariant::fromValue(target)));
-    }
     QTest::mouseMove(target->window(), centre(target));
     QTest::mouseClick(target->window(), Qt::LeftButton, Qt::NoModifier, centre(target));
 }
@@ -324,15 +286,11 @@ void AuthoringTest::click(int id, Qt::KeyboardModifiers modifiers) const
     QTest::mouseClick(mWindow, Qt::LeftButton, modifiers, at(id));
 }
 
-void AuthoringTest::press(int key, Qt::KeyboardModifiers modifiers) const
+void AuthoringTest::press(const QKeySequence &keys) const
 {
-    QTest::keyClick(mWindow, Qt::Key(key), modifiers);
-}
-
-void AuthoringTest::press(QKeySequence::StandardKey key) const
-{
-    const int code = QKeySequence(key)[0];
-    press(code & ~Qt::KeyboardModifierMask, Qt::KeyboardModifiers(code & Qt::KeyboardModifierMask));
+    const int code = keys[0];
+    QTest::keyClick(mWindow, Qt::Key(code & ~Qt::KeyboardModifierMask),
+                    Qt::KeyboardModifiers(code & Qt::KeyboardModifierMask));
 }
 
 void AuthoringTest::type(const QString &text) const
@@ -410,7 +368,7 @@ void AuthoringTest::choose(const char *title, const char *entry) const
     for (QObject *menu : menus()) {
         if (menu->property("title").toString() != QLatin1String(title))
             continue;
-        press(QString::fromLatin1(title).section(QLatin1Char('&'), 1).at(0).toUpper().unicode(), Qt::AltModifier);
+        press(Qt::ALT + QString::fromLatin1(title).section(QLatin1Char('&'), 1).at(0).toUpper().unicode());
         chooseFrom(menu, entry);
     }
 }

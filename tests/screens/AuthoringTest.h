@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/TutorialItemData.h"
 #include "ProgramLink.h"
+#include "support/EditingSession.h"
 #include "support/WarningGuard.h"
 
 #include <QApplication>
@@ -36,21 +36,27 @@ public:
 
 protected Q_SLOTS:
     void initTestCase();
-    void init() { mWarnings.begin(); }
+    void init()
+    {
+        mStarts.clear();
+        mWarnings.begin();
+        QVERIFY(activate());
+    }
     void cleanup();
 
 protected:
-    static const QString kTutorial; // file names in the project
-    static const QString kJapanese;
-    static const QString kEnglish;
-    static const QString kShape;
+    // File names in the project.
+    static inline const QString kTutorial = QStringLiteral("tutorial-win/qml/Tutorial/Sample.js");
+    static inline const QString kJapanese = QStringLiteral("tutorial-win/translations/ja_JP.ts");
+    static inline const QString kEnglish = QStringLiteral("tutorial-win/translations/en_US.ts");
+    static inline const QString kShape = QStringLiteral("1 2[3 4[5 6] 7] 8[] 9");
 
     /// Loads a tutorial of that shape: "1 2[3 4[]] 5" is item 1, folder 2 with item 3 and the empty
     /// folder 4, and item 5, with the names "name1" to "name5".
     void load(const QString &shape);
     static QString longShape(int count);
-    static QString shape();
-    static TutorialItemData *record(int id);
+    static QString shape() { return EditingSession::shapeOf(TutorialEditor::Manager::instance()->mData.mRoot); }
+    static TutorialItemData *record(int id) { return TutorialEditor::Manager::instance()->mData.getData(id); }
     /// Evaluates a script in the context of the window.
     QVariant evaluate(const QString &script) const;
 
@@ -91,11 +97,10 @@ protected:
     QPoint at(int id, int x = 100, int dy = 0) const;
     void click(QQuickItem *target) const;
     void click(int id, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void press(const QKeySequence &keys) const;
     void type(const QString &text) const;
     void typeInto(const char *field, const QString &text) const;
     void rename(int id, const QString &name) const;
-    void press(QKeySequence::StandardKey key) const;
     void undo() const { press(QKeySequence::Undo); }
     void redo() const { press(QKeySequence::Redo); }
     /// Presses on a row and takes it, in small steps, to a point; drop() lets it go.
@@ -114,6 +119,7 @@ protected:
     static bool answerSaveQuestion(const char *button);
 
     ProgramLink mHost;
+    QStringList mStarts; // the ids from which the host was to start
     QQuickWindow *mWindow = nullptr; // owned by the engine
     WarningGuard mWarnings;
 

@@ -84,7 +84,8 @@ void tst_SettingScreen::keysStayWhereTheyWere()
     press(QKeySequence::Save);
     QCOMPARE(record(3)->mName, QStringLiteral("new"));
     // The jump menus know it, and that no step goes on with itself. They are read when one opens.
-    click(item("jump"));
+    item("jump")->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
     auto *menu = item("jump")->property("lastPopup").value<QObject *>();
     QTRY_VERIFY(menu->property("__popupVisible").toBool());
     const QObject *entry = QQmlListReference(QQmlListReference(menu, "items").at(2), "items").at(1);
@@ -201,22 +202,12 @@ void tst_SettingScreen::typedTextIsNotLost()
 
 void tst_SettingScreen::hostIsShownTheStep()
 {
-    const QSignalSpy sent(&mHost, &ProgramLink::received);
-    const auto starts = [&] {
-        QString ids;
-        for (const QVariantList &arguments : sent) {
-            const QStringList fields = arguments.first().toStringList();
-            if (fields.first() == ToHost::kStart)
-                ids += fields.last() + QLatin1Char(' ');
-        }
-        return ids;
-    };
     // From the beginning, from the current step, and one whose looks are edited.
     press(Qt::Key_F5);
     press(Qt::Key_F6);
     item("showArrow")->forceActiveFocus(Qt::TabFocusReason);
     press(Qt::Key_Space);
-    QTRY_COMPARE(starts(), QStringLiteral("-1 2 2 "));
+    QTRY_COMPARE(mStarts.join(QLatin1Char(' ')), QStringLiteral("-1 2 2"));
 }
 
 void tst_SettingScreen::stepBackOpensItsFolder()
