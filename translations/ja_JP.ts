@@ -194,6 +194,66 @@ Change %2 to %1 ?</source>
             <source>This step leads to itself again, by way of its jump: let the jump lead to another step.</source>
             <translation>この項目はジャンプを経て自分自身に戻ります。ジャンプの先を別の項目にしてください。</translation>
         </message>
+        <message>
+            <source>The value of "%1" is left out: write a whole number.</source>
+            <translation>"%1" の値は無視されます。整数を書いてください。</translation>
+        </message>
+        <message>
+            <source>The value of "%1" is left out: write a text in quotes.</source>
+            <translation>"%1" の値は無視されます。引用符で囲んだ文字列を書いてください。</translation>
+        </message>
+        <message>
+            <source>The value of "%1" is left out: write true or false.</source>
+            <translation>"%1" の値は無視されます。true か false を書いてください。</translation>
+        </message>
+        <message>
+            <source>The file holds characters that are not UTF-8: write them anew, as UTF-8.</source>
+            <translation>UTF-8 でない文字があります。UTF-8 で書き直してください。</translation>
+        </message>
+        <message>
+            <source>What follows the list of steps is left out: take it into the list, or take it away.</source>
+            <translation>項目の一覧の後にあるものは無視されます。一覧に入れるか、取り除いてください。</translation>
+        </message>
+        <message>
+            <source>This can't be read as an item, so that all of the item at the top is left out: write it as an item, or take it away.</source>
+            <translation>項目として読めないため、最上位の項目ごと無視されます。項目として書き直すか、取り除いてください。</translation>
+        </message>
+        <message>
+            <source>What stands in this item is left out, since it is no folder: write "folder":true, or take it away.</source>
+            <translation>フォルダーではないため、この項目の中身は無視されます。"folder":true と書くか、中身を取り除いてください。</translation>
+        </message>
+        <message>
+            <source>A translation call can't be read (%1): write it as qsTr("#12"), with the id of its step.</source>
+            <translation>翻訳の呼び出しが読めません（%1）。項目の ID を使って qsTr("#12") の形で書いてください。</translation>
+        </message>
+        <message>
+            <source>The file holds no list of steps: write "var scenario = [" before them, and "];" after them.</source>
+            <translation>項目の一覧がありません。項目の前に「var scenario = [」、後に「];」を書いてください。</translation>
+        </message>
+        <message>
+            <source>The file can't be read from here on (%1): mend what stands here, or just before.</source>
+            <translation>ここから先が読めません（%1）。ここか、この直前を直してください。</translation>
+        </message>
+        <message>
+            <source>The translations can't be read from here on (%1): mend the file.</source>
+            <translation>ここから先の翻訳が読めません（%1）。ファイルを直してください。</translation>
+        </message>
+        <message>
+            <source>it is not what such a file holds</source>
+            <translation>このファイルの形式ではありません</translation>
+        </message>
+        <message>
+            <source>error</source>
+            <translation>エラー</translation>
+        </message>
+        <message>
+            <source>warning</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>remark</source>
+            <translation>参考</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEditor::Manager</name>

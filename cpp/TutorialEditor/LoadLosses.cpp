@@ -44,9 +44,13 @@ bool LoadLosses::addId(int id)
 void LoadLosses::inspect(const QJsonValue &element)
 {
     const int before = mLines.size();
+    const int lossesBefore = mLosses.size();
+    mItem = -1;
     if (inspect(element, nullptr, mCount++))
         return;
     mLines = mLines.mid(0, before);
+    mLosses.resize(lossesBefore);
+    add(Loss::Kind::Element, element.toObject());
     mLines.append(element.isObject()
                       ? Manager::tr("%1, with all in it: %2 can't be read").arg(label(element.toObject()), mUnreadable)
                       : Manager::tr("%1 can't be read").arg(mUnreadable));
@@ -59,6 +63,7 @@ QString LoadLosses::path(const Place *place)
 
 bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int position)
 {
+    ++mItem;
     if (!element.isObject()) {
         const QString entry = Manager::tr("entry %1").arg(position + 1);
         mUnreadable = parent ? QString(path(parent) + kSeparator + entry) : entry;
@@ -67,8 +72,10 @@ bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int pos
     const QJsonObject item = element.toObject();
     const Place place{ item, parent };
     // Where two items share an id, the first one's record stands for both.
-    if (!addId(item.value(QLatin1String("id")).toInt()))
+    if (!addId(item.value(QLatin1String("id")).toInt())) {
+        add(Loss::Kind::Id, item);
         mLines.append(Manager::tr("%1: another item has the same id").arg(path(&place)));
+    }
     inspectValues(place);
 
     const auto entry = item.constFind(kChildrenKey);
@@ -80,8 +87,10 @@ bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int pos
         return false;
     }
     const QJsonArray children = value.toArray();
-    if (!children.isEmpty() && !item.value(kFolderKey).toBool())
+    if (!children.isEmpty() && !item.value(kFolderKey).toBool()) {
+        add(Loss::Kind::Children, item, kChildrenKey);
         mLines.append(Manager::tr("%1: what stands in it, for it is no folder").arg(path(&place)));
+    }
     for (int i = 0; i < children.size(); ++i) {
         if (!inspect(children.at(i), &place, i))
             return false;
@@ -89,11 +98,18 @@ bool LoadLosses::inspect(const QJsonValue &element, const Place *parent, int pos
     return true;
 }
 
+void LoadLosses::add(Loss::Kind kind, const QJsonObject &item, const QString &key)
+{
+    const int id = item.isEmpty() ? -1 : item.value(QLatin1String("id")).toInt();
+    mLosses.append({ kind, mCount - 1, mItem, id, item.value(QLatin1String("name")).toString(), key });
+}
+
 void LoadLosses::inspectValues(const Place &place)
 {
     const QJsonObject &item = place.item;
     const bool folder = item.value(kFolderKey).toBool();
     const auto tell = [&](const QString &key) {
+        add(Loss::Kind::Value, item, key);
         mLines.append(Manager::tr("%1: the value of \"%2\"").arg(path(&place), key));
     };
     if (item.contains(kFolderKey) && !item.value(kFolderKey).isBool())

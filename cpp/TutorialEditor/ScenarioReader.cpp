@@ -1,7 +1,6 @@
 #include "TutorialEditor/ScenarioReader.h"
 
 #include "tool/FreeNames.h"
-#include "TutorialEditor/LoadLosses.h"
 #include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
 
@@ -48,14 +47,16 @@ QString ScenarioReader::decoded(const QByteArray &bytes)
     return codec->toUnicode(bytes.constData(), bytes.size(), &state);
 }
 
-QString ScenarioReader::arrayOf(QString text)
+QString ScenarioReader::arrayOf(QString text, TextMap *map)
 {
     // Each step lets go of the text before it, which a large document is better off without.
-    text = ScenarioText::removeLineComments(ScenarioText::removeBlockComments(text));
-    return ScenarioText::removeAssignment(std::move(text));
+    text = ScenarioText::removeBlockComments(text, map);
+    text = ScenarioText::removeLineComments(text, map);
+    return ScenarioText::removeAssignment(std::move(text), QStringLiteral("scenario"), map);
 }
 
-bool ScenarioReader::read(const QString &arrayText, TreeDataTemplate<TutorialItemData> &document, QStringList &leftOut)
+bool ScenarioReader::read(const QString &arrayText, TreeDataTemplate<TutorialItemData> &document, QStringList &leftOut,
+                          QVector<LoadLosses::Loss> *allLosses)
 {
     const JsonWrapper json(arrayText);
     if (!json.isArray())
@@ -82,9 +83,14 @@ bool ScenarioReader::read(const QString &arrayText, TreeDataTemplate<TutorialIte
             losses.inspect(element.toValue());
     }
     leftOut = losses.lines();
+    if (allLosses)
+        *allLosses = losses.losses();
     // The text of several values stands for the first one.
-    if (json.kind() == JsonWrapper::kValue)
+    if (json.kind() == JsonWrapper::kValue) {
+        if (allLosses)
+            allLosses->prepend({ LoadLosses::Loss::Kind::Trailing });
         leftOut.prepend(TutorialEditor::Manager::tr("What follows the steps"));
+    }
     fillInNames(document);
     return true;
 }

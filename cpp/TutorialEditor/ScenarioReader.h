@@ -2,6 +2,8 @@
 
 #include "model/TreeItem.h"
 #include "model/TutorialItemData.h"
+#include "tool/TextMap.h"
+#include "TutorialEditor/LoadLosses.h"
 
 #include <QByteArray>
 #include <QString>
@@ -14,11 +16,12 @@ namespace ScenarioReader
 /// the end is left out.
 QString decoded(const QByteArray &bytes);
 
-/// The array of a script, without comments, its translation calls as they stand.
-QString arrayOf(QString text);
+/// The array of a script, without comments, its translation calls as they stand. A map is led on to the script.
+QString arrayOf(QString text, TextMap *map = nullptr);
 
 /// Adds the items of an array, whose translation calls are replaced, to an empty document, which then owns their
 /// records. What the document lacks of them is told in leftOut, and who has no name gets one. False for what is no
 /// array.
-bool read(const QString &arrayText, TreeDataTemplate<TutorialItemData> &document, QStringList &leftOut);
+bool read(const QString &arrayText, TreeDataTemplate<TutorialItemData> &document, QStringList &leftOut,
+          QVector<LoadLosses::Loss> *losses = nullptr);
 } // namespace ScenarioReader

@@ -6,10 +6,16 @@
 
 namespace
 {
-void replaceFirst(QString &text, int position, int size, const QLatin1String &after)
+void replaceFirst(QString &text, int position, int size, const QLatin1String &after, TextMap *map)
 {
-    if (position >= 0)
-        text.replace(position, size, after);
+    if (position < 0)
+        return;
+    text.replace(position, size, after);
+    if (!map)
+        return;
+    TextMap::Step step;
+    step.append(position + after.size(), position + size);
+    map->append(step);
 }
 
 /// Where the line begins if only blanks and tabs stand before the position, else -1.
@@ -21,13 +27,14 @@ int startOfBlankLine(const QString &text, int position)
 }
 } // namespace
 
-QString ScenarioText::removeBlockComments(const QString &text)
+QString ScenarioText::removeBlockComments(const QString &text, TextMap *map)
 {
     const QLatin1String opening("/*");
     const QLatin1String closing("*/");
     // A cut can join a new opening from what stood on its two sides, so an opening is what ends in a
     // star after what is kept.
     QString kept;
+    TextMap::Step step;
     int position = 0;
     int star = text.indexOf(QLatin1Char('*'));
     while (star >= 0) {
@@ -42,15 +49,19 @@ QString ScenarioText::removeBlockComments(const QString &text)
         kept.append(text.midRef(position, star - position));
         kept.chop(opening.size() - 1);
         position = end + closing.size();
+        step.append(kept.size(), position);
         star = text.indexOf(QLatin1Char('*'), position);
     }
+    if (map)
+        map->append(step);
     return position == 0 ? text : kept + text.midRef(position);
 }
 
-QString ScenarioText::removeLineComments(const QString &text)
+QString ScenarioText::removeLineComments(const QString &text, TextMap *map)
 {
     const QLatin1String opening("//");
     QString kept;
+    TextMap::Step step;
     int position = 0;
     int found = indexOfMarker(text, opening);
     while (found >= 0) {
@@ -64,17 +75,20 @@ QString ScenarioText::removeLineComments(const QString &text)
             break;
         kept.append(text.midRef(position, start - position));
         position = end + 1;
+        step.append(kept.size(), position);
         found = indexOfMarker(text, opening, position);
     }
+    if (map)
+        map->append(step);
     return position == 0 ? text : kept + text.midRef(position);
 }
 
-QString ScenarioText::removeAssignment(QString text, const QString &variable)
+QString ScenarioText::removeAssignment(QString text, const QString &variable, TextMap *map)
 {
     const QString opening = QStringLiteral("var %1 = [").arg(variable);
-    replaceFirst(text, text.indexOf(opening), opening.size(), QLatin1String("["));
+    replaceFirst(text, text.indexOf(opening), opening.size(), QLatin1String("["), map);
     const QLatin1String closing("];");
-    replaceFirst(text, indexOfMarker(text, closing), closing.size(), QLatin1String("]"));
+    replaceFirst(text, indexOfMarker(text, closing), closing.size(), QLatin1String("]"), map);
     return text;
 }
 

@@ -35,11 +35,11 @@ class Scanner
 {
 public:
     Scanner(const QString &text, const QString &context, const TranslatableText::Translate &translate,
-            QStringList &errors)
+            QVector<TranslatableText::Failure> &failures)
         : mText(text)
         , mContext(context)
         , mTranslate(translate)
-        , mErrors(errors)
+        , mFailures(failures)
     { }
 
     struct Expression
@@ -80,7 +80,7 @@ private:
     const QString &mText;
     const QString &mContext;
     const TranslatableText::Translate &mTranslate;
-    QStringList &mErrors;
+    QVector<TranslatableText::Failure> &mFailures;
     // So a text of many calls with a separator at its end, or none, is not searched to its end for each.
     Separator mBlankSeparator{ kBlankSeparator };
     Separator mPlainSeparator{ kPlainSeparator };
@@ -88,9 +88,8 @@ private:
 
 Scanner::Expression Scanner::fail(int start, const QString &errorText)
 {
-    const QString remaining = mText.mid(start);
-    mErrors.append(errorText + remaining);
-    return { remaining, mText.size() };
+    mFailures.append({ errorText, start });
+    return { mText.mid(start), mText.size() };
 }
 
 Scanner::Expression Scanner::read(int start, int depth)
@@ -100,7 +99,7 @@ Scanner::Expression Scanner::read(int start, int depth)
     if (mText.at(start) == QLatin1Char('"'))
         return readPlainLiteral(start);
 
-    const int errorCount = mErrors.size();
+    const int failureCount = mFailures.size();
     Expression expression{ QString(), start };
     if (depth < kMaximumDepth && standsAt(start, kQsTr))
         expression = readQsTr(start);
@@ -108,7 +107,7 @@ Scanner::Expression Scanner::read(int start, int depth)
         expression = readNoop(start);
     else
         return fail(start, message(kNoString));
-    if (mErrors.size() == errorCount)
+    if (mFailures.size() == failureCount)
         readArguments(expression, depth);
     return expression;
 }
@@ -182,7 +181,7 @@ void Scanner::readArguments(Expression &expression, int depth)
         expression.literal = expression.literal.arg(value);
         if (argument.end >= mText.size() || mText.at(argument.end) != QLatin1Char(')')) {
             const QString text = message(QT_TRANSLATE_NOOP("TutorialManager", "not closed %1: "));
-            mErrors.append(text.arg(kArgument) + mText.midRef(expression.end));
+            mFailures.append({ text.arg(kArgument), expression.end });
             expression.end = mText.size();
             return;
         }
@@ -193,12 +192,13 @@ void Scanner::readArguments(Expression &expression, int depth)
 /// Replaces the expressions that begin with the marker. A literal that holds a marker is not looked
 /// at again, nor are the first skipped characters after it.
 QString replaceExpressions(const QString &text, const QLatin1String &marker, int skipped, const QString &context,
-                           const TranslatableText::Translate &translate, QStringList &errors)
+                           const TranslatableText::Translate &translate, QVector<TranslatableText::Failure> &failures,
+                           TextMap::Step *step = nullptr)
 {
     int start = indexOfMarker(text, marker);
     if (start < 0)
         return text;
-    Scanner scanner(text, context, translate, errors);
+    Scanner scanner(text, context, translate, failures);
     QString result;
     // A translation is longer than its key. Memory that isn't written to costs nothing.
     result.reserve(text.size() + text.size() / 2);
@@ -207,11 +207,27 @@ QString replaceExpressions(const QString &text, const QLatin1String &marker, int
         const Scanner::Expression expression = scanner.read(start);
         // Not as a sum, which would make room for just these two.
         result += text.midRef(copied, start - copied);
+        if (step)
+            step->append(result.size(), start);
         result += expression.literal;
         copied = expression.end;
+        if (step)
+            step->append(result.size(), copied);
     }
     result += text.midRef(copied);
     return result;
+}
+
+void tell(const QVector<TranslatableText::Failure> &failures, const QString &text, QStringList &errors)
+{
+    for (const TranslatableText::Failure &failure : failures)
+        errors.append(failure.message + text.midRef(failure.position));
+}
+
+void chopLineFeeds(QString &text)
+{
+    while (text.endsWith(QLatin1Char('\n')))
+        text.chop(1);
 }
 } // namespace
 
@@ -248,8 +264,10 @@ QString TranslatableText::unescapeString(const QString &text)
 QString TranslatableText::parseStringExpression(const QString &text, const QString &context, const Translate &translate,
                                                 QString &rest, QStringList &errors)
 {
-    Scanner scanner(text, context, translate, errors);
+    QVector<Failure> failures;
+    Scanner scanner(text, context, translate, failures);
     const Scanner::Expression expression = scanner.read(0);
+    tell(failures, text, errors);
     rest = text.mid(expression.end);
     return expression.literal;
 }
@@ -257,10 +275,30 @@ QString TranslatableText::parseStringExpression(const QString &text, const QStri
 QString TranslatableText::applyToScenario(const QString &text, const QString &context, const Translate &translate,
                                           QStringList &errors)
 {
-    QString result = replaceExpressions(text, kQsTr, 0, context, translate, errors);
-    result = replaceExpressions(result, kNoop, 0, context, translate, errors);
-    while (result.endsWith(QLatin1Char('\n')))
-        result.chop(1);
+    QVector<Failure> failures;
+    QString result = replaceExpressions(text, kQsTr, 0, context, translate, failures);
+    tell(failures, text, errors);
+    failures.clear();
+    const QString calls = result;
+    result = replaceExpressions(calls, kNoop, 0, context, translate, failures);
+    tell(failures, calls, errors);
+    chopLineFeeds(result);
+    return result;
+}
+
+QString TranslatableText::applyToScenario(const QString &text, const QString &context, const Translate &translate,
+                                          QVector<Failure> &failures, TextMap &map)
+{
+    QString result = text;
+    for (const QLatin1String &marker : { kQsTr, kNoop }) {
+        QVector<Failure> found;
+        TextMap::Step step;
+        result = replaceExpressions(result, marker, 0, context, translate, found, &step);
+        for (const Failure &failure : qAsConst(found))
+            failures.append({ failure.message, map.original(failure.position) });
+        map.append(step);
+    }
+    chopLineFeeds(result);
     return result;
 }
 
@@ -268,5 +306,8 @@ QString TranslatableText::applyToList(const QString &text, const QString &contex
                                       QStringList &errors)
 {
     constexpr int skipped = 2;
-    return replaceExpressions(text, kQsTr, skipped, context, translate, errors);
+    QVector<Failure> failures;
+    const QString result = replaceExpressions(text, kQsTr, skipped, context, translate, failures);
+    tell(failures, text, errors);
+    return result;
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "tool/TextMap.h"
+
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <functional>
 
@@ -35,6 +38,17 @@ QString parseStringExpression(const QString &text, const QString &context, const
 
 /// A whole scenario: all translation calls become literals, and line feeds at the end go.
 QString applyToScenario(const QString &text, const QString &context, const Translate &translate, QStringList &errors);
+
+/// What can't be read, in words, and where the text stands that can't.
+struct Failure
+{
+    QString message;
+    int position = 0;
+};
+
+/// The same, with the map led on to the text before. The failures stand where the map led to before.
+QString applyToScenario(const QString &text, const QString &context, const Translate &translate,
+                        QVector<Failure> &failures, TextMap &map);
 
 /// The list of tutorials: all qsTr calls become literals.
 QString applyToList(const QString &text, const QString &context, const Translate &translate, QStringList &errors);

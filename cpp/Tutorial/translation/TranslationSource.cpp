@@ -104,6 +104,15 @@ QHash<QString, TranslationSource::Messages> TranslationSource::readMessages(cons
     return contexts;
 }
 
+QHash<QString, int> TranslationSource::readLines(const QDomDocument &document, const QString &context)
+{
+    QHash<QString, int> lines;
+    const QHash<QString, QDomElement> messages = findMessages(findContexts(document, context));
+    for (auto message = messages.cbegin(); message != messages.cend(); ++message)
+        lines.insert(message.key(), message.value().lineNumber());
+    return lines;
+}
+
 void TranslationSource::writeMessages(QDomDocument &document, const QString &context, const QVector<Entry> &entries)
 {
     QVector<QDomElement> contexts = findContexts(document, context);

@@ -24,6 +24,10 @@ struct Entry
 /// that is both unfinished and empty.
 QHash<QString, Messages> readMessages(const QDomDocument &document);
 
+/// The lines of the file in which the messages of a context begin, by source text. A message that is not in force has
+/// one, too.
+QHash<QString, int> readLines(const QDomDocument &document, const QString &context);
+
 /// Sets translations of one context. A message that has the text already is left untouched; a new
 /// one goes to the end of the context. No message is made for a translation that is the source
 /// text, which is what a lookup gives without one.

@@ -1,0 +1,63 @@
+#include "check/ProblemText.h"
+
+#include "check/TutorialCheck.h"
+
+#include <QJsonValue>
+
+namespace
+{
+/// What programs read: the same in every language.
+QLatin1String severityWord(Problem::Severity severity)
+{
+    static const char *const words[] = { "error", "warning", "remark" };
+    return QLatin1String(words[int(severity)]);
+}
+} // namespace
+
+QString ProblemText::severity(Problem::Severity severity)
+{
+    switch (severity) {
+    case Problem::Severity::Error:
+        return TutorialCheck::tr("error");
+    case Problem::Severity::Warning:
+        return TutorialCheck::tr("warning");
+    case Problem::Severity::Remark:
+        break;
+    }
+    return TutorialCheck::tr("remark");
+}
+
+QString ProblemText::item(const Problem &problem)
+{
+    if (problem.itemId == -1)
+        return QString();
+    const QString id = QStringLiteral("#%1").arg(problem.itemId);
+    return problem.itemName.isEmpty() ? id : QStringLiteral("%1 (%2)").arg(problem.itemName, id);
+}
+
+QString ProblemText::line(const Problem &problem)
+{
+    QString text = problem.file;
+    if (problem.line > 0)
+        text += QLatin1Char(':') + QString::number(problem.line);
+    text += QLatin1String(": ") + severityWord(problem.severity) + QLatin1String(": ");
+    const QString name = item(problem);
+    if (!name.isEmpty())
+        text += name + QLatin1String(": ");
+    text += problem.text + QLatin1String(" [") + problem.rule + QLatin1Char(']');
+    // A name, or a value that a text quotes, may hold a line feed.
+    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
+QJsonObject ProblemText::json(const Problem &problem)
+{
+    return {
+        { QStringLiteral("file"), problem.file },
+        { QStringLiteral("line"), problem.line },
+        { QStringLiteral("severity"), severityWord(problem.severity) },
+        { QStringLiteral("rule"), problem.rule },
+        { QStringLiteral("id"), problem.itemId == -1 ? QJsonValue() : QJsonValue(problem.itemId) },
+        { QStringLiteral("name"), problem.itemName },
+        { QStringLiteral("text"), problem.text },
+    };
+}

@@ -1,0 +1,151 @@
+#include "check/ScenarioFile.h"
+
+#include "check/TutorialCheck.h"
+#include "tool/DataSupport.h"
+#include "TutorialEditor/ScenarioReader.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace
+{
+using Loss = LoadLosses::Loss;
+
+/// What the value of a key must be.
+QString wantedValue(const QString &key)
+{
+    const auto &fields = TutorialItemField::all();
+    const auto field = std::find_if(fields.begin(), fields.end(), [&key](const TutorialItemField &candidate) {
+        return candidate.name == key || candidate.olderName == key;
+    });
+    // In the order of the member's alternatives; what is no field is the mark of a folder.
+    switch (field == fields.end() ? 2 : field->member.index()) {
+    case 0:
+        return TutorialCheck::tr("The value of \"%1\" is left out: write a whole number.").arg(key);
+    case 1:
+        return TutorialCheck::tr("The value of \"%1\" is left out: write a text in quotes.").arg(key);
+    default:
+        return TutorialCheck::tr("The value of \"%1\" is left out: write true or false.").arg(key);
+    }
+}
+
+Problem problemOf(const Loss &loss)
+{
+    Problem problem;
+    problem.itemId = loss.id;
+    problem.itemName = loss.name;
+    switch (loss.kind) {
+    case Loss::Kind::Characters:
+        problem.rule = QStringLiteral("not-utf8");
+        problem.text = TutorialCheck::tr("The file holds characters that are not UTF-8: write them anew, as UTF-8.");
+        break;
+    case Loss::Kind::Trailing:
+        problem.rule = QStringLiteral("after-steps");
+        problem.text =
+            TutorialCheck::tr("What follows the list of steps is left out: take it into the list, or take it away.");
+        break;
+    case Loss::Kind::Element:
+        problem.rule = QStringLiteral("item-unreadable");
+        problem.text =
+            TutorialCheck::tr("This can't be read as an item, so that all of the item at the top is left out: "
+                              "write it as an item, or take it away.");
+        break;
+    case Loss::Kind::Children:
+        problem.rule = QStringLiteral("children-of-step");
+        problem.text = TutorialCheck::tr(
+            "What stands in this item is left out, since it is no folder: write \"folder\":true, or take it away.");
+        break;
+    case Loss::Kind::Value:
+        problem.rule = QStringLiteral("value-left-out");
+        problem.text = wantedValue(loss.key);
+        break;
+    case Loss::Kind::Id: // seen in the document, too
+        break;
+    }
+    return problem;
+}
+} // namespace
+
+ScenarioFile::~ScenarioFile()
+{
+    qDeleteAll(mDocument.mDataList);
+}
+
+bool ScenarioFile::read(const QString &filename, const TranslatableText::Translate &translate)
+{
+    QByteArray bytes;
+    if (!DataSupport::readFile(filename, bytes))
+        return false;
+    readBytes(filename, bytes, translate);
+    return true;
+}
+
+void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
+                             const TranslatableText::Translate &translate)
+{
+    mFilename = filename;
+    const QString script = ScenarioReader::decoded(bytes);
+    TextMap map;
+    QVector<TranslatableText::Failure> failures;
+    QString array = ScenarioReader::arrayOf(script, &map);
+    array = TranslatableText::applyToScenario(array, QString(), translate, failures, map);
+    mLines = ScenarioLines(script, array, map);
+
+    if (DataSupport::isDamaged(script, bytes)) {
+        Problem problem = problemOf({ Loss::Kind::Characters });
+        addProblem("not-utf8", problem.text, mLines.lineAt(script.indexOf(QChar::ReplacementCharacter)));
+    }
+    for (const TranslatableText::Failure &failure : qAsConst(failures)) {
+        addProblem("translation-call",
+                   TutorialCheck::tr("A translation call can't be read (%1): write it as qsTr(\"#12\"), with the id of "
+                                     "its step.")
+                       .arg(failure.message.trimmed()),
+                   mLines.lineAt(failure.position));
+    }
+    QStringList leftOut;
+    QVector<Loss> losses;
+    if (!ScenarioReader::read(array, mDocument, leftOut, &losses)) {
+        // A call that can't be read is none that JSON knows.
+        if (failures.isEmpty())
+            addSyntaxError(array);
+        return;
+    }
+    for (const Loss &loss : qAsConst(losses)) {
+        Problem problem = problemOf(loss);
+        if (problem.rule.isEmpty())
+            continue;
+        problem.file = mFilename;
+        problem.line = mLines.lineOfPlace(loss.element, loss.item, loss.key);
+        if (loss.kind == Loss::Kind::Trailing) {
+            QJsonParseError error;
+            QJsonDocument::fromJson(array.toUtf8(), &error);
+            problem.line = mLines.lineInArray(QString::fromUtf8(array.toUtf8().left(error.offset)).size());
+        }
+        mProblems.append(problem);
+    }
+}
+
+void ScenarioFile::addProblem(const char *rule, const QString &text, int line)
+{
+    mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Error, -1, QString(), text, mFilename, line });
+}
+
+void ScenarioFile::addSyntaxError(const QString &array)
+{
+    const QByteArray json = array.toUtf8();
+    QJsonParseError error;
+    QJsonDocument::fromJson(json, &error);
+    if (error.error == QJsonParseError::NoError) {
+        addProblem("no-list",
+                   TutorialCheck::tr("The file holds no list of steps: write \"var scenario = [\" before them, "
+                                     "and \"];\" after them."),
+                   mLines.lineInArray(0));
+        return;
+    }
+    const int position = QString::fromUtf8(json.constData(), qBound(0, error.offset, json.size())).size();
+    addProblem("syntax",
+               TutorialCheck::tr("The file can't be read from here on (%1): mend what stands here, or just before.")
+                   .arg(error.errorString()),
+               mLines.lineInArray(qMin(position, qMax(0, array.size() - 1))));
+}

@@ -1,0 +1,161 @@
+#include "check/ScenarioLines.h"
+
+#include <QJsonValue>
+
+#include <algorithm>
+
+ScenarioLines::ScenarioLines(const QString &script, const QString &array, const TextMap &map) : mArray(array), mMap(map)
+{
+    for (int i = script.indexOf(QLatin1Char('\n')); i >= 0; i = script.indexOf(QLatin1Char('\n'), i + 1))
+        mLineFeeds.append(i);
+    int position = 0;
+    skipSpace(position);
+    if (at(position) != QLatin1Char('['))
+        return;
+    ++position;
+    while (position < mArray.size()) {
+        skipSpace(position);
+        if (at(position) == QLatin1Char(']'))
+            return;
+        mElements.append(mItems.size());
+        scanItem(position);
+        skipSpace(position);
+        if (at(position) != QLatin1Char(','))
+            return;
+        ++position;
+    }
+}
+
+int ScenarioLines::lineAt(int position) const
+{
+    const auto before = std::lower_bound(mLineFeeds.begin(), mLineFeeds.end(), position);
+    return int(before - mLineFeeds.begin()) + 1;
+}
+
+int ScenarioLines::lineOfId(int id, int earlier) const
+{
+    const QVector<int> items = mItemsById.value(id);
+    return earlier < items.size() ? lineInArray(mItems.at(items.at(earlier))) : 0;
+}
+
+int ScenarioLines::lineOfPlace(int element, int item, const QString &key) const
+{
+    const int index = mElements.value(element, mItems.size()) + item;
+    if (index >= mItems.size())
+        return 0;
+    int position = mItems.at(index);
+    if (key.isEmpty() || at(position) != QLatin1Char('{'))
+        return lineInArray(position);
+    int line = lineInArray(position);
+    ++position;
+    QStringRef name;
+    for (int value = nextValue(position, name); value >= 0; value = nextValue(position, name)) {
+        if (name == key)
+            line = lineInArray(value);
+        skipValue(position);
+    }
+    return line;
+}
+
+void ScenarioLines::scanItem(int &position)
+{
+    const int index = mItems.size();
+    mItems.append(position);
+    if (at(position) != QLatin1Char('{')) {
+        skipValue(position);
+        return;
+    }
+    ++position;
+    int id = 0; // as the reader has it for an item without one
+    QStringRef key;
+    for (int value = nextValue(position, key); value >= 0; value = nextValue(position, key)) {
+        // Of two values of one key the last one counts.
+        if (key == QLatin1String("children")) {
+            mItems.resize(index + 1);
+            scanItems(position);
+            continue;
+        }
+        skipValue(position);
+        if (key == QLatin1String("id"))
+            id = QJsonValue(mArray.midRef(value, position - value).toDouble()).toInt();
+    }
+    mItemsById[id].append(index);
+}
+
+void ScenarioLines::scanItems(int &position)
+{
+    if (at(position) != QLatin1Char('[')) {
+        skipValue(position);
+        return;
+    }
+    ++position;
+    for (;;) {
+        skipSpace(position);
+        if (position >= mArray.size() || at(position) == QLatin1Char(']'))
+            break;
+        scanItem(position);
+        skipSpace(position);
+        if (at(position) != QLatin1Char(','))
+            break;
+        ++position;
+    }
+    ++position;
+}
+
+int ScenarioLines::nextValue(int &position, QStringRef &key) const
+{
+    skipSpace(position);
+    if (at(position) == QLatin1Char(',')) {
+        ++position;
+        skipSpace(position);
+    }
+    if (at(position) != QLatin1Char('"')) {
+        ++position;
+        return -1;
+    }
+    const int begin = position + 1;
+    skipString(position);
+    key = mArray.midRef(begin, position - 1 - begin);
+    skipSpace(position);
+    if (at(position) == QLatin1Char(':'))
+        ++position;
+    skipSpace(position);
+    return position;
+}
+
+void ScenarioLines::skipValue(int &position) const
+{
+    const auto isEnd = [](QChar character) {
+        return character == QLatin1Char(',') || character == QLatin1Char('}') || character == QLatin1Char(']');
+    };
+    int depth = 0;
+    while (position < mArray.size()) {
+        const QChar character = mArray.at(position);
+        if (depth == 0 && isEnd(character))
+            return;
+        if (character == QLatin1Char('"')) {
+            skipString(position);
+            continue;
+        }
+        if (character == QLatin1Char('{') || character == QLatin1Char('['))
+            ++depth;
+        else if (character == QLatin1Char('}') || character == QLatin1Char(']'))
+            --depth;
+        ++position;
+    }
+}
+
+void ScenarioLines::skipString(int &position) const
+{
+    for (++position; position < mArray.size() && mArray.at(position) != QLatin1Char('"'); ++position) {
+        if (mArray.at(position) == QLatin1Char('\\'))
+            ++position;
+    }
+    position = std::min(position + 1, mArray.size());
+}
+
+void ScenarioLines::skipSpace(int &position) const
+{
+    while (position < mArray.size() && mArray.at(position).isSpace())
+        ++position;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "tool/TextMap.h"
+
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+/// Where the items of a scenario stand in its file: a scan of the array, from which the map leads to the script. Lines
+/// count from 1.
+class ScenarioLines
+{
+public:
+    ScenarioLines() = default;
+    ScenarioLines(const QString &script, const QString &array, const TextMap &map);
+
+    /// The line of a position in the script.
+    int lineAt(int position) const;
+    /// The line of a position in the array.
+    int lineInArray(int position) const { return lineAt(mMap.original(position)); }
+    /// The line of the first item of that id, or of a later one of the same id; 0 for one that is not there.
+    int lineOfId(int id, int earlier = 0) const;
+    /// The line of an item by its place: the number of its element at the top and that of the items before it in there;
+    /// with a key that of its value. 0 for a place that is not there.
+    int lineOfPlace(int element, int item, const QString &key = QString()) const;
+
+private:
+    void scanItems(int &position);
+    void scanItem(int &position);
+    /// To the end of a value, or of the text.
+    void skipValue(int &position) const;
+    void skipString(int &position) const;
+    void skipSpace(int &position) const;
+    QChar at(int position) const { return position < mArray.size() ? mArray.at(position) : QChar(); }
+    /// The first character of the value of the next key, whose name goes to key; -1 at the end of the object.
+    int nextValue(int &position, QStringRef &key) const;
+
+    QString mArray;
+    TextMap mMap;
+    QVector<int> mLineFeeds; // of the script
+    QVector<int> mElements; // indexes into mItems
+    QVector<int> mItems; // the positions of the items in the array, in the order of the file
+    QHash<int, QVector<int>> mItemsById; // indexes into mItems
+};

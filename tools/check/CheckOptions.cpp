@@ -1,0 +1,62 @@
+#include "CheckOptions.h"
+
+#include <QCommandLineParser>
+#include <QLocale>
+
+namespace
+{
+QCommandLineOption option(const char *name, const char *description, const char *valueName = "")
+{
+    return QCommandLineOption(QLatin1String(name), QLatin1String(description), QLatin1String(valueName));
+}
+
+void addOptions(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(
+        QStringLiteral("Looks for what a learner would stumble over in tutorials, and prints a line for each:\n"
+                       "file:line: severity: what is wrong and what to do [rule].\n\n"
+                       "Exit code: 0 with nothing but remarks, 1 with problems, 2 for a file that can't be opened."));
+    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Scenario files, such as qml/Tutorial/X.js."),
+                                 QStringLiteral("FILE..."));
+    parser.addOptions({
+        option("help", "Show this help."),
+        option(
+            "translations",
+            "The folder of ja_JP.ts and en_US.ts. Default: the folder \"translations\" two levels above a file's own, "
+            "if there is one.",
+            "dir"),
+        option("json", "Print one JSON array of all problems."),
+        option("language", "Language of the texts: ja_JP or en_US. Default: that of the system.", "locale"),
+    });
+}
+
+QString systemLocale()
+{
+    return QLocale::system().language() == QLocale::Japanese ? QStringLiteral("ja_JP") : QStringLiteral("en_US");
+}
+} // namespace
+
+CheckOptions parseOptions(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    addOptions(parser);
+    CheckOptions options;
+    if (!parser.parse(arguments)) {
+        options.error = parser.errorText();
+        return options;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        options.help = parser.helpText();
+        return options;
+    }
+    options.files = parser.positionalArguments();
+    options.translations = parser.value(QStringLiteral("translations"));
+    options.json = parser.isSet(QStringLiteral("json"));
+    options.locale =
+        parser.isSet(QStringLiteral("language")) ? parser.value(QStringLiteral("language")) : systemLocale();
+    if (options.locale != QLatin1String("ja_JP") && options.locale != QLatin1String("en_US"))
+        options.error = QStringLiteral("--language takes ja_JP or en_US, not \"%1\".").arg(options.locale);
+    else if (options.files.isEmpty())
+        options.error = QStringLiteral("No file is named.");
+    return options;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What the command line asks for.
+struct CheckOptions
+{
+    QStringList files;
+    QString translations; ///< empty for what lies beside each file
+    QString locale; ///< of the texts
+    bool json = false;
+
+    QString help; ///< to be printed, instead of anything else
+    QString error; ///< what is wrong with the command line
+};
+
+CheckOptions parseOptions(const QStringList &arguments);
