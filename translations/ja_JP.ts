@@ -254,6 +254,90 @@ Change %2 to %1 ?</source>
             <source>remark</source>
             <translation>参考</translation>
         </message>
+        <message>
+            <source>Japanese</source>
+            <translation>日本語</translation>
+        </message>
+        <message>
+            <source>English</source>
+            <translation>英語</translation>
+        </message>
+        <message>
+            <source>The hint has the same words in both languages: translate it.</source>
+            <translation>ヒントが両方の言語で同じです。翻訳してください。</translation>
+        </message>
+        <message>
+            <source>The hint in %1 is %2 pixels high, and its window has room for %3: shorten it, or make two steps of it.</source>
+            <translation>%1のヒントの高さは %2 ピクセルですが、ウィンドウには %3 ピクセルしか入りません。短くするか、項目を二つに分けてください。</translation>
+        </message>
+        <message>
+            <source>The hint has changed since it was translated into %1: look at the translation.</source>
+            <translation>%1に翻訳した後でヒントが変わりました。翻訳を見直してください。</translation>
+        </message>
+        <message>
+            <source>The name</source>
+            <translation>名前</translation>
+        </message>
+        <message>
+            <source>The key of the control</source>
+            <translation>コントロールのキー</translation>
+        </message>
+        <message>
+            <source>The condition</source>
+            <translation>条件</translation>
+        </message>
+        <message>
+            <source>The name of the icon</source>
+            <translation>アイコン名</translation>
+        </message>
+        <message>
+            <source>The command</source>
+            <translation>コマンド</translation>
+        </message>
+        <message>
+            <source>%1 holds "%2", with which the saved file could not be read again: write it without.</source>
+            <translation>%1に "%2" が含まれるため、保存したファイルを読み直せなくなります。取り除いてください。</translation>
+        </message>
+        <message>
+            <source>Another item has the id #%1, too, so that both are one: give one of them an id of its own.</source>
+            <translation>ID #%1 の項目が他にもあり、同じ項目として扱われます。どちらかに別の ID を付けてください。</translation>
+        </message>
+        <message>
+            <source>#%1 has the same name: give one of them another.</source>
+            <translation>#%1 と名前が同じです。どちらかを別の名前にしてください。</translation>
+        </message>
+        <message>
+            <source>Only one of x and y has a value: give the step both, or neither for no place.</source>
+            <translation>X と Y の片方だけに値があります。両方に値を入れるか、位置が不要なら両方とも外してください。</translation>
+        </message>
+        <message>
+            <source>The place (%1, %2) is on no screen: take it over from the mouse again.</source>
+            <translation>位置 (%1, %2) はどの画面にもありません。もう一度マウスから取り込んでください。</translation>
+        </message>
+        <message>
+            <source>The place (%1, %2) is outside of the host editor's window: take it over from the mouse again.</source>
+            <translation>位置 (%1, %2) はホストエディターのウィンドウの外です。もう一度マウスから取り込んでください。</translation>
+        </message>
+        <message>
+            <source>No icon is called "%1", so that none is shown: choose one of %2.</source>
+            <translation>"%1" というアイコンはないため、何も表示されません。%2 から選んでください。</translation>
+        </message>
+        <message>
+            <source>The host editor has not reported "%1" since the program was started: see whether the key is right, or open the window that the control is in.</source>
+            <translation>プログラムの起動後、ホストエディターから "%1" の報告がありません。キーが正しいか確かめるか、コントロールのあるウィンドウを開いてください。</translation>
+        </message>
+        <message>
+            <source>There is no hint: write one, or a blank if none is to be shown.</source>
+            <translation>ヒントがありません。ヒントを書くか、表示しない場合は空白を一つ入れてください。</translation>
+        </message>
+        <message>
+            <source>The hint is missing in %1: write it.</source>
+            <translation>%1のヒントがありません。書いてください。</translation>
+        </message>
+        <message>
+            <source>No hint is there in %1 yet: translate them for learners who read it.</source>
+            <translation>%1のヒントがまだ一つもありません。その言語で学ぶ人のために翻訳してください。</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEditor::Manager</name>

@@ -2,6 +2,7 @@
 
 #include "model/DocumentContext.h"
 #include "model/EditHistory.h"
+#include "model/StepIcon.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
 #include "TutorialEditor/ScenarioReader.h"
@@ -218,12 +219,7 @@ void Manager::dropRecords()
 
 QString Manager::getStepIconPath(int index)
 {
-    static const QStringList files = { QStringLiteral("click.png"),       QStringLiteral("double_click.png"),
-                                       QStringLiteral("right_click.png"), QStringLiteral("eye.png"),
-                                       QStringLiteral("wait.png"),        QStringLiteral("keyboard.png") };
-    if (index < 0 || index >= files.size())
-        return QString();
-    return QStringLiteral(":/resource/png/%1").arg(files.at(index));
+    return StepIcon::picture(index);
 }
 
 void Manager::focusActionId(int id)

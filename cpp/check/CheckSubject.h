@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+class HintSizes;
+
 /// A tutorial with what is known of it when it is checked. What is not known is not looked at.
 struct CheckSubject
 {
@@ -25,6 +27,8 @@ struct CheckSubject
     QVector<Language> languages; ///< the first one is that of the writer; empty where no translation is known
     /// Steps whose first hint has changed since the second one was made from it.
     QSet<int> staleIds;
+    /// Not owned. A hint that is not measured yet, and all if this is null, is taken to fit.
+    const HintSizes *hintSizes = nullptr;
     /// The steps that a way reached when the tutorial was saved, Walk::reachedIds of then; empty where none was.
     QSet<int> reachedAtSave;
     /// The keys of windows and controls that a host editor has reported, with their places on the screen.

@@ -1,8 +1,10 @@
 #include "check/TutorialFiles.h"
 
+#include "check/HintRules.h"
 #include "check/TutorialCheck.h"
 #include "tool/DataSupport.h"
 #include "Tutorial/translation/HintMerge.h"
+#include "Tutorial/translation/StaleHints.h"
 #include "Tutorial/translation/TranslationXml.h"
 
 #include <QDir>
@@ -52,6 +54,10 @@ void TutorialFiles::readBytes(const QString &scenario, const QByteArray &bytes)
     mSubject.file = scenario;
     HintMerge::readHints(mScenario.document(), &TutorialItemData::mHint2,
                          mMessages.value(kSecondLocale).value(mContext));
+    for (const TutorialItemData *record : qAsConst(mScenario.document().mDataList)) {
+        if (mStaleKeys.contains(StaleHints::key(record->mId)))
+            mSubject.staleIds.insert(record->mId);
+    }
 }
 
 QString TutorialFiles::readLanguage(const QString &locale, const QString &folder)
@@ -76,9 +82,17 @@ QString TutorialFiles::readLanguage(const QString &locale, const QString &folder
     }
     const bool first = locale == kFirstLocale;
     mSubject.languages.append({ locale, file, first ? &TutorialItemData::mHint : &TutorialItemData::mHint2 });
+    if (!first)
+        mStaleKeys = TranslationSource::staleSources(document, mContext);
     mMessages.insert(locale, TranslationSource::readMessages(document));
     mLines.insert(file, TranslationSource::readLines(document, mContext));
     return QString();
+}
+
+void TutorialFiles::measureHints()
+{
+    mHintSizes.measure(HintRules::hints(mSubject));
+    mSubject.hintSizes = &mHintSizes;
 }
 
 QVector<Problem> TutorialFiles::problems() const
@@ -95,7 +109,7 @@ QVector<Problem> TutorialFiles::problems() const
 
 void TutorialFiles::place(Problem &problem, QHash<int, int> &seen) const
 {
-    problem.line = mLines.value(problem.file).value(QStringLiteral("#%1").arg(problem.itemId));
+    problem.line = mLines.value(problem.file).value(StaleHints::key(problem.itemId));
     if (problem.line > 0)
         return;
     problem.file = mSubject.file;

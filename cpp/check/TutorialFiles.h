@@ -1,6 +1,7 @@
 #pragma once
 
 #include "check/CheckSubject.h"
+#include "check/HintSizes.h"
 #include "check/Problem.h"
 #include "check/ScenarioFile.h"
 #include "Tutorial/translation/TranslationSource.h"
@@ -22,6 +23,9 @@ public:
     /// Where the translation sources lie beside a scenario, as the resource tree and the writer's folder have them.
     static QString translationsOf(const QString &scenario);
 
+    /// Lays all hints out, so that those that are too high are found. Needs an application with widgets.
+    void measureHints();
+
     /// All problems, each with its file and line: those of the files first, then those of the steps in their order.
     QVector<Problem> problems() const;
     /// The tutorial as the rules see it. It ends with this object.
@@ -34,6 +38,8 @@ private:
     QString mContext; // the name of the tutorial, under which its hints stand
     ScenarioFile mScenario;
     CheckSubject mSubject;
+    HintSizes mHintSizes;
+    QSet<QString> mStaleKeys;
     QVector<Problem> mProblems; // of the translation sources
     QHash<QString, QHash<QString, TranslationSource::Messages>> mMessages; // by locale and context
     QHash<QString, QHash<QString, int>> mLines; // of the messages, by file and source text

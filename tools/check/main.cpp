@@ -50,6 +50,7 @@ int run(const CheckOptions &options)
             result = kUnreadable;
             continue;
         }
+        tutorial.measureHints();
         const QVector<Problem> problems = tutorial.problems();
         for (const Problem &problem : problems) {
             if (options.json)

@@ -11,6 +11,7 @@ namespace GuidanceGeometry
 {
 const int kNoPosition = -9999; ///< in x and y: the step has no target
 const int kArrowSize = 128; ///< width and height of the arrow's picture, whether it loaded or not
+const QPoint kArrowTip(38, 133); ///< at rest and not flipped, in the tooltip window
 const int kTextWidth = 256;
 const int kTextTop = 56; ///< the icon's row is above
 const int kIconSize = 56; ///< the largest icon's width and height

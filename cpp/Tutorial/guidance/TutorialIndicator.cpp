@@ -3,7 +3,7 @@
 #include "tool/Log.h"
 #include "Tutorial/guidance/GuidanceContext.h"
 #include "Tutorial/guidance/GuidanceGeometry.h"
-#include "Tutorial/guidance/HintText.h"
+#include "Tutorial/guidance/HintView.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 #include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowPlatform.h"
@@ -102,8 +102,7 @@ void TutorialIndicator::setHint(const QString &hint)
     }
     if (!mHintDocument)
         mHintDocument = std::make_unique<QTextDocument>();
-    mHintDocument->setHtml(HintText::toRichText(HintText::visiblePart(hint)));
-    mTooltip->mTextEdit->setDocument(mHintDocument.get());
+    HintView::show(mTooltip->mTextEdit, mHintDocument.get(), hint);
     mTooltip->mTextEdit->show();
     mHintChanged = true;
 }
@@ -217,7 +216,7 @@ bool TutorialIndicator::measureHint()
         return false;
     mHintChanged = false;
     if (mTooltip) {
-        mHintHeight = int(mTooltip->mTextEdit->document()->size().height());
+        mHintHeight = HintView::height(mTooltip->mTextEdit);
         mTooltip->mTextEdit->setFixedHeight(mHintHeight);
     }
     return true;

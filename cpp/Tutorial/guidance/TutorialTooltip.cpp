@@ -5,6 +5,7 @@
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/GuidanceStep.h"
 #include "Tutorial/guidance/HintText.h"
+#include "Tutorial/guidance/HintView.h"
 #include "Tutorial/guidance/OverlayWindow.h"
 #include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowShape.h"
@@ -32,14 +33,7 @@ TutorialTooltip::TutorialTooltip(QWidget *parent)
     , mTextEdit(new QTextEdit(this))
 {
     Q_ASSERT(mIndicator);
-    mTextEdit->setFixedSize(kTextWidth, mIndicator->mHintHeight);
-    mTextEdit->setGeometry(QRect(textPlace(false), QSize(kTextWidth, mIndicator->mHintHeight)));
-    mTextEdit->setLineWrapMode(QTextEdit::WidgetWidth);
-    mTextEdit->setAutoFormatting(QTextEdit::AutoAll);
-    mTextEdit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    mTextEdit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
+    HintView::setUp(mTextEdit, mIndicator->mHintHeight);
 
     if (mIndicator->mHint.isEmpty()) {
         mTextEdit->hide();
