@@ -19,20 +19,6 @@ namespace
 {
 int endCode = 1;
 
-QTemporaryDir &home()
-{
-    static QTemporaryDir folder;
-    return folder;
-}
-
-// The window's own end of the process must not pass for a passed test, nor leave what the test has made.
-void endProcess()
-{
-    home().remove();
-    QLocalServer::removeServer(HostMessages::serverName(QCoreApplication::arguments().value(1)));
-    std::_Exit(endCode);
-}
-
 QPoint centre(const QQuickItem *item)
 {
     return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
@@ -52,18 +38,23 @@ QList<QQuickItem *> visibleItems(QQuickItem *item)
 
 std::unique_ptr<QApplication> AuthoringTest::makeApplication(char *program)
 {
-    static QByteArray suffix = QByteArrayLiteral("-screens-") + QByteArray::number(qHash(home().path()));
+    static QByteArray suffix = "-screens-" + QByteArray::number(QCoreApplication::applicationPid());
     static int count = 2;
     static char *arguments[] = { program, suffix.data(), nullptr };
-    qputenv("XDG_CONFIG_HOME", home().path().toLocal8Bit());
-    qputenv("XDG_DATA_HOME", home().path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", mFolder.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", mFolder.path().toLocal8Bit());
     auto application = std::make_unique<QApplication>(count, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
     QLocale::setDefault(QLocale::c());
     new ModalGuard(application.get());
     applicationObject = application.get();
-    closeLogFileHook = endProcess;
+    // The window's own end of the process must not pass for a passed test, nor leave what the test has made.
+    closeLogFileHook = [] {
+        mFolder.remove();
+        QLocalServer::removeServer(HostMessages::serverName(QCoreApplication::arguments().value(1)));
+        std::_Exit(endCode);
+    };
     registerQmlTypes();
     return application;
 }
@@ -72,8 +63,6 @@ int AuthoringTest::endByClosing()
 {
     constexpr int kStillThere = 99;
     endCode = 0;
-    QDir::setCurrent(QDir::rootPath());
-    mFolder.remove();
     mWindow->close();
     if (saveQuestion())
         answerSaveQuestion("no");
@@ -86,12 +75,12 @@ void AuthoringTest::initTestCase()
     mWarnings.begin();
     // What the history says of itself at its start.
     mWarnings.expect(QStringLiteral("UndoRedo::UndoRedo"));
+    mWarnings.expect(QStringLiteral("translation file not found"), 2);
     QCOMPARE(mHost.listen(QCoreApplication::arguments().value(1)), QString());
-    QDir::setCurrent(mFolder.path());
+    QDir(mFolder.path()).mkdir(QStringLiteral("project"));
+    QDir::setCurrent(mFolder.filePath(QStringLiteral("project")));
     for (const QString &name : { kTutorial, kJapanese })
         QVERIFY(QDir().mkpath(QFileInfo(name).path()));
-    for (const QString &name : { kJapanese, kEnglish })
-        writeAll(name, TranslationSource::emptyDocument(QFileInfo(name).baseName()).toByteArray());
     connect(&mHost, &ProgramLink::received, this, [this](const QStringList &fields) {
         if (fields.first() == HostMessages::ToHost::kStart)
             mStarts += fields.last();
@@ -127,6 +116,8 @@ void AuthoringTest::load(const QString &shape)
                        "\"condition\":\"click\",\"hint\":qsTr(\"#\\1\"),\"icon\":\"eye\",\"showArrow\":true}"));
     text.replace(QRegularExpression(QStringLiteral("(\\d+)\\[")),
                  QStringLiteral("{\"id\":\\1,\"name\":\"name\\1\",\"folder\":true,\"children\":["));
+    for (const QString &name : { kJapanese, kEnglish })
+        writeAll(name, TranslationSource::emptyDocument(QFileInfo(name).baseName()).toByteArray());
     writeAll(kTutorial, "var scenario = [" + text.toUtf8() + "];");
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
     QVERIFY(activate());

@@ -129,7 +129,7 @@ private:
     /// Waits until the menu is open and goes to an entry by keys; closes it where that is off.
     void chooseFrom(QObject *menu, const char *entry) const;
 
-    QTemporaryDir mFolder;
+    static inline QTemporaryDir mFolder;
     QQmlApplicationEngine mEngine;
     QPoint mMouse;
 };

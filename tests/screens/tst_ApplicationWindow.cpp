@@ -55,61 +55,45 @@ void tst_ApplicationWindow::loadModified()
 
 void tst_ApplicationWindow::menus()
 {
-    // The entries by text and key, in order, and of the tree's own menu the last; or those that are disabled.
-    const auto entries = [this](bool all) {
+    // What is disabled in the menus, in that of the tree and below it.
+    const auto disabled = [this] {
         QStringList texts;
         for (QObject *menu : AuthoringTest::menus()) {
-            QQmlListReference list(menu, "items");
-            for (int i = 0; i < list.count(); ++i) {
-                const QVariant shortcut = list.at(i)->property("shortcut");
-                const QString text = list.at(i)->property("text").toString();
-                if (shortcut.isValid() && all)
-                    texts.append(text + QLatin1Char(':') + shortcut.toString());
-                else if (shortcut.isValid() && !list.at(i)->property("enabled").toBool())
-                    texts.append(text);
+            QQmlListReference entries(menu, "items");
+            for (int i = 0; i < entries.count(); ++i) {
+                // A separator has no text.
+                const QVariant text = entries.at(i)->property("text");
+                if (text.isValid() && !entries.at(i)->property("enabled").toBool())
+                    texts.append(text.toString());
             }
+        }
+        for (const char *button : { "undoButton", "redoButton", "saveButton" }) {
+            if (!item(button)->isEnabled())
+                texts.append(QLatin1String(button));
         }
         return texts.join(QLatin1Char(' '));
     };
-    const auto buttons = [this] {
-        return QStringLiteral("%1%2%3")
-            .arg(item("undoButton")->isEnabled())
-            .arg(item("redoButton")->isEnabled())
-            .arg(item("saveButton")->isEnabled());
-    };
     managerInstance->clearMimeData();
     load(kShape);
-    const auto key = [](QKeySequence::StandardKey standard) { return QKeySequence(standard).toString(); };
-    QCOMPARE(entries(true),
-             QStringLiteral("&Open tutorial:Ctrl+O Close tutorial:%1 Save tutorial:Ctrl+S Open tutorial folder: "
-                            "Exit:%2 &Add folder: Create &item: Copy:Ctrl+C Cut:Ctrl+X Paste:Ctrl+V Delete:Del "
-                            "&Undo:Ctrl+Z &Redo:%3 Start tutorial:F5 Start current:F6 Check tutorial:F8 &Version: &License: "
-                            "Tutorial &event: Add folder: Add item: Copy: Cut: Paste: Delete:")
-                 .arg(key(QKeySequence::Close), key(QKeySequence::Quit), key(QKeySequence::Redo)));
     selectInTree(9);
-    QCOMPARE(entries(false), QStringLiteral("Paste &Undo &Redo Paste"));
+    QCOMPARE(disabled(), QStringLiteral("Paste &Undo &Redo Paste undoButton redoButton"));
     click(-1);
-    QCOMPARE(entries(false), QStringLiteral("Copy Cut Paste Delete &Undo &Redo Copy Cut Paste Delete"));
+    QCOMPARE(disabled(),
+             QStringLiteral("Copy Cut Paste Delete &Undo &Redo Copy Cut Paste Delete undoButton redoButton"));
     click(9);
-    press(QKeySequence::Copy);
-    QCOMPARE(entries(false), QStringLiteral("&Undo &Redo"));
-    QCOMPARE(buttons(), QStringLiteral("001"));
-    press(Qt::Key_Delete);
+    press(QKeySequence::Cut);
     settle();
     press(QKeySequence::Save);
-    QCOMPARE(entries(false), QStringLiteral("&Redo"));
-    QCOMPARE(buttons(), QStringLiteral("101"));
+    QCOMPARE(disabled(), QStringLiteral("&Redo redoButton"));
     undo();
     settle();
-    QCOMPARE(entries(false), QStringLiteral("&Undo"));
-    QCOMPARE(buttons(), QStringLiteral("011"));
+    QCOMPARE(disabled(), QStringLiteral("&Undo undoButton"));
     item("condition")->forceActiveFocus();
-    QCOMPARE(entries(false), QStringLiteral("&Add folder Create &item Copy Cut Paste Delete &Undo"));
+    QCOMPARE(disabled(), QStringLiteral("&Add folder Create &item Copy Cut Paste Delete &Undo undoButton"));
     managerInstance->unload();
-    QTRY_COMPARE(entries(false),
-                 QStringLiteral("Close tutorial Save tutorial &Add folder Create &item Copy Cut Paste "
-                                "Delete &Undo &Redo Start tutorial Start current Copy Cut Delete"));
-    QCOMPARE(buttons(), QStringLiteral("000"));
+    QTRY_COMPARE(disabled(),
+                 QStringLiteral("Close tutorial Save tutorial &Add folder Create &item Copy Cut Paste Delete &Undo "
+                                "&Redo Start tutorial Start current Copy Cut Delete undoButton redoButton saveButton"));
 }
 
 void tst_ApplicationWindow::entriesOfNoScreen()

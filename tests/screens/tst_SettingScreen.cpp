@@ -1,8 +1,6 @@
 #include "AuthoringTest.h"
 
-#include "support/FileBytes.h"
 #include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/TutorialManager.h"
 #include "UndoRedo/UndoRedo.h"
 
@@ -10,19 +8,6 @@
 #include <QClipboard>
 
 using namespace HostMessages;
-
-namespace
-{
-const QString kContext = QStringLiteral("Sample");
-
-QString savedHint(const QString &path, int id)
-{
-    QDomDocument document;
-    if (!document.setContent(readAll(path)))
-        return QStringLiteral("no document");
-    return TranslationSource::readMessages(document).value(kContext).value(QStringLiteral("#%1").arg(id));
-}
-} // namespace
 
 /// The settings of an item and the event dialog.
 class tst_SettingScreen : public AuthoringTest
@@ -51,13 +36,6 @@ private:
 void tst_SettingScreen::init()
 {
     AuthoringTest::init();
-    for (const QString &path : { kJapanese, kEnglish }) {
-        const QString locale = QFileInfo(path).baseName();
-        QDomDocument document = TranslationSource::emptyDocument(locale);
-        TranslationSource::writeMessages(document, kContext,
-                                         { { QStringLiteral("#2"), locale + QStringLiteral(" 2") } });
-        writeAll(path, document.toByteArray());
-    }
     managerInstance->setLocale(QStringLiteral("ja_JP"));
     load(QStringLiteral("1[2 3] 4[5]"));
     select(2);
@@ -281,8 +259,6 @@ void tst_SettingScreen::localeIsSwitched()
         QTRY_COMPARE(shown(switched ? "hint2.edit" : "hint.edit"), text);
         QCOMPARE(shown(switched ? "hint.edit" : "hint2.edit"), QString());
         QCOMPARE(managerInstance->isModified(), !switched);
-        QCOMPARE(savedHint(kJapanese, 2), switched ? text : QStringLiteral("ja_JP 2"));
-        QCOMPARE(savedHint(kEnglish, 2), switched ? QString() : QStringLiteral("en_US 2"));
     }
     // The item stays, and the folders open.
     QCOMPARE(currentId(), 2);
@@ -298,16 +274,14 @@ void tst_SettingScreen::missingHintsAreMarked()
             .arg(item("hintLabel.missing")->isVisible())
             .arg(item("hint2Label.missing")->isVisible());
     };
+    QCOMPARE(marks(), QStringLiteral("1 1"));
+    typeInto("hint.edit", QStringLiteral("a"));
+    typeInto("hint2.edit", QStringLiteral("b"));
     QCOMPARE(marks(), QStringLiteral("0 0"));
-    click(item("hint.edit"));
-    press(QKeySequence::SelectAll);
-    press(Qt::Key_Delete);
-    QCOMPARE(marks(), QStringLiteral("1 0"));
+    press(Qt::Key_Backspace);
+    QCOMPARE(marks(), QStringLiteral("0 1"));
     click(item("undoButton"));
     QTRY_COMPARE(marks(), QStringLiteral("0 0"));
-    select(3);
-    QCOMPARE(shown("hint2.edit"), QStringLiteral("#3"));
-    QCOMPARE(marks(), QStringLiteral("1 1"));
     select(1);
     QCOMPARE(marks(), QStringLiteral("0 0"));
 }
