@@ -22,6 +22,10 @@ packages_to_run=(
 # shellcheck disable=SC2034
 packages_without_display=(xvfb openbox picom xdotool x11-utils)
 
+# Draws the map of a tutorial.
+# shellcheck disable=SC2034
+packages_to_draw=(graphviz)
+
 # shellcheck disable=SC2034
 packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3)
 

@@ -338,6 +338,78 @@ Change %2 to %1 ?</source>
             <source>No hint is there in %1 yet: translate them for learners who read it.</source>
             <translation>%1のヒントがまだ一つもありません。その言語で学ぶ人のために翻訳してください。</translation>
         </message>
+        <message>
+            <source>The map needs Graphviz, which is not there: install it, or have the map written to a file whose name ends in .dot.</source>
+            <translation>マップを描くには Graphviz が必要です。インストールするか、名前が .dot で終わるファイルに書き出してください。</translation>
+        </message>
+        <message>
+            <source>Graphviz was stopped after a minute: the tutorial has too many jumps for a map.</source>
+            <translation>1 分待っても Graphviz が終わらないので止めました。マップにするにはジャンプが多すぎます。</translation>
+        </message>
+        <message>
+            <source>Graphviz could not draw the map: %1</source>
+            <translation>Graphviz がマップを描けませんでした: %1</translation>
+        </message>
+        <message>
+            <source>Start</source>
+            <translation>開始</translation>
+        </message>
+        <message>
+            <source>End</source>
+            <translation>終了</translation>
+        </message>
+        <message>
+            <source>(no step)</source>
+            <translation>(項目なし)</translation>
+        </message>
+        <message>
+            <source>Yes</source>
+            <translation>はい</translation>
+        </message>
+        <message>
+            <source>No</source>
+            <translation>いいえ</translation>
+        </message>
+        <message>
+            <source>steps: %1, ways: %2, ends: %3</source>
+            <translation>項目: %1、道筋: %2、終わり: %3</translation>
+        </message>
+        <message>
+            <source>problems: %1</source>
+            <translation>問題: %1</translation>
+        </message>
+        <message>
+            <source>steps: %1, shown: %2, reached: %3</source>
+            <translation>項目: %1、表示: %2、到達: %3</translation>
+        </message>
+        <message>
+            <source>reached by no way: %1</source>
+            <translation>どの道も来ない項目: %1</translation>
+        </message>
+        <message>
+            <source>ways: %1</source>
+            <translation>道筋: %1</translation>
+        </message>
+        <message>
+            <source>longest way, with %1 different steps: %2</source>
+            <translation>最長の道筋、異なる項目 %1 個: %2</translation>
+        </message>
+        <message>
+            <source>circle: %1</source>
+            <translation>輪: %1</translation>
+        </message>
+        <message>
+            <source>circle that no way leaves: %1</source>
+            <translation>抜ける道のない輪: %1</translation>
+        </message>
+        <message>
+            <source>and %1 more ends</source>
+            <translation>ほかに終わりが %1 個</translation>
+        </message>
+        <message>
+            <source>end: #%1 %2, shortest way, with %3 steps: %4</source>
+            <translation>終わり: #%1 %2、最短の道筋、項目 %3 個: %4</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEditor::Manager</name>

@@ -25,7 +25,12 @@ void addOptions(QCommandLineParser &parser)
             "The folder of ja_JP.ts and en_US.ts. Default: the folder \"translations\" two levels above a file's own, "
             "if there is one.",
             "dir"),
-        option("json", "Print one JSON array of all problems."),
+        option("json", "Print one JSON array of all problems; with --walk an object of \"problems\" and \"walks\"."),
+        option("walk", "Also tell of the ways through each tutorial: ends, the shortest way to each, the longest one."),
+        option("map",
+               "Also draw the tutorial into that file, as SVG by Graphviz, or as Graphviz text if its name ends in "
+               ".dot.",
+               "file"),
         option("language", "Language of the texts: ja_JP or en_US. Default: that of the system.", "locale"),
     });
 }
@@ -52,11 +57,15 @@ CheckOptions parseOptions(const QStringList &arguments)
     options.files = parser.positionalArguments();
     options.translations = parser.value(QStringLiteral("translations"));
     options.json = parser.isSet(QStringLiteral("json"));
+    options.walk = parser.isSet(QStringLiteral("walk"));
+    options.map = parser.value(QStringLiteral("map"));
     options.locale =
         parser.isSet(QStringLiteral("language")) ? parser.value(QStringLiteral("language")) : systemLocale();
     if (options.locale != QLatin1String("ja_JP") && options.locale != QLatin1String("en_US"))
         options.error = QStringLiteral("--language takes ja_JP or en_US, not \"%1\".").arg(options.locale);
     else if (options.files.isEmpty())
         options.error = QStringLiteral("No file is named.");
+    else if (parser.isSet(QStringLiteral("map")) && (options.map.isEmpty() || options.files.size() > 1))
+        options.error = QStringLiteral("--map takes the name of a file, for the map of one tutorial.");
     return options;
 }

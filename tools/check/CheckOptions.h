@@ -10,6 +10,8 @@ struct CheckOptions
     QString translations; ///< empty for what lies beside each file
     QString locale; ///< of the texts
     bool json = false;
+    bool walk = false; ///< tell of the ways too
+    QString map; ///< the file that gets the map; empty for none
 
     QString help; ///< to be printed, instead of anything else
     QString error; ///< what is wrong with the command line

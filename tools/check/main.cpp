@@ -1,6 +1,12 @@
+#include "check/MapPicture.h"
 #include "check/ProblemText.h"
+#include "check/StepGraph.h"
 #include "check/TutorialFiles.h"
+#include "check/TutorialMap.h"
+#include "check/Walk.h"
+#include "check/WalkReport.h"
 #include "CheckOptions.h"
+#include "tool/DataSupport.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -33,6 +39,18 @@ QString translationsOf(const QString &file, const CheckOptions &options)
     return options.translations.isEmpty() ? TutorialFiles::translationsOf(file) : options.translations;
 }
 
+/// Writes the map of a tutorial. The result is empty, or tells what went wrong.
+QString draw(const TutorialFiles &tutorial, const StepGraph &graph, const Walk &walk, const QVector<Problem> &problems,
+             const QString &title, const QString &file)
+{
+    const QString dot = TutorialMap::dot(*tutorial.subject().document, graph, walk, problems, title);
+    QString error;
+    const QByteArray bytes = file.endsWith(QLatin1String(".dot")) ? dot.toUtf8() : MapPicture::svg(dot, error);
+    if (error.isEmpty() && !DataSupport::writeFile(file, bytes))
+        error = file;
+    return error;
+}
+
 /// Reads and reports all files. The result is the exit code.
 int run(const CheckOptions &options)
 {
@@ -42,6 +60,7 @@ int run(const CheckOptions &options)
     }
     int result = 0;
     QJsonArray all;
+    QJsonArray walks;
     for (const QString &file : options.files) {
         TutorialFiles tutorial;
         const QString unreadable = tutorial.read(file, translationsOf(file, options));
@@ -60,9 +79,29 @@ int run(const CheckOptions &options)
             if (problem.severity != Problem::Severity::Remark)
                 result = std::max(result, kProblems);
         }
+        const StepGraph graph(*tutorial.subject().document);
+        const Walk walk(graph);
+        if (options.walk && options.json) {
+            QJsonObject report = WalkReport::json(graph, walk);
+            report.insert(QStringLiteral("file"), file);
+            walks.append(report);
+        } else if (options.walk) {
+            print(file + QLatin1String(":\n") + WalkReport::text(graph, walk).trimmed());
+        }
+        if (options.map.isEmpty())
+            continue;
+        const QString error = draw(tutorial, graph, walk, problems, QFileInfo(file).completeBaseName(), options.map);
+        if (!error.isEmpty()) {
+            std::fprintf(stderr, "trelvane-check: the map can't be written: %s\n", qPrintable(error));
+            result = kUnreadable;
+        }
     }
-    if (options.json)
-        print(QString::fromUtf8(QJsonDocument(all).toJson()).trimmed());
+    if (options.json) {
+        const QJsonDocument document = options.walk
+            ? QJsonDocument(QJsonObject{ { QStringLiteral("problems"), all }, { QStringLiteral("walks"), walks } })
+            : QJsonDocument(all);
+        print(QString::fromUtf8(document.toJson()).trimmed());
+    }
     return result;
 }
 } // namespace

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+class StepGraph;
+class Walk;
+
+/// What a walk has found, for a reader. Ways are told from the first step to the last one; of very many ends only the
+/// first ones have theirs.
+namespace WalkReport
+{
+/// A few lines of words, each with a line end.
+QString text(const StepGraph &graph, const Walk &walk);
+/// {"steps", "shown", "reached": numbers, "unreached": ids, "ways": digits as a text, such as "4" or "1.41e1505",
+/// "longest": {"steps", "way": ids}, "ends": [{"id", "name", "steps", "way": ids}], "circles": [{"steps": ids,
+/// "left"}]}
+QJsonObject json(const StepGraph &graph, const Walk &walk);
+} // namespace WalkReport
