@@ -22,7 +22,9 @@ void checkTarget(const StepGraph::Step &step, Target target, int id, const QStri
     case Target::Step:
         return;
     case Target::Itself:
-        add("jump-itself", Problem::Severity::Error,
+        // The other answer leads on.
+        add("jump-itself",
+            step.asks && step.jump != step.jumpNo ? Problem::Severity::Warning : Problem::Severity::Error,
             TutorialCheck::tr("%1 leads to the step itself: choose another step, or none.").arg(branch));
         return;
     case Target::Missing:

@@ -25,7 +25,7 @@ QString contextOf(const QString &scenario)
 
 QString TutorialFiles::translationsOf(const QString &scenario)
 {
-    return QDir::cleanPath(QFileInfo(scenario).absolutePath() + QLatin1String("/../../translations"));
+    return QDir::cleanPath(QFileInfo(scenario).path() + QLatin1String("/../../translations"));
 }
 
 QString TutorialFiles::read(const QString &scenario, const QString &translations)

@@ -1,3 +1,4 @@
+#include "check/HintSizes.h"
 #include "support/ManagerFixture.h"
 #include "Tutorial/guidance/EditorTooltip.h"
 #include "Tutorial/guidance/TutorialIndicator.h"
@@ -71,6 +72,7 @@ private Q_SLOTS:
     void comeAndGo();
     void followWhatTheirShowingChanges();
     void buttonsFollowTheHeightAtRest();
+    void hintSizesAreThoseOfTheScreen();
     void closedTooltipIsMadeAnew();
     void hugeTextsAreCut();
     void textsAreShownWhole();
@@ -193,6 +195,20 @@ void tst_GuidanceWindows::buttonsFollowTheHeightAtRest()
     QCOMPARE(indicator->mTooltip->pos(), place);
     QCOMPARE(indicator->mNextButton->pos(), QPoint(place.x() + 128, below));
     QCOMPARE(indicator->mNoButton->pos(), QPoint(place.x() + 184, below));
+}
+
+void tst_GuidanceWindows::hintSizesAreThoseOfTheScreen()
+{
+    TutorialIndicator *indicator = start();
+    QStringList hints{ QStringLiteral("a"), QStringLiteral("<b> & \\ \"\n\n漢字"), QString(300, QLatin1Char('w')),
+                       QStringLiteral("line\n").repeated(30), QStringLiteral("some words ").repeated(90) };
+    HintSizes sizes;
+    sizes.measure(hints);
+    for (const QString &hint : qAsConst(hints)) {
+        indicator->setHint(hint);
+        tick(indicator);
+        QCOMPARE(sizes.height(hint), indicator->mHintHeight);
+    }
 }
 
 void tst_GuidanceWindows::closedTooltipIsMadeAnew()

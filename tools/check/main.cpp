@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QFont>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTranslator>
@@ -26,6 +27,15 @@ CheckOptions readCommandLine(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     return parseOptions(QCoreApplication::arguments());
+}
+
+/// That of a learner's screen: the toolkit's own on X11, where no desktop has set another, at 96 dots per inch. Without
+/// a display the toolkit has a larger one.
+QFont guidanceFont()
+{
+    QFont font(QStringLiteral("Sans Serif"));
+    font.setPixelSize(12);
+    return font;
 }
 
 void print(const QString &text)
@@ -123,6 +133,7 @@ int main(int argc, char **argv)
     // Hints are laid out, but no window is shown.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    QApplication::setFont(guidanceFont());
     QTranslator translator;
     if (translator.load(options.locale, QStringLiteral(":/translations")))
         QCoreApplication::installTranslator(&translator);
