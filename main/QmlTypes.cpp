@@ -2,6 +2,7 @@
 
 #include "quick/DocumentFollower.h"
 #include "quick/Gui.h"
+#include "quick/HintTableModel.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialEventListModel.h"
 #include "quick/TutorialItemListModel.h"
@@ -33,6 +34,7 @@ void registerQmlTypes()
     registerSingleton<UndoRedo>("UndoRedo");
     registerSingleton<Gui>("Gui");
     qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
+    qmlRegisterType<HintTableModel>(kModule, 1, 0, "HintTableModel");
     qmlRegisterType<TutorialProblems>(kModule, 1, 0, "TutorialProblems");
     qmlRegisterType<DocumentFollower>(kModule, 1, 0, "DocumentFollower");
     qmlRegisterType<TreeListItemSelectionModel>(kModule, 1, 0, "TreeListItemSelectionModel");

@@ -13,6 +13,7 @@ MenuBar {
     readonly property bool tutorialLoaded: TutorialManager.tutorialName !== ""
 
     signal problemsRequested()
+    signal translationRequested()
     signal licenseRequested()
     signal eventDialogRequested()
 
@@ -154,6 +155,13 @@ MenuBar {
             text: qsTranslate("main", "Check tutorial")
             shortcut: "F8"
             onTriggered: root.problemsRequested()
+        }
+
+        MenuItem {
+            text: qsTranslate("main", "Translation")
+            shortcut: "F9"
+            enabled: root.tutorialLoaded
+            onTriggered: root.translationRequested()
         }
     }
 

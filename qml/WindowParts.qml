@@ -15,6 +15,12 @@ Item {
         return menuBarComponent.createObject(window);
     }
 
+    /// Hands over what is being typed in other windows.
+    function commitEditing() {
+        if (translationWindow.item)
+            translationWindow.item.commitEditing();
+    }
+
     DebugPanel {
         id: debugPanel
         x: 400
@@ -44,12 +50,21 @@ Item {
         }
     }
 
+    LazyWindow {
+        id: translationWindow
+        source: "TranslationWindow.qml"
+    }
+
     Component {
         id: menuBarComponent
 
         ApplicationMenuBar {
             window: root.window
             onProblemsRequested: problemsWindow.show()
+            onTranslationRequested: {
+                translationWindow.show();
+                translationWindow.item.showStep(root.window.currentId());
+            }
             onLicenseRequested: licenseWindow.show()
             onEventDialogRequested: root.window.showEventDialog()
         }

@@ -68,6 +68,8 @@ ApplicationWindow {
         var item = activeFocusItem;
         var refusals = settingScreen ? settingScreen.refusals : 0;
         Qt.inputMethod.commit();
+        if (parts)
+            parts.commitEditing();
         background.forceActiveFocus();
         focusBack(item);
         return !settingScreen || settingScreen.refusals === refusals;

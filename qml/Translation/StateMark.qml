@@ -1,0 +1,40 @@
+import QtQuick 2.9
+import "../QtControls"
+import "../Singletons"
+
+/// What is to be done about the hints of a row, as a word. Its texts belong to
+/// the window.
+Rectangle {
+    id: root
+
+    /// "missing", "stale", "same" or empty.
+    property string hintState: ""
+
+    function textOf(hintState) {
+        switch (hintState) {
+        case "missing":
+            return qsTranslate("TranslationWindow", "missing");
+        case "stale":
+            return qsTranslate("TranslationWindow", "stale");
+        case "same":
+            return qsTranslate("TranslationWindow", "same");
+        }
+        return "";
+    }
+
+    width: mark.contentWidth + 12
+    height: mark.contentHeight + 2
+    radius: 2
+    visible: hintState !== ""
+    color: hintState === "missing" ? Theme.deluxeLabel1 : "transparent"
+    border.width: hintState === "same" ? 0 : 1
+    border.color: hintState === "missing" ? Theme.groupBoxFrame : Theme.focusFrame
+
+    Text {
+        id: mark
+        anchors.centerIn: parent
+        text: root.textOf(root.hintState)
+        color: root.hintState === "missing" ? Theme.deluxeLabelText : Theme.normalText
+        font.pixelSize: 12
+    }
+}

@@ -1,0 +1,179 @@
+#include "AuthoringTest.h"
+
+#include "support/FileBytes.h"
+#include "Tutorial/translation/TranslationSource.h"
+#include "Tutorial/translation/TranslationXml.h"
+#include "Tutorial/TutorialManager.h"
+
+#include <QAbstractItemModelTester>
+#include <QFileInfo>
+
+/// The hints of both languages side by side, with a writer who has no mouse.
+class tst_Translation : public AuthoringTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void translatesWithoutTheMouse();
+    void followsTheDocument();
+
+private:
+    static constexpr int kHints = 25;
+
+    static QString hintKey(int id) { return QStringLiteral("#%1").arg(id); }
+    static QString context() { return QFileInfo(kTutorial).baseName(); }
+    static void writeHints(const QString &path, const QVector<TranslationSource::Entry> &entries)
+    {
+        QDomDocument document = TranslationSource::emptyDocument(QFileInfo(path).baseName());
+        TranslationSource::writeMessages(document, context(), entries);
+        writeAll(path, document.toByteArray(4));
+    }
+    static TranslationSource::Messages readHints(const QString &path)
+    {
+        QDomDocument document;
+        TranslationXml::parse(readAll(path), document);
+        return TranslationSource::readMessages(document).value(context());
+    }
+
+    static QQuickWindow *window() { return visibleWindow("TranslationWindow"); }
+    static QQuickItem *list() { return window()->findChild<QQuickItem *>(QStringLiteral("hintRows")); }
+    static QAbstractItemModel *rows() { return list()->property("model").value<QAbstractItemModel *>(); }
+    static QString editorText()
+    {
+        return window()->findChild<QObject *>(QStringLiteral("hintEditor.edit"))->property("text").toString();
+    }
+    static void key(int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(window(), Qt::Key(code), modifiers);
+    }
+    static void write(const QString &text)
+    {
+        for (const QChar character : text)
+            character == QLatin1Char('\n') ? key(Qt::Key_Return) : QTest::keyClick(window(), character.toLatin1());
+    }
+    /// Whether a row that is in view has that sign.
+    static bool isSigned(const char *sign) { return find(window()->contentItem(), QLatin1String(sign)) != nullptr; }
+    /// By the key of the menu, from the main window.
+    bool showTranslation()
+    {
+        press(Qt::Key_F9);
+        return QTest::qWaitFor([] { return window() && window()->isActive(); });
+    }
+};
+
+void tst_Translation::translatesWithoutTheMouse()
+{
+    QVector<TranslationSource::Entry> hints;
+    TranslationSource::Messages expected{ { hintKey(2), QStringLiteral("done") } };
+    for (int id = 1; id <= kHints + 2; ++id)
+        hints.append({ hintKey(id), QStringLiteral("first %1").arg(id) });
+    writeHints(kJapanese, hints);
+    writeHints(kEnglish, { { hintKey(2), QStringLiteral("done") } });
+    load(QStringLiteral("1 2 3[4 5] ") + longShape(kHints + 2).section(QLatin1Char(' '), 5));
+    QVERIFY(showTranslation());
+    key(Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(rows()->rowCount(), kHints);
+    const QVector<QPair<Qt::Key, Qt::KeyboardModifiers>> ways = { { Qt::Key_Return, Qt::ControlModifier },
+                                                                  { Qt::Key_Down, Qt::ControlModifier },
+                                                                  { Qt::Key_F3, Qt::NoModifier } };
+    int count = 0;
+    for (int id = 1; id <= kHints + 2; ++id) {
+        // The second one is done, the third one a folder.
+        if (id == 2 || id == 3)
+            continue;
+        const QString text = QStringLiteral("Words of %1\nin two lines").arg(id);
+        write(text);
+        expected.insert(hintKey(id), text);
+        const auto way = ways.at(++count % ways.size());
+        if (id < kHints + 2)
+            key(way.first, way.second);
+    }
+    QCOMPARE(count, kHints);
+    // The last one is still being typed.
+    key(Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(!managerInstance->isModified());
+    QCOMPARE(readHints(kEnglish), expected);
+    QCOMPARE(readHints(kJapanese).size(), kHints + 2);
+
+    // One history for both windows; a step back is shown where it is.
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
+    QCOMPARE(editorText(), hintKey(kHints + 2));
+    key(Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(editorText(), expected.value(hintKey(kHints + 2)));
+    key(Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(rows()->rowCount(), 0);
+    window()->close();
+}
+
+void tst_Translation::followsTheDocument()
+{
+    writeHints(kJapanese, { { hintKey(1), QStringLiteral("a") }, { hintKey(3), QStringLiteral("c") } });
+    writeHints(kEnglish, { { hintKey(1), QStringLiteral("A") }, { hintKey(3), QStringLiteral("c") } });
+    load(QStringLiteral("1 2[3] 4"));
+    QVERIFY(showTranslation());
+    key(Qt::Key_1, Qt::ControlModifier);
+    QAbstractItemModelTester tester(rows());
+    QCOMPARE(rows()->rowCount(), 3);
+    QVERIFY(isSigned("missing") && isSigned("same") && !isSigned("stale"));
+
+    // What is given up leaves no step; what is handed over makes the other hint stale.
+    key(Qt::Key_Home, Qt::ControlModifier);
+    key(Qt::Key_Left);
+    QCOMPARE(editorText(), QStringLiteral("a"));
+    write(QStringLiteral("x"));
+    key(Qt::Key_Escape);
+    key(Qt::Key_Tab);
+    QVERIFY(!managerInstance->isModified() && editorText() == QLatin1String("A"));
+    key(Qt::Key_Backtab);
+    key(Qt::Key_F2);
+    write(QStringLiteral("a"));
+    key(Qt::Key_Tab);
+    QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
+    QTRY_VERIFY(isSigned("stale"));
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QTRY_VERIFY(!isSigned("stale"));
+    key(Qt::Key_Y, Qt::ControlModifier);
+    QTRY_VERIFY(isSigned("stale"));
+    key(Qt::Key_3, Qt::ControlModifier);
+    QCOMPARE(rows()->rowCount(), 1);
+    key(Qt::Key_F7);
+    QTRY_VERIFY(!isSigned("stale"));
+    key(Qt::Key_1, Qt::ControlModifier);
+    key(Qt::Key_F, Qt::ControlModifier);
+    write(QStringLiteral("C"));
+    QCOMPARE(rows()->rowCount(), 1);
+    key(Qt::Key_Escape);
+    QCOMPARE(rows()->rowCount(), 3);
+
+    // Rows come and go with the items, and what is typed in one window is shown in the other.
+    QVERIFY(activate());
+    select(1);
+    typeInto("hint2.edit", QStringLiteral("typed"));
+    QTRY_COMPARE(rows()->index(0, 0).data(Qt::UserRole + 4).toString(), QStringLiteral("typed"));
+    evaluate(QStringLiteral("settingScreen.addItem(1)"));
+    QTRY_COMPARE(rows()->rowCount(), 4);
+    undo();
+    QTRY_COMPARE(rows()->rowCount(), 3);
+    evaluate(QStringLiteral("settingScreen.deleteIdList([2])"));
+    QTRY_COMPARE(rows()->rowCount(), 2);
+
+    // A word that stands typed is saved from wherever that is asked for.
+    select(1);
+    QVERIFY(showTranslation());
+    key(Qt::Key_Left);
+    write(QStringLiteral("half"));
+    QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
+    evaluate(QStringLiteral("saveTutorial()"));
+    QCOMPARE(readHints(kJapanese).value(hintKey(1)), QStringLiteral("half"));
+    QVERIFY(readAll(kEnglish).contains("unfinished\">typed<"));
+    window()->close();
+}
+
+int main(int argc, char *argv[])
+{
+    return AuthoringTest::run<tst_Translation>(argc, argv);
+}
+
+#include "tst_Translation.moc"
