@@ -160,7 +160,6 @@ MenuBar {
         MenuItem {
             text: qsTranslate("main", "Translation")
             shortcut: "F9"
-            enabled: root.tutorialLoaded
             onTriggered: root.translationRequested()
         }
     }

@@ -141,6 +141,61 @@ Change %2 to %1 ?</source>
         </message>
     </context>
     <context>
+        <name>TranslationWindow</name>
+        <message>
+            <source>All: %1</source>
+            <translation>すべて: %1</translation>
+        </message>
+        <message>
+            <source>Item</source>
+            <translation>項目</translation>
+        </message>
+        <message>
+            <source>Missing: %1</source>
+            <translation>未訳: %1</translation>
+        </message>
+        <message>
+            <source>Next to do (F3)</source>
+            <translation>次の未処理 (F3)</translation>
+        </message>
+        <message>
+            <source>No hint is shown.</source>
+            <translation>表示するヒントはありません。</translation>
+        </message>
+        <message>
+            <source>Search:</source>
+            <translation>検索:</translation>
+        </message>
+        <message>
+            <source>Stale: %1</source>
+            <translation>要確認: %1</translation>
+        </message>
+        <message>
+            <source>Tab, Ctrl+Enter: next cell, next row. F2: into the text. Esc: give up. Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search.</source>
+            <translation>Tab、Ctrl+Enter: 次のセル、次の行　F2: 文字の編集　Esc: 取り消し　Ctrl+1、2、3: すべて、未訳、要確認　Ctrl+F: 検索</translation>
+        </message>
+        <message>
+            <source>The translation stands (F7)</source>
+            <translation>訳はこのままでよい (F7)</translation>
+        </message>
+        <message>
+            <source>Translation</source>
+            <translation>対訳</translation>
+        </message>
+        <message>
+            <source>missing</source>
+            <translation>未訳</translation>
+        </message>
+        <message>
+            <source>same</source>
+            <translation>同文</translation>
+        </message>
+        <message>
+            <source>stale</source>
+            <translation>要確認</translation>
+        </message>
+    </context>
+    <context>
         <name>TutorialCheck</name>
         <message>
             <source>The jump</source>
@@ -883,6 +938,10 @@ Do you save tutorial?</source>
         <message>
             <source>&amp;License</source>
             <translation>ライセンス(&amp;L)</translation>
+        </message>
+        <message>
+            <source>Translation</source>
+            <translation>対訳</translation>
         </message>
         <message>
             <source>Tutorial &amp;event</source>

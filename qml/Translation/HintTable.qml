@@ -76,7 +76,10 @@ FocusScope {
         showCurrent();
     }
 
+    // Until somebody types, the row as a whole is in view.
     function followCursor() {
+        if (!editor.entered)
+            return;
         var top = editor.y + editor.cursorRectangle.y;
         var bottom = top + editor.cursorRectangle.height + 8;
         if (top < list.contentY)
