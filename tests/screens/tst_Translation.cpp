@@ -28,6 +28,13 @@ private:
         TranslationSource::writeMessages(document, context(), entries);
         writeAll(path, document.toByteArray(4));
     }
+    void loadHints(const QVector<TranslationSource::Entry> &first, const QVector<TranslationSource::Entry> &second)
+    {
+        writeHints(kJapanese, first);
+        writeHints(kEnglish, second);
+        QCOMPARE(managerInstance->reload(), QString());
+        settle();
+    }
     static TranslationSource::Messages readHints(const QString &path)
     {
         QDomDocument document;
@@ -69,9 +76,8 @@ void tst_Translation::translatesWithoutTheMouse()
     TranslationSource::Messages expected{ { hintKey(2), QStringLiteral("done") } };
     for (int id = 1; id <= kHints + 2; ++id)
         hints.append({ hintKey(id), QStringLiteral("first %1").arg(id) });
-    writeHints(kJapanese, hints);
-    writeHints(kEnglish, { { hintKey(2), QStringLiteral("done") } });
     load(QStringLiteral("1 2 3[4 5] ") + longShape(kHints + 2).section(QLatin1Char(' '), 5));
+    loadHints(hints, { { hintKey(2), QStringLiteral("done") } });
     QVERIFY(showTranslation());
     key(Qt::CTRL + Qt::Key_2);
     QCOMPARE(rows()->rowCount(), kHints);
@@ -108,9 +114,9 @@ void tst_Translation::translatesWithoutTheMouse()
 
 void tst_Translation::followsTheDocument()
 {
-    writeHints(kJapanese, { { hintKey(1), QStringLiteral("a") }, { hintKey(3), QStringLiteral("c") } });
-    writeHints(kEnglish, { { hintKey(1), QStringLiteral("A") }, { hintKey(3), QStringLiteral("c") } });
     load(QStringLiteral("1 2[3] 4"));
+    loadHints({ { hintKey(1), QStringLiteral("a") }, { hintKey(3), QStringLiteral("c") } },
+              { { hintKey(1), QStringLiteral("A") }, { hintKey(3), QStringLiteral("c") } });
     QVERIFY(showTranslation());
     key(Qt::CTRL + Qt::Key_1);
     QAbstractItemModelTester tester(rows());
