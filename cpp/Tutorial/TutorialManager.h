@@ -66,6 +66,7 @@ public:
     Q_INVOKABLE QString getCurrentWindowKey() const;
     /// The last reported position of a window or control; (0, 0) for a key that was never reported.
     Q_INVOKABLE QPoint getXy(const QString &windowKey) const;
+    const HostWindows &hostWindows() const { return mHostWindows; }
     Q_INVOKABLE QPoint getCursorPos() const;
     /// Tells the host editor, and the indicator, of an item's new place.
     Q_INVOKABLE void updateIndicatorXyWindowKey(int x, int y, const QString &windowKey);

@@ -1,16 +1,11 @@
 #include "quick/TutorialProblems.h"
 
-#include "check/CheckSubject.h"
 #include "check/TutorialCheck.h"
-#include "quick/ProblemRows.h"
-#include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-
-#include <algorithm>
 
 namespace
 {
@@ -28,33 +23,14 @@ int worse(int one, int other)
         return qMax(one, other);
     return qMin(one, other);
 }
-
-CheckSubject currentSubject()
-{
-    const auto *manager = TutorialEditor::Manager::instance();
-    CheckSubject subject;
-    subject.document = &manager->mData;
-    subject.file = manager->mFilename;
-    return subject;
-}
-
-bool isSame(const Problem &one, const Problem &other)
-{
-    return one.text == other.text && one.severity == other.severity && one.itemName == other.itemName;
-}
 } // namespace
 
-TutorialProblems::TutorialProblems(QObject *parent) : QAbstractListModel(parent)
+TutorialProblems::TutorialProblems(QObject *parent) : ProblemListModel(parent)
 {
     mTimer.setSingleShot(true);
     mTimer.setTimerType(Qt::PreciseTimer);
     connect(&mTimer, &QTimer::timeout, this, &TutorialProblems::check);
-    if (managerInstance) {
-        connect(managerInstance, &TutorialManager::documentReplaced, this, &TutorialProblems::schedule);
-        connect(managerInstance, &TutorialManager::modifiedChanged, this, &TutorialProblems::schedule);
-        connect(managerInstance, &TutorialManager::localeChanged, this, &TutorialProblems::schedule);
-        connect(managerInstance, &TutorialManager::locale2Changed, this, &TutorialProblems::schedule);
-    }
+    connect(&mTutorial, &LoadedTutorial::changed, this, &TutorialProblems::schedule);
     schedule();
 }
 
@@ -75,81 +51,25 @@ void TutorialProblems::schedule()
     mTimer.start(static_cast<int>(qMax(kGesture, rest)));
 }
 
-void TutorialProblems::checkNow()
-{
-    if (!mTimer.isActive())
-        return;
-    mTimer.stop();
-    check();
-}
-
 void TutorialProblems::check()
 {
     mSinceCheck.start();
-    const bool isLoaded = managerInstance && !managerInstance->tutorialName().isEmpty();
-    show(isLoaded ? TutorialCheck::check(currentSubject()) : QVector<Problem>());
-    mPause = mSinceCheck.elapsed() * kShare;
-}
-
-void TutorialProblems::show(const QVector<Problem> &problems)
-{
-    const QVector<int> targets = ProblemRows::targets(mProblems, problems);
-    removeRowsWithout(targets);
-    insertRowsOf(problems, targets);
-    for (int row = 0; row < problems.size(); ++row) {
-        const bool same = isSame(mProblems.at(row), problems.at(row));
-        mProblems[row] = problems.at(row);
-        if (!same)
-            Q_EMIT dataChanged(index(row), index(row));
-    }
+    show(LoadedTutorial::isLoaded() ? TutorialCheck::check(mTutorial.subject()) : QVector<Problem>());
     readSeverities();
     ++mRevision;
     Q_EMIT revisionChanged();
-}
-
-void TutorialProblems::removeRowsWithout(const QVector<int> &targets)
-{
-    for (int last = targets.size() - 1; last >= 0; --last) {
-        if (targets.at(last) >= 0)
-            continue;
-        int first = last;
-        while (first > 0 && targets.at(first - 1) < 0)
-            --first;
-        beginRemoveRows(QModelIndex(), first, last);
-        mProblems.remove(first, last - first + 1);
-        endRemoveRows();
-        last = first;
-    }
-}
-
-void TutorialProblems::insertRowsOf(const QVector<Problem> &problems, const QVector<int> &targets)
-{
-    int row = 0;
-    const auto insertTo = [&](int end) {
-        if (row < end) {
-            beginInsertRows(QModelIndex(), row, end - 1);
-            mProblems.insert(row, end - row, Problem());
-            std::copy(problems.begin() + row, problems.begin() + end, mProblems.begin() + row);
-            endInsertRows();
-        }
-        row = end + 1;
-    };
-    for (const int target : targets) {
-        if (target >= 0)
-            insertTo(target);
-    }
-    insertTo(problems.size());
+    mPause = mSinceCheck.elapsed() * kShare;
 }
 
 void TutorialProblems::readSeverities()
 {
     mSeverities.clear();
     mFolderSeverities.clear();
-    for (const Problem &problem : qAsConst(mProblems)) {
+    for (const Problem &problem : problems()) {
         int &severity = mSeverities.insert(problem.itemId, severityOf(problem.itemId)).value();
         severity = worse(severity, static_cast<int>(problem.severity));
     }
-    if (!mProblems.isEmpty())
+    if (!problems().isEmpty())
         readFolder(TutorialEditor::Manager::instance()->mData.mRoot);
 }
 
@@ -166,51 +86,10 @@ int TutorialProblems::readFolder(const TreeItem<TutorialItemData> &folder)
     return severity;
 }
 
-int TutorialProblems::countOf(Problem::Severity severity) const
-{
-    return static_cast<int>(std::count_if(mProblems.begin(), mProblems.end(),
-                                          [=](const Problem &problem) { return problem.severity == severity; }));
-}
-
-int TutorialProblems::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : mProblems.size();
-}
-
-QVariant TutorialProblems::data(const QModelIndex &index, int role) const
-{
-    if (!index.isValid() || index.row() >= mProblems.size())
-        return QVariant();
-    const Problem &problem = mProblems.at(index.row());
-    switch (role) {
-    case RoleText:
-        return problem.text;
-    case RoleSeverity:
-        return static_cast<int>(problem.severity);
-    case RoleRule:
-        return problem.rule;
-    case RoleItemId:
-        return problem.itemId;
-    case RoleItemName:
-        return problem.itemName;
-    default:
-        return QVariant();
-    }
-}
-
-QHash<int, QByteArray> TutorialProblems::roleNames() const
-{
-    return { { RoleText, QByteArrayLiteral("text") },
-             { RoleSeverity, QByteArrayLiteral("severity") },
-             { RoleRule, QByteArrayLiteral("rule") },
-             { RoleItemId, QByteArrayLiteral("itemId") },
-             { RoleItemName, QByteArrayLiteral("itemName") } };
-}
-
 QString TutorialProblems::textOf(int itemId) const
 {
     QStringList texts;
-    for (const Problem &problem : mProblems) {
+    for (const Problem &problem : problems()) {
         if (problem.itemId == itemId)
             texts.append(problem.text);
     }
@@ -219,14 +98,14 @@ QString TutorialProblems::textOf(int itemId) const
 
 int TutorialProblems::itemIdAt(int row) const
 {
-    return row >= 0 && row < mProblems.size() ? mProblems.at(row).itemId : -1;
+    return row >= 0 && row < problems().size() ? problems().at(row).itemId : -1;
 }
 
 void TutorialProblems::copyRow(int row) const
 {
-    if (row < 0 || row >= mProblems.size())
+    if (row < 0 || row >= problems().size())
         return;
-    const Problem &problem = mProblems.at(row);
+    const Problem &problem = problems().at(row);
     const QString place =
         problem.itemId < 0 ? QString() : QStringLiteral("#%1 %2: ").arg(problem.itemId).arg(problem.itemName);
     QGuiApplication::clipboard()->setText(place + problem.text);

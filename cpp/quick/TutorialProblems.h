@@ -1,13 +1,12 @@
 #pragma once
 
-#include "check/Problem.h"
+#include "quick/LoadedTutorial.h"
+#include "quick/ProblemListModel.h"
 
-#include <QAbstractListModel>
 #include <QElapsedTimer>
 #include <QHash>
 #include <QPointer>
 #include <QTimer>
-#include <QVector>
 
 class UndoRedo;
 template <typename T>
@@ -16,7 +15,7 @@ class TutorialItemData;
 
 /// What is wrong with the loaded tutorial, a row each, and by step for the signs in the tree. It follows each change
 /// soon after it, and takes no more than a small part of the time for that, however large the tutorial is.
-class TutorialProblems : public QAbstractListModel
+class TutorialProblems : public ProblemListModel
 {
     Q_OBJECT
     Q_PROPERTY(UndoRedo *history READ history WRITE setHistory)
@@ -28,21 +27,15 @@ class TutorialProblems : public QAbstractListModel
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
 
 public:
-    enum Role { RoleText = Qt::DisplayRole, RoleSeverity = Qt::UserRole + 1, RoleRule, RoleItemId, RoleItemName };
-
     explicit TutorialProblems(QObject *parent = nullptr);
 
     UndoRedo *history() const { return mHistory; }
     void setHistory(UndoRedo *history);
-    int count() const { return mProblems.size(); }
+    int count() const { return problems().size(); }
     int errors() const { return countOf(Problem::Severity::Error); }
     int warnings() const { return countOf(Problem::Severity::Warning); }
     int remarks() const { return countOf(Problem::Severity::Remark); }
     int revision() const { return mRevision; }
-
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
-    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
-    QHash<int, QByteArray> roleNames() const override;
 
     /// The severity of the worst problem of that item: 0 an error, 1 a warning, 2 a remark; -1 if it has none.
     Q_INVOKABLE int severityOf(int itemId) const { return mSeverities.value(itemId, -1); }
@@ -54,24 +47,17 @@ public:
     /// Puts a row into the system's clipboard as a line of text.
     Q_INVOKABLE void copyRow(int row) const;
 
-    /// Checks if that is due, and does not wait for the time that is set.
-    Q_INVOKABLE void checkNow();
-
 Q_SIGNALS:
     void revisionChanged();
 
 private:
     void schedule();
     void check();
-    void show(const QVector<Problem> &problems);
-    void removeRowsWithout(const QVector<int> &targets);
-    void insertRowsOf(const QVector<Problem> &problems, const QVector<int> &targets);
     void readSeverities();
     int readFolder(const TreeItem<TutorialItemData> &folder);
-    int countOf(Problem::Severity severity) const;
 
+    LoadedTutorial mTutorial;
     QPointer<UndoRedo> mHistory;
-    QVector<Problem> mProblems;
     QHash<int, int> mSeverities; // by item
     QHash<int, int> mFolderSeverities; // by folder, of what is in it
     int mRevision = 0;

@@ -4,7 +4,7 @@ import "../QtControls"
 import "../Singletons"
 
 /// The list of problems, with its keys.
-Rectangle {
+FocusScope {
     id: root
 
     property TutorialProblems problems: null
@@ -20,9 +20,12 @@ Rectangle {
         list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
     }
 
-    color: Theme.normalBack1
-    border.width: 1
-    border.color: Theme.controlFrame
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.normalBack1
+        border.width: 1
+        border.color: Theme.controlFrame
+    }
 
     // The list is what the view scrolls, so that only the rows in view exist.
     ScrollView {
@@ -46,6 +49,8 @@ Rectangle {
                 onDoubleClicked: root.request(index)
             }
 
+            onCountChanged: if (currentIndex < 0 && count > 0) currentIndex = 0
+
             Keys.onReturnPressed: root.request(currentIndex)
             Keys.onEnterPressed: root.request(currentIndex)
             Keys.onPressed: {
@@ -55,6 +60,10 @@ Rectangle {
                     root.goTo(0);
                 else if (event.key === Qt.Key_End)
                     root.goTo(count - 1);
+                else if (event.key === Qt.Key_PageUp)
+                    root.goTo(indexAt(0, contentY) - 1);
+                else if (event.key === Qt.Key_PageDown)
+                    root.goTo(indexAt(0, contentY + height - 1) + 1);
                 else
                     return;
                 event.accepted = true;

@@ -1,10 +1,14 @@
+#include "quick/ProblemListModel.h"
 #include "quick/TreeDropRules.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialItemListModel.h"
 #include "support/EditingSession.h"
 
+#include <QAbstractItemModelTester>
 #include <QRandomGenerator>
 #include <QtTest>
+
+#include <algorithm>
 
 namespace
 {
@@ -59,6 +63,7 @@ private Q_SLOTS:
     void isSetAsideWhileRowsGo();
     void decidesDrops();
     void landsWhereTheMarkerStands();
+    void problemsKeepTheirRows();
 
 private:
     void checkDrop(EditingSession &session, const QSet<int> &open, int dragged, int gap, int mouseDepth);
@@ -213,6 +218,50 @@ void tst_TreeModels::checkDrop(EditingSession &session, const QSet<int> &open, i
     const bool last = moved.row() == model.rowCount(moved.parent()) - 1;
     QVERIFY2(after.contains(dragged) ? after == expected : last, place.constData());
     session.history().undo();
+}
+
+void tst_TreeModels::problemsKeepTheirRows()
+{
+    QRandomGenerator random(7);
+    ProblemListModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QVector<Problem> problems;
+    for (int round = 0; round < 300; ++round) {
+        // A few, or half of them, go, come, move and change; some items have several of one rule.
+        const int edits = round % 10 == 0 ? problems.size() / 2 : 1 + int(random.bounded(3));
+        for (int i = 0; i < edits || problems.size() < 100; ++i) {
+            const Problem problem{ QStringLiteral("rule"), Problem::Severity(random.bounded(3)),
+                                   int(random.bounded(150)), QStringLiteral("name"), QString::number(round) };
+            problems.insert(int(random.bounded(problems.size() + 1)), problem);
+            if (problems.size() > 100)
+                problems.remove(int(random.bounded(problems.size())));
+        }
+        QPersistentModelIndex first(model.index(0));
+        const QString item = first.data(ProblemListModel::RoleItemId).toString();
+        model.show(problems);
+        QStringList shown, meant;
+        for (int row = 0; row < problems.size(); ++row) {
+            shown.append(model.index(row).data(ProblemListModel::RoleItemId).toString()
+                         + model.index(row).data().toString());
+            meant.append(QString::number(problems.at(row).itemId) + problems.at(row).text);
+        }
+        QCOMPARE(shown, meant);
+        if (first.isValid())
+            QCOMPARE(first.data(ProblemListModel::RoleItemId).toString(), item);
+    }
+    // One that moves takes only its own row with it, wherever it goes.
+    QVector<Problem> moved;
+    for (int id = 0; id < 40; ++id)
+        moved.append({ QStringLiteral("rule"), Problem::Severity::Error, id, QString(), QString() });
+    for (const auto &ends : { qMakePair(0, 39), qMakePair(39, 0), qMakePair(20, 5) }) {
+        model.show(moved);
+        QVector<QPersistentModelIndex> rows;
+        for (int row = 0; row < moved.size(); ++row)
+            rows.append(model.index(row));
+        moved.move(ends.first, ends.second);
+        model.show(moved);
+        QCOMPARE(std::count_if(rows.cbegin(), rows.cend(), [](const auto &row) { return row.isValid(); }), 39);
+    }
 }
 
 QTEST_MAIN(tst_TreeModels)

@@ -33,6 +33,19 @@ QString HostWindows::currentKey() const
 
 void HostWindows::setPosition(const QString &key, const QPoint &position)
 {
-    if (!key.isEmpty())
-        mPositionByKey.insert(key, position);
+    if (key.isEmpty())
+        return;
+    const auto place = mPositionByKey.find(key);
+    if (place != mPositionByKey.end() && *place == position)
+        return;
+    mPositionByKey.insert(key, position);
+    Q_EMIT placesChanged();
+}
+
+void HostWindows::setHostRect(const QRect &rect)
+{
+    if (rect == mHostRect)
+        return;
+    mHostRect = rect;
+    Q_EMIT placesChanged();
 }

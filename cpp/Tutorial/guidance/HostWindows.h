@@ -28,12 +28,17 @@ public:
     /// The last reported position; (0, 0) for a key that was never reported.
     QPoint position(const QString &key) const { return mPositionByKey.value(key); }
 
-    void setHostRect(const QRect &rect) { mHostRect = rect; }
+    /// All of them, by key.
+    const QHash<QString, QPoint> &places() const { return mPositionByKey; }
+
+    void setHostRect(const QRect &rect);
     /// Null as long as the host editor gave none.
     QRect hostRect() const { return mHostRect; }
 
 Q_SIGNALS:
     void currentKeyChanged();
+    /// A window or control stands elsewhere, or is a new one; or the host editor's rectangle is another.
+    void placesChanged();
 
 private:
     Q_DISABLE_COPY(HostWindows)
