@@ -54,30 +54,12 @@ protected:
     /// The row of the list, from 0 for the one over all others.
     static QPoint row(int index) { return QPoint(110, 58 + index * 24); }
 
-    void move(const QPoint &place)
-    {
-        Screen::xdotool(QStringLiteral("mousemove --window %1 %2 %3").arg(mWindow).arg(place.x()).arg(place.y()));
-    }
-
     void click(const QPoint &place)
     {
-        move(place);
-        Screen::xdotool(QStringLiteral("click 1"));
+        Screen::xdotool(
+            QStringLiteral("mousemove --window %1 %2 %3 click 1").arg(mWindow).arg(place.x()).arg(place.y()));
         // What follows a selection in short timers.
         QTest::qWait(kSlow);
-    }
-
-    /// Drags up in small steps.
-    void drag(const QPoint &from, const QPoint &to)
-    {
-        move(from);
-        Screen::xdotool(QStringLiteral("mousedown 1"));
-        for (int y = from.y(); y >= to.y(); y -= 4) {
-            move(QPoint(from.x(), y));
-            QTest::qWait(30);
-        }
-        QTest::qWait(300);
-        Screen::xdotool(QStringLiteral("mouseup 1"));
     }
 
     static void press(const char *keys) { Screen::xdotool(QStringLiteral("key ") + QLatin1String(keys)); }

@@ -46,11 +46,11 @@ const char kSteps[] = R"([
  "hint":"ようこそ！", "hint2":"Welcome!"},
 {"id":3, "name":"ask", "windowKey":"MainWindow", "x":184, "y":150, "condition":"yesNo", "showArrow":false,
  "jumpNo":8, "hint":"中を見ますか？", "hint2":"Look <round> & \"in\"?"},
-{"id":4, "name":"canvas", "windowKey":"MainWindow/canvas", "x":162, "y":17, "prohibited":true,
+{"id":4, "name":"wait", "icon":"wait", "condition":"wait,400", "hint":"少々お待ちください。", "hint2":"One moment."},
+{"id":5, "name":"canvas", "windowKey":"MainWindow/canvas", "x":162, "y":17, "prohibited":true,
  "hint":"キャンバス", "hint2":"Canvas"},
-{"id":5, "name":"tools", "windowKey":"MainWindow/toolSelect", "x":6, "y":-117, "icon":"eye", "jump":11,
+{"id":6, "name":"tools", "windowKey":"MainWindow/toolSelect", "x":6, "y":-117, "icon":"eye", "jump":11,
  "hint":"道具は\n左です。", "hint2":"The tools\nat the left."},
-{"id":6, "name":"wait", "icon":"wait", "condition":"wait,400", "hint":"少々お待ちください。", "hint2":"One moment."},
 {"id":7, "name":"Draw 100% \\ %1", "folder":true},
 {"id":8, "name":"draw", "windowKey":"MainWindow/canvas", "x":22, "y":-73, "icon":"keyboard",
  "condition":"mouseEvent,MainWindow/canvas,drag", "hint":"描く", "hint2":"Draw"},
@@ -73,11 +73,10 @@ QList<QJsonObject> steps()
     return steps;
 }
 
-/// The steps as the file of one language shows them in the end, the wait dragged to before the canvas.
+/// The steps as the file of one language shows them in the end.
 QList<QJsonObject> stepsWith(const QString &hint)
 {
     QList<QJsonObject> all = steps();
-    all.move(5, 3);
     for (QJsonObject &step : all) {
         // Without one, as in a folder, the key goes.
         step.insert(QStringLiteral("hint"), step.value(hint));
@@ -151,18 +150,17 @@ void tst_WriteTutorial::tutorialIsWritten()
         QVERIFY2(folder || fillIn(step), qPrintable(name));
     }
 
-    drag(row(6) + QPoint(0, 2), row(4) - QPoint(0, 9));
     const auto select = [this](int index, int id) {
         click(row(index));
         return QTest::qWaitFor([&] { return current() == id; }, kLimit);
     };
-    QVERIFY(select(5, 4));
+    QVERIFY(select(5, 5));
     click(QPoint(kProhibitionX, row(5).y()));
     // The menus open at (Next). After that and a separator stand the folders with their items.
     QVERIFY(select(3, 3));
     click(kJumpNo);
     press("--delay 200 Down Down Right Return");
-    QVERIFY(select(6, 5));
+    QVERIFY(select(6, 6));
     click(kJump);
     press("--delay 200 Down Down Right Down Down Down Return");
     QVERIFY(select(10, 10));
@@ -192,7 +190,7 @@ void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
             way += QString::fromUtf8(line.mid(9, line.indexOf(':') - 9));
     }
     // "No" to the question first, "Yes" when it comes again.
-    QVERIFY2(way.join(QLatin1Char(' ')) == QLatin1String("2 3 8 9 10 3 6 5 11"), transcript);
+    QVERIFY2(way.join(QLatin1Char(' ')) == QLatin1String("2 3 8 9 10 3 4 6 11"), transcript);
     QCOMPARE(host.exitCode(), 0);
 }
 
@@ -222,9 +220,9 @@ void tst_WriteTutorial::editsAreSavedOrComeBack()
     type(QStringLiteral("wait,300"));
     press("F4");
     const QStringList cursor = Screen::xdotool(QStringLiteral("getmouselocation --shell")).split(QLatin1Char('\n'));
-    QVERIFY(becomes(5, "x", cursor.at(0).mid(2).toInt() - 40));
-    QVERIFY(becomes(5, "y", cursor.at(1).mid(2).toInt() + 50));
-    QVERIFY(becomes(5, "condition", QStringLiteral("wait,300")));
+    QVERIFY(becomes(6, "x", cursor.at(0).mid(2).toInt() - 40));
+    QVERIFY(becomes(6, "y", cursor.at(1).mid(2).toInt() + 50));
+    QVERIFY(becomes(6, "condition", QStringLiteral("wait,300")));
     click(kHint2);
     press("ctrl+End");
     type(QStringLiteral(" <b> & 'c'"));
