@@ -298,18 +298,6 @@ Change %2 to %1 ?</source>
             <translation>このファイルの形式ではありません</translation>
         </message>
         <message>
-            <source>error</source>
-            <translation>エラー</translation>
-        </message>
-        <message>
-            <source>warning</source>
-            <translation>警告</translation>
-        </message>
-        <message>
-            <source>remark</source>
-            <translation>参考</translation>
-        </message>
-        <message>
             <source>Japanese</source>
             <translation>日本語</translation>
         </message>

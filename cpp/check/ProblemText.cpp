@@ -1,7 +1,5 @@
 #include "check/ProblemText.h"
 
-#include "check/TutorialCheck.h"
-
 #include <QJsonValue>
 
 namespace
@@ -12,28 +10,16 @@ QLatin1String severityWord(Problem::Severity severity)
     static const char *const words[] = { "error", "warning", "remark" };
     return QLatin1String(words[int(severity)]);
 }
-} // namespace
 
-QString ProblemText::severity(Problem::Severity severity)
-{
-    switch (severity) {
-    case Problem::Severity::Error:
-        return TutorialCheck::tr("error");
-    case Problem::Severity::Warning:
-        return TutorialCheck::tr("warning");
-    case Problem::Severity::Remark:
-        break;
-    }
-    return TutorialCheck::tr("remark");
-}
-
-QString ProblemText::item(const Problem &problem)
+/// The item by its name and id, empty for the tutorial as a whole.
+QString itemText(const Problem &problem)
 {
     if (problem.itemId == -1)
         return QString();
     const QString id = QStringLiteral("#%1").arg(problem.itemId);
     return problem.itemName.isEmpty() ? id : QStringLiteral("%1 (%2)").arg(problem.itemName, id);
 }
+} // namespace
 
 QString ProblemText::line(const Problem &problem)
 {
@@ -41,7 +27,7 @@ QString ProblemText::line(const Problem &problem)
     if (problem.line > 0)
         text += QLatin1Char(':') + QString::number(problem.line);
     text += QLatin1String(": ") + severityWord(problem.severity) + QLatin1String(": ");
-    const QString name = item(problem);
+    const QString name = itemText(problem);
     if (!name.isEmpty())
         text += name + QLatin1String(": ");
     text += problem.text + QLatin1String(" [") + problem.rule + QLatin1Char(']');

@@ -305,6 +305,7 @@ void tst_TutorialCheck::programTellsAndEnds()
     QCOMPARE(run({ english, QStringLiteral("--translations=missing"), file }, 2), QByteArray());
     QCOMPARE(run({ english }, 2), QByteArray());
     QCOMPARE(run({ QStringLiteral("--language=fr"), file }, 2), QByteArray());
+    QCOMPARE(run({ english, QStringLiteral("--map=./qml/Tutorial/X.js"), file }, 2), QByteArray());
     QVERIFY(run({ QStringLiteral("--help") }, 0).contains("--translations"));
     writeAll(path(QStringLiteral("translations/en_US.ts")), "<TS>\n<context>\n</TS>");
     QCOMPARE(run({ english, file }, 1).left(55), QByteArray("translations/en_US.ts:3: error: The translations can't "));

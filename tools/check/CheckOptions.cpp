@@ -1,6 +1,7 @@
 #include "CheckOptions.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QLocale>
 
 namespace
@@ -67,5 +68,7 @@ CheckOptions parseOptions(const QStringList &arguments)
         options.error = QStringLiteral("No file is named.");
     else if (parser.isSet(QStringLiteral("map")) && (options.map.isEmpty() || options.files.size() > 1))
         options.error = QStringLiteral("--map takes the name of a file, for the map of one tutorial.");
+    else if (!options.map.isEmpty() && QFileInfo(options.map) == QFileInfo(options.files.first()))
+        options.error = QStringLiteral("--map takes the name of another file than the tutorial's.");
     return options;
 }
