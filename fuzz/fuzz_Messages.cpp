@@ -25,7 +25,6 @@ void tickAll(Manager &manager)
         ManagerFixture::tick(tooltip);
 }
 
-/// Closes the one of the program's windows.
 template <typename Window>
 void close()
 {

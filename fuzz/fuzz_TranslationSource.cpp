@@ -8,7 +8,6 @@ using FuzzTarget::require;
 
 namespace
 {
-/// As the file is written.
 QByteArray saved(const QDomDocument &document)
 {
     return document.toByteArray(4);

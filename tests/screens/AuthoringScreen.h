@@ -1,8 +1,9 @@
 #pragma once
 
-#include "support/EditingSession.h"
+#include "support/Shape.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -17,7 +18,7 @@
 class AuthoringScreen
 {
 protected:
-    static QString shape() { return EditingSession::shapeOf(TutorialEditor::Manager::instance()->mData.mRoot); }
+    static QString shape() { return Shape::of(TutorialEditor::Manager::instance()->mData.mRoot); }
     static TutorialItemData *record(int id) { return TutorialEditor::Manager::instance()->mData.getData(id); }
     /// Evaluates a script in the context of the window.
     QVariant evaluate(const QString &script) const

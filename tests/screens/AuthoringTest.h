@@ -107,21 +107,14 @@ protected:
     static inline const QString kEnglish = QStringLiteral("tutorial-win/translations/en_US.ts");
     static inline const QString kShape = QStringLiteral("1 2[3 4[5 6] 7] 8[] 9");
 
-    /// Loads a tutorial of that shape: "1 2[3 4[]] 5" is item 1, folder 2 with item 3 and the empty
-    /// folder 4, and item 5, with the names "name1" to "name5".
+    /// Loads a tutorial of that shape (see Shape.h).
     void load(const QString &shape)
     {
-        QString text = shape;
-        text.replace(QLatin1Char(' '), QLatin1Char(',')).replace(QLatin1Char(']'), QLatin1String("]}"));
-        text.replace(
-            QRegularExpression(QStringLiteral("(\\d+)(?![\\d[])")),
-            QStringLiteral("{\"id\":\\1,\"name\":\"name\\1\",\"x\":10,\"y\":20,\"windowKey\":\"MainWindow\","
-                           "\"condition\":\"click\",\"hint\":qsTr(\"#\\1\"),\"icon\":\"eye\",\"showArrow\":true}"));
-        text.replace(QRegularExpression(QStringLiteral("(\\d+)\\[")),
-                     QStringLiteral("{\"id\":\\1,\"name\":\"name\\1\",\"folder\":true,\"children\":["));
+        const QString fields = QStringLiteral(",\"x\":10,\"y\":20,\"windowKey\":\"MainWindow\",\"condition\":\"click\","
+                                              "\"hint\":qsTr(\"#\\1\"),\"icon\":\"eye\",\"showArrow\":true");
         for (const QString &name : { kJapanese, kEnglish })
             writeAll(name, TranslationSource::emptyDocument(QFileInfo(name).baseName()).toByteArray());
-        writeAll(kTutorial, "var scenario = [" + text.toUtf8() + "];");
+        writeAll(kTutorial, "var scenario = " + Shape::scenario(shape, fields).toUtf8() + ';');
         QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
         QVERIFY(activate());
         // The screen goes to the first item by itself.

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "support/DocumentFakes.h"
+#include "support/Shape.h"
 #include "TutorialEditor/Manager.h"
+#include "TutorialEditor/ScenarioReader.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <memory>
 
-/// A document with its history and a stand-in for the program round them, and short texts for
-/// documents: "1 2[3 4[]] 5" is item 1, folder 2 with item 3 and the empty folder 4, and item 5.
+/// A document with its history and a stand-in for the program round them.
 class EditingSession
 {
 public:
@@ -19,26 +20,15 @@ public:
     FakeContext &context() { return mContext; }
     TutorialItemData *record(int id) { return data().getData(id); }
 
-    /// Replaces the document; names are "name" and the id.
-    void load(const QString &text)
+    void load(const QString &shape)
     {
+        QStringList leftOut;
         mManager.clear();
-        auto tokens = QRegularExpression(QStringLiteral("\\d+\\[?|\\]")).globalMatch(text);
-        data().mRoot.mChildren = parse(tokens);
+        ScenarioReader::read(Shape::scenario(shape), data(), leftOut);
     }
 
-    QString shape() { return shapeOf(data().mRoot); }
-    static QString shapeOf(const Item &parent)
-    {
-        QStringList texts;
-        for (const Item &item : parent.mChildren) {
-            const bool isOpen = item.mFolder || !item.mChildren.isEmpty();
-            texts.append(QString::number(item.mId) + (isOpen ? QStringLiteral("[%1]").arg(shapeOf(item)) : QString()));
-        }
-        return texts.join(QLatin1Char(' '));
-    }
+    QString shape() { return Shape::of(data().mRoot); }
 
-    /// The ids of the records, in the order of their list.
     QList<int> recordIds() { return data().getIdList(); }
 
     void sequence(const QString &name, const std::function<void()> &edit)
@@ -72,25 +62,6 @@ public:
     }
 
 private:
-    QList<Item> parse(QRegularExpressionMatchIterator &tokens)
-    {
-        QList<Item> items;
-        while (tokens.hasNext()) {
-            const QString token = tokens.next().captured();
-            if (token == QLatin1String("]"))
-                break;
-            const bool folder = token.endsWith(QLatin1Char('['));
-            auto *record = new TutorialItemData;
-            record->mId = token.leftRef(token.size() - folder).toInt();
-            record->mName = QStringLiteral("name%1").arg(record->mId);
-            data().mDataList.append(record);
-            items.append(Item(record->mId, folder));
-            if (folder)
-                items.last().mChildren = parse(tokens);
-        }
-        return items;
-    }
-
     FakeContext mContext;
     TutorialEditor::Manager mManager;
     // Goes first: its commands may own records.

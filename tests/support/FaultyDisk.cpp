@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <set>
@@ -13,14 +12,17 @@
 
 namespace
 {
-bool isCounting = false;
-bool mayMakeFiles = true;
-int calls = 0;
-int faultyCall = 0;
-int fault = FaultyDisk::None;
-std::string folder;
-bool hasNewName = false; // that was not synchronised
-bool isTooEarly = false; // that a file was named or closed
+struct State
+{
+    bool isCounting = false;
+    bool mayMakeFiles = true;
+    int calls = 0;
+    int faultyCall = 0;
+    int fault = FaultyDisk::None;
+    std::string folder;
+    bool hasNewName = false; // that was not synchronised
+    bool isTooEarly = false; // that a file was named or closed
+} state;
 
 // Never freed: a process closes files before main and after it, too.
 std::set<int> &openFiles()
@@ -38,26 +40,27 @@ std::set<int> &writtenFiles()
 
 bool isOurs(const char *path)
 {
-    char resolved[PATH_MAX] = {};
-    if (!isCounting || !realpath(path, resolved))
-        std::strncpy(resolved, path, sizeof resolved - 1);
-    return isCounting && (*resolved != '/' || std::strncmp(resolved, folder.data(), folder.size()) == 0);
+    if (!state.isCounting)
+        return false;
+    char resolved[PATH_MAX];
+    const std::string place = realpath(path, resolved) ? resolved : path;
+    return place[0] != '/' || place.rfind(state.folder, 0) == 0;
 }
 
 bool isOurs(int file)
 {
-    return isCounting && openFiles().count(file) > 0;
+    return state.isCounting && openFiles().count(file) > 0;
 }
 
 template <typename Concerned>
 bool fails(Concerned concerned)
 {
-    if (!isOurs(concerned) || ++calls != faultyCall)
+    if (!isOurs(concerned) || ++state.calls != state.faultyCall)
         return false;
-    if (fault == FaultyDisk::End)
-        _exit(isTooEarly);
-    errno = fault;
-    return fault > FaultyDisk::None;
+    if (state.fault == FaultyDisk::End)
+        _exit(state.isTooEarly);
+    errno = state.fault;
+    return state.fault > FaultyDisk::None;
 }
 
 /// Lets the call fail, or makes it by the system's own function.
@@ -71,8 +74,8 @@ Result attempt(Concerned concerned, Result (*)(Parameters...), const char *name,
 
 int named(int result)
 {
-    hasNewName = hasNewName || result == 0;
-    isTooEarly = isTooEarly || !writtenFiles().empty();
+    state.hasNewName = state.hasNewName || result == 0;
+    state.isTooEarly = state.isTooEarly || !writtenFiles().empty();
     return result;
 }
 } // namespace
@@ -80,25 +83,19 @@ int named(int result)
 void FaultyDisk::begin(int call, int kind, bool newFiles)
 {
     char path[4096];
-    folder = getcwd(path, sizeof path);
-    isCounting = true;
-    mayMakeFiles = newFiles;
-    calls = 0;
-    faultyCall = call;
-    fault = kind;
+    state = { true, newFiles, 0, call, kind, getcwd(path, sizeof path), false, false };
     writtenFiles().clear();
-    hasNewName = isTooEarly = false;
 }
 
 int FaultyDisk::end()
 {
-    isCounting = false;
-    return calls;
+    state.isCounting = false;
+    return state.calls;
 }
 
 bool FaultyDisk::isOnDisk()
 {
-    return writtenFiles().empty() && !hasNewName && !isTooEarly;
+    return writtenFiles().empty() && !state.hasNewName && !state.isTooEarly;
 }
 
 // By these names the system's are found, whatever its headers declare.
@@ -116,7 +113,7 @@ int faultyLink(int fromFolder, const char *from, int toFolder, const char *to, i
 
 int faultyOpen(const char *path, int flags, mode_t mode)
 {
-    const bool isRefused = !mayMakeFiles && ((flags & O_EXCL) != 0 || (flags & O_TMPFILE) == O_TMPFILE);
+    const bool isRefused = !state.mayMakeFiles && ((flags & O_EXCL) != 0 || (flags & O_TMPFILE) == O_TMPFILE);
     if (isRefused && isOurs(path)) {
         errno = EACCES;
         return -1;
@@ -132,9 +129,9 @@ int faultyClose(int file)
 {
     const bool isFaulty = fails(file);
     openFiles().erase(file);
-    isTooEarly = writtenFiles().erase(file) > 0 || isTooEarly;
+    state.isTooEarly = writtenFiles().erase(file) > 0 || state.isTooEarly;
     const int result = attempt(file, faultyClose, "close", file);
-    errno = isFaulty ? fault : errno;
+    errno = isFaulty ? state.fault : errno;
     return isFaulty ? -1 : result;
 }
 
@@ -145,13 +142,13 @@ ssize_t faultyRead(int file, void *bytes, size_t size)
 
 ssize_t faultyWrite(int file, const void *bytes, size_t size)
 {
-    const bool isShort = isOurs(file) && fault == FaultyDisk::Short && calls + 1 == faultyCall;
+    const bool isShort = isOurs(file) && state.fault == FaultyDisk::Short && state.calls + 1 == state.faultyCall;
     const ssize_t result = attempt(file, faultyWrite, "write", file, bytes, isShort ? size / 2 : size);
     if (isOurs(file))
         writtenFiles().insert(file);
     if (isShort) {
-        ++faultyCall;
-        fault = ENOSPC;
+        ++state.faultyCall;
+        state.fault = ENOSPC;
     }
     return result;
 }
@@ -163,20 +160,20 @@ int faultySync(int file)
         return -1;
     struct stat status = {};
     if (fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
-        hasNewName = false;
+        state.hasNewName = false;
     writtenFiles().erase(file);
     return 0;
 }
 
 void faultySyncAll()
 {
-    hasNewName = false;
+    state.hasNewName = false;
 }
 
 int faultyRename(const char *from, const char *to)
 {
     const int result = named(attempt(to, faultyRename, "rename", from, to));
-    hasNewName = result == 0; // or else the new file goes
+    state.hasNewName = result == 0; // or else the new file goes
     return result;
 }
 

@@ -23,7 +23,6 @@ public:
         return mServer.listen(name);
     }
 
-    /// Waits for the connection.
     bool accept(int timeout = 20000) { return accept(mServer, timeout); }
     /// Takes one that comes to the other's server, which must outlive this.
     bool acceptFrom(HostEnd &other) { return accept(other.mServer, 20000); }

@@ -32,7 +32,6 @@ public:
         mProcess.waitForFinished();
     }
 
-    /// Starts the program and waits for its connection.
     bool start(const QString &program)
     {
         return listen(mSuffix) && startAlone(program, { mSuffix, QStringLiteral("ignored") }) && accept();
@@ -51,7 +50,6 @@ public:
     /// Sends "alive" each second from here on.
     void keepAlive() { mAlive.start(1000); }
 
-    /// Waits until all bytes have gone to the program.
     bool flush()
     {
         return QTest::qWaitFor([this] { return socket().bytesToWrite() == 0; }, 30000);
@@ -73,7 +71,6 @@ public:
     }
 
     QProcess &process() { return mProcess; }
-    /// What the program's log holds by now.
     QString log() const
     {
         return QString::fromUtf8(readAll(mHome.filePath(mLogFolder + QLatin1String("/Trelvane.log"))));

@@ -43,7 +43,6 @@ Window *find()
     return nullptr;
 }
 
-/// Drives an object's timer by hand.
 inline void tick(QObject *object, int times = 1)
 {
     QTimerEvent event(0);

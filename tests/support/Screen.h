@@ -25,7 +25,6 @@ QVector<Window> windows(qint64 process);
 /// The places of those of that size.
 QVector<QRect> places(qint64 process, const QSize &size);
 
-/// Whether there is a window manager.
 bool isManaged();
 
 QImage pixels(const QRect &place);

@@ -2,16 +2,14 @@
 
 #include "quick/DocumentFollower.h"
 #include "quick/TreeListItemSelectionModel.h"
+#include "quick/TutorialItemListModel.h"
 #include "support/EditingSession.h"
-#include "support/ModelRows.h"
-#include "tool/IdSet.h"
 #include "Tutorial/ItemClipboard.h"
 
 #include <QAbstractItemModelTester>
 #include <QUndoStack>
 
-/// One operation of a random session. What its numbers stand for depends on the document when it
-/// runs, so that a list stays a list when operations are left out.
+/// One operation of a random session. What its numbers stand for depends on the document when it runs.
 struct Operation
 {
     int verb;
@@ -59,7 +57,6 @@ public:
         clear(history());
     }
 
-    /// Runs one operation. The result is empty, or tells what is wrong.
     QString run(const Operation &op)
     {
         const Verb &verb = verbs()[static_cast<std::size_t>(op.verb)];
@@ -74,6 +71,7 @@ public:
 
 private:
     using Item = EditingSession::Item;
+    using Model = TutorialItemListModel;
     static constexpr int kLimit = 10;
     static constexpr int kMaxItems = 50;
     static constexpr auto kCopied = ItemClipboard::SecondHints::Copied;
@@ -243,11 +241,54 @@ private:
         mModel.setValue(id, property, value);
     }
 
-    QString turnAndCheck(bool rowsLag);
+    /// A folder is prohibited that holds items, all of them prohibited.
+    bool isProhibited(const Item &item)
+    {
+        int items = 0;
+        int prohibited = 0;
+        item.visitAll([&](const Item &each) {
+            items += !each.mFolder;
+            prohibited += !each.mFolder && mSession.record(each.mId)->mProhibited;
+        });
+        return items > 0 && items == prohibited;
+    }
+
+    /// Empty, or the first row at or below this one that does not show what the document holds.
+    QString difference(const QModelIndex &row, const Item &item)
+    {
+        const TutorialItemData *record = item.mId < 0 ? nullptr : mSession.record(item.mId);
+        const bool same = row.data(Model::RoleId) == item.mId && row.data(Model::RoleFolder) == item.mFolder
+            && row.data(Model::RoleName) == (record ? record->mName : QStringLiteral("/"))
+            && row.data(Model::RoleProhibited).toBool() == isProhibited(item)
+            && (!record || (row.data(Model::RoleIcon) == record->mIcon && row.data(Model::RoleJump) == record->mJump))
+            && mModel.rowCount(row) == item.mChildren.size();
+        QString different = same ? QString() : QStringLiteral("row of item %1").arg(item.mId);
+        for (int i = 0; i < item.mChildren.size() && different.isEmpty(); ++i)
+            different = difference(mModel.index(i, 0, row), item.mChildren.at(i));
+        return different;
+    }
+
+    /// What a turn of the event loop does for the rows is all that is done for them.
+    QString turnAndCheck(bool rowsLag)
+    {
+        if (!rowsLag)
+            QCoreApplication::sendPostedEvents(&mFollower);
+        expect(picture() == mDocument, "the document");
+        expect(history().canUndo() == (mDepth == 0 && mIndex > 0), "canUndo");
+        expect(history().canRedo() == (mDepth == 0 && mIndex + 1 < mStates.size()), "canRedo");
+        expect(history().inTransaction() == mInTransaction, "inTransaction");
+        expect(mSession.context().mModified != mStates.at(mIndex).saved, "modified");
+        if (mWrong.isEmpty())
+            mWrong = mSession.fault();
+        if (mWrong.isEmpty() && !rowsLag && mDepth == 0)
+            mWrong = difference(mModel.getRootIndex(), data().mRoot);
+        mLastStep = lastStep();
+        return mWrong;
+    }
 
     EditingSession mSession;
     QUndoStack *mStack = history().findChild<QUndoStack *>();
-    TutorialItemListModel mModel;
+    Model mModel;
     QAbstractItemModelTester mTester{ &mModel, QAbstractItemModelTester::FailureReportingMode::Warning };
     TreeListItemSelectionModel mSelection{ &mModel };
     DocumentFollower mFollower;
@@ -299,22 +340,4 @@ inline const std::vector<RandomSession::Verb> &RandomSession::verbs()
         { "clearDocument", 1, Steering, [](S &s, const T &) { s.clear(*TutorialEditor::Manager::instance()); } },
     };
     return verbs;
-}
-
-/// What a turn of the event loop does for the rows is all that is done for them.
-inline QString RandomSession::turnAndCheck(bool rowsLag)
-{
-    if (!rowsLag)
-        QCoreApplication::sendPostedEvents(&mFollower);
-    expect(picture() == mDocument, "the document");
-    expect(history().canUndo() == (mDepth == 0 && mIndex > 0), "canUndo");
-    expect(history().canRedo() == (mDepth == 0 && mIndex + 1 < mStates.size()), "canRedo");
-    expect(history().inTransaction() == mInTransaction, "inTransaction");
-    expect(mSession.context().mModified != mStates.at(mIndex).saved, "modified");
-    if (mWrong.isEmpty())
-        mWrong = mSession.fault();
-    if (mWrong.isEmpty() && !rowsLag && mDepth == 0)
-        mWrong = ModelRows::difference(mModel);
-    mLastStep = lastStep();
-    return mWrong;
 }

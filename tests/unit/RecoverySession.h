@@ -3,6 +3,7 @@
 #include "quick/TutorialItemListModel.h"
 #include "support/FileBytes.h"
 #include "support/ManagerFixture.h"
+#include "support/Shape.h"
 #include "Tutorial/recovery/Recovery.h"
 #include "Tutorial/translation/TranslationSource.h"
 #include "TutorialEditor/Manager.h"
@@ -25,15 +26,11 @@ public:
         return QStringLiteral("tutorial-win/translations/%1.ts").arg(QLatin1String(locale));
     }
 
-    /// Lays out a tutorial with so many steps.
-    static void layOut(int steps)
+    static void layOut()
     {
-        for (const char *folder : { "tutorial-win/qml/Tutorial", "tutorial-win/translations" })
-            QDir().mkpath(QLatin1String(folder));
-        QByteArray items;
-        for (int id = 1; id <= steps; ++id)
-            items += "{\"id\":" + QByteArray::number(id) + ",\"name\":\"name" + QByteArray::number(id) + "\"},\n";
-        writeAll(file(), "var scenario = [\n" + items.left(items.size() - 2) + "];");
+        for (const QString &path : { file(), language("ja_JP") })
+            QDir().mkpath(QFileInfo(path).path());
+        writeAll(file(), "var scenario = " + Shape::scenario(QStringLiteral("1 2 3 4 5 6")).toUtf8() + ';');
         for (const char *locale : { "ja_JP", "en_US" })
             writeAll(language(locale), TranslationSource::emptyDocument(QLatin1String(locale)).toByteArray());
     }
@@ -118,26 +115,26 @@ inline int runKilledSession(unsigned seed)
             std::raise(SIGKILL);
         }).detach();
     };
-    const auto tell = [](const char *what, const QByteArray &value) {
-        std::printf("%s %s %lld\n", what, value.constData(), QDateTime::currentMSecsSinceEpoch());
-        std::fflush(stdout);
-    };
     enum { InLife, InSave, InCopy };
     const unsigned moment = seed % 3;
     RecoverySession session;
+    const auto tell = [&session] {
+        std::printf("state %s\n", session.picture().constData());
+        std::fflush(stdout);
+    };
     session.begin();
     if (seed == kNeverKilled) {
         session.set(1, "x", 5);
         return QCoreApplication::exec();
     }
-    tell("state", session.picture());
+    tell();
     unsigned life = 20 + random() % 200;
     if (moment == InLife)
         killWithin(2000000);
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
         session.editAtRandom(random);
-        tell("state", session.picture());
+        tell();
         const bool last = --life == 0 && moment != InLife;
         if (last)
             killWithin(8000);

@@ -27,7 +27,6 @@ private Q_SLOTS:
     void cleanup() { mManager.reset(); }
 
     void aimsAtTheTarget();
-    void goesByQuarters();
     void flipsAtItsLimits();
     void comesToRest();
 
@@ -89,15 +88,6 @@ void tst_GuidanceMotion::aimsAtTheTarget()
     QCOMPARE(mManager->hostRect(), QRect(-1, 2, 3, 4));
 }
 
-void tst_GuidanceMotion::goesByQuarters()
-{
-    using namespace GuidanceGeometry;
-    QCOMPARE(easingStep({ 0, 0 }, { 400, -200 }), QPoint(100, -50));
-    QCOMPARE(easingStep({ 398, 0 }, { 400, 3 }), QPoint(400, 0));
-    // The sides are chosen anew near the place alone.
-    QVERIFY(isNear({ 10, 10 }, { 10, 266 }) && !isNear({ 10, 10 }, { 10, 267 }));
-}
-
 void tst_GuidanceMotion::flipsAtItsLimits()
 {
     startHidden(-1920, 0, 1000, 700); // its right edge is at -920
@@ -116,6 +106,11 @@ void tst_GuidanceMotion::flipsAtItsLimits()
 
 void tst_GuidanceMotion::comesToRest()
 {
+    using namespace GuidanceGeometry;
+    QCOMPARE(easingStep({ 398, 0 }, { 400, 3 }), QPoint(400, 0));
+    // The sides are chosen anew near the place alone.
+    QVERIFY(isNear({ 10, 10 }, { 10, 266 }) && !isNear({ 10, 10 }, { 10, 267 }));
+
     // On a screen to the left and above, narrower than arrow and text, none.
     for (const QRect &host : { QRect(-1920, -1080, 1600, 900), QRect(100, 100, 300, 200), QRect() }) {
         startHidden(host.x(), host.y(), host.width(), host.height());
@@ -127,7 +122,7 @@ void tst_GuidanceMotion::comesToRest()
             QVERIFY(isAtRest());
 
             // Where the rectangle has room on one side of the target, the text is inside of it.
-            const int width = GuidanceGeometry::kTextWidth;
+            const int width = kTextWidth;
             const int right = host.x() + host.width();
             const int textLeft = restingPlace().x() + mIndicator->mTooltip->mTextEdit->x();
             const bool hasRoom = target.x() - 308 >= host.x() || target.x() + 411 < right;

@@ -125,6 +125,7 @@ void tst_Model::copiesFields()
     source.mHint2 = QStringLiteral("second");
     source.mJump = 1;
     source.mProhibited = true;
+    session.record(1)->mHint2.clear();
     ItemClipboard::insertPayload(payloadOf({ 2, 1 }), SecondHints::Copied);
     TutorialItemData expected(source);
     expected.mId = 5;

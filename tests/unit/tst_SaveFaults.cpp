@@ -65,7 +65,6 @@ void tst_SaveFaults::savesAllOrTells_data()
         QTest::newRow(row) << (row == QByteArray("in place"));
 }
 
-/// Lays the files out, loads the tutorial and edits it.
 void tst_SaveFaults::prepare(const QByteArray &row) const
 {
     QDir(QStringLiteral("tutorial-win")).removeRecursively();

@@ -1,7 +1,6 @@
 #include "support/FileBytes.h"
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
-#include "tool/FreeNames.h"
 #include "tool/JsonWrapper.h"
 #include "tool/JsonWrapperException.h"
 
@@ -118,9 +117,6 @@ void tst_Tool::uniqueName()
     QCOMPARE(name("", "item", 3), QStringLiteral("item001"));
     QCOMPARE(name("item7 item+8 item9a xitem9 item1.5 item-8", "item", 2), QStringLiteral("item08"));
     QCOMPARE(name("item2147483647 item2147483648", "item", 3), QStringLiteral("item2147483649"));
-    FreeNames names({});
-    QCOMPARE(names.next(QStringLiteral("a"), 2), QStringLiteral("a01"));
-    QCOMPARE(names.next(QStringLiteral("a0"), 1), QStringLiteral("a02"));
     QCOMPARE(name("abc abc(1) abc(3)", "abc", -1), QStringLiteral("abc(4)"));
     QCOMPARE(name("abc abc(1) abc(3)", "xyz", -2), QStringLiteral("xyz(1)"));
     QCOMPARE(name("abc abc(01) abc(+7) abc(-7) abc() abc(8)x abc[9) abc(", "abc", -1), QStringLiteral("abc(1)"));

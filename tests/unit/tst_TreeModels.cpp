@@ -91,6 +91,13 @@ void tst_TreeModels::selectsInTwoOrders()
     QCOMPARE(tree.treeSelected(), QStringLiteral("2 7 9"));
     tree.selection.toggleSelected(tree.at(7));
     QCOMPARE(Tree::join(tree.selection.getSelectedIdList()), QStringLiteral("5 -1 2 9"));
+    // A range goes through all levels, and may be one row.
+    tree.selection.setCurrentIndex(tree.at(5), QItemSelectionModel::NoUpdate);
+    tree.selection.setSelectedBetweenCurrentAnd(tree.at(5));
+    QCOMPARE(tree.treeSelected(), QStringLiteral("5"));
+    tree.selection.setSelectedBetweenCurrentAnd(tree.at(9));
+    QCOMPARE(tree.treeSelected(), QStringLiteral("5 6 7 8"));
+    tree.selection.setSelectedIdList({ 2, 5, 9 });
     // What stays where it is stays selected.
     tree.load(QStringLiteral("10 2[3 6] 8[4[5] 9]"));
     tree.model.refreshPartial();
@@ -134,7 +141,8 @@ void tst_TreeModels::isSetAsideWhileRowsGo()
 
 void tst_TreeModels::decidesDrops()
 {
-    // Gives "<whether before> <target>", or nothing. There is no row 0: that is the end of the list.
+    // Gives "<whether before> <target>". There is no row 0: that is the end of the list. What is refused shows in
+    // what a drop does.
     const auto drop = [](const char *tree, int dragged, int up, int low, int mouseDepth) {
         EditingSession session;
         session.load(QString::fromLatin1(tree));
@@ -144,18 +152,13 @@ void tst_TreeModels::decidesDrops()
         const auto text = [&map](const char *key) { return map.value(QLatin1String(key)).toString(); };
         return QStringLiteral("%1 %2").arg(text("before"), text("targetId")).trimmed();
     };
-    QCOMPARE(drop("1 2 3", 2, 1, 2, 0), QString());
-    QCOMPARE(drop("1[2 3] 4", 1, 3, 4, 1), QString());
     QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 0), QStringLiteral("true 4"));
-    QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 1), QString());
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, 0, 9), QStringLiteral("false 3"));
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, 0, -3), QStringLiteral("false -1"));
     // Below the last folder, which is closed or empty.
     QCOMPARE(drop("1 2[3[]]", 1, 3, 0, 2), QStringLiteral("false 3"));
     QCOMPARE(drop("1 2[3[4]]", 3, 3, 0, 0), QStringLiteral("false -1"));
     QCOMPARE(drop("1[2[3[]]]", 2, 3, 0, 0), QStringLiteral("false -1"));
-    QCOMPARE(drop("1[2[3[]]]", 2, 3, 0, 1), QString());
-    QCOMPARE(drop("1[2[3[]]]", 1, 3, 0, 0), QString());
 }
 
 void tst_TreeModels::landsWhereTheMarkerStands()
