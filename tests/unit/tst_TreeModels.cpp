@@ -155,6 +155,8 @@ void tst_TreeModels::decidesDrops()
     QCOMPARE(drop("1[2 3] 4", 3, 3, 4, 0), QStringLiteral("true 4"));
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, 0, 9), QStringLiteral("false 3"));
     QCOMPARE(drop("1[2[3[4]]] 5", 5, 4, 0, -3), QStringLiteral("false -1"));
+    // A row does not leave its folder for the place above it.
+    QCOMPARE(drop("1[] 2[3]", 3, 1, 2, 0), QString());
     // Below the last folder, which is closed or empty.
     QCOMPARE(drop("1 2[3[]]", 1, 3, 0, 2), QStringLiteral("false 3"));
     QCOMPARE(drop("1 2[3[4]]", 3, 3, 0, 0), QStringLiteral("false -1"));
