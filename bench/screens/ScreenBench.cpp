@@ -59,6 +59,7 @@ void ScreenBench::run()
         mSize = text.key();
         mWindow.store(mSize, text.value());
         mWindow.open();
+        checkComesToRest();
         row("openTutorial", [this] { return mWindow.open(); });
         row("openTutorialFloor", [this] { return BareTree(mSize).open(); });
         selections();
@@ -174,6 +175,13 @@ void ScreenBench::edits()
         mWindow.settle();
         return mWindow.measure([this] { mWindow.press(Qt::Key_A); });
     });
+    row("checkAfterEdit", [this] {
+        select(2);
+        mWindow.click(mWindow.item("hint"));
+        checkComesToRest();
+        const int before = checkRevision();
+        return mWindow.measure([this] { mWindow.press(Qt::Key_A); }, [&] { return checkRevision() != before; });
+    });
 }
 
 void ScreenBench::manyRows()
@@ -229,6 +237,22 @@ Cost ScreenBench::openJumpMenu()
     waitUntil("the menu is closed", [&] { return !isOpen(); });
     mWindow.settle();
     return cost;
+}
+
+int ScreenBench::checkRevision() const
+{
+    return mWindow.evaluate(QStringLiteral("settingScreen.problems.revision")).toInt();
+}
+
+void ScreenBench::checkComesToRest()
+{
+    // Longer than it pauses for the largest tutorial.
+    constexpr int kRest = 3000;
+    int revision = -1;
+    while (revision != checkRevision()) {
+        revision = checkRevision();
+        QTest::qWait(kRest);
+    }
 }
 
 Cost ScreenBench::scroll()

@@ -30,6 +30,10 @@ private:
     /// All rows but a few go between these.
     Cost dropRows();
     Cost openJumpMenu();
+    /// Grows with each check of the tutorial.
+    int checkRevision() const;
+    /// Waits until nothing is left to check and to measure.
+    void checkComesToRest();
     void scrolls();
     Cost scroll();
     QString shownName(int id) const;

@@ -93,6 +93,8 @@ public:
     /// The translation sources that can't be read, as a text for the user; empty if there are none. Until they can be
     /// read, a save is refused.
     Q_INVOKABLE QString unreadableTranslations() const;
+    /// Their paths.
+    QStringList unreadableSources() const;
     /// Saves the translations and then the scenario.
     Q_INVOKABLE QString save();
     Q_INVOKABLE void unload();
@@ -162,6 +164,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     void received(const QString &text);
     void modifiedChanged();
+    void saved();
     /// Comes a little after an undo or redo, never from inside one.
     void jumpLinkChanged(const QString &linkInfo);
     void mimeTypeChanged();

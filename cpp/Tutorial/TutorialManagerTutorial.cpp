@@ -141,8 +141,13 @@ QString TutorialManager::leftOut() const
 
 QString TutorialManager::unreadableTranslations() const
 {
-    const QString paths = mTranslation->unreadableSources().join(QLatin1Char('\n'));
+    const QString paths = unreadableSources().join(QLatin1Char('\n'));
     return paths.isEmpty() ? paths : tr("The hints can't be read, and nothing is saved until they can:\n%1").arg(paths);
+}
+
+QStringList TutorialManager::unreadableSources() const
+{
+    return mTranslation->unreadableSources();
 }
 
 QString TutorialManager::save()
@@ -152,7 +157,10 @@ QString TutorialManager::save()
     // What is not the content of its file must not go into the translations either.
     if (mEditorManager->isSaveable() && !(feedbackTranslation() && saveTranslation()))
         return tr("Failed to save translation.");
-    return mEditorManager->save();
+    const QString error = mEditorManager->save();
+    if (error.isEmpty())
+        Q_EMIT saved();
+    return error;
 }
 
 void TutorialManager::unload()

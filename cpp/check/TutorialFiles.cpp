@@ -70,14 +70,7 @@ QString TutorialFiles::readLanguage(const QString &locale, const QString &folder
         return file;
     QDomDocument document;
     if (!TranslationXml::parse(bytes, document)) {
-        QString message;
-        int line = 0;
-        QDomDocument().setContent(bytes, &message, &line);
-        mProblems.append(
-            { QStringLiteral("translations-unreadable"), Problem::Severity::Error, -1, QString(),
-              TutorialCheck::tr("The translations can't be read from here on (%1): mend the file.")
-                  .arg(message.isEmpty() ? TutorialCheck::tr("it is not what such a file holds") : message),
-              file, line });
+        mProblems.append(unreadable(file, bytes));
         return QString();
     }
     const bool first = locale == kFirstLocale;
@@ -87,6 +80,21 @@ QString TutorialFiles::readLanguage(const QString &locale, const QString &folder
     mMessages.insert(locale, TranslationSource::readMessages(document));
     mLines.insert(file, TranslationSource::readLines(document, mContext));
     return QString();
+}
+
+Problem TutorialFiles::unreadable(const QString &file, const QByteArray &bytes)
+{
+    QString message;
+    int line = 0;
+    QDomDocument().setContent(bytes, &message, &line);
+    return { QStringLiteral("translations-unreadable"),
+             Problem::Severity::Error,
+             -1,
+             QString(),
+             TutorialCheck::tr("The translations can't be read from here on (%1): mend the file.")
+                 .arg(message.isEmpty() ? TutorialCheck::tr("it is not what such a file holds") : message),
+             file,
+             line };
 }
 
 void TutorialFiles::measureHints()

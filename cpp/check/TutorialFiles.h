@@ -23,6 +23,9 @@ public:
     /// Where the translation sources lie beside a scenario, as the resource tree and the writer's folder have them.
     static QString translationsOf(const QString &scenario);
 
+    /// What is wrong with a translation source that holds no translations.
+    static Problem unreadable(const QString &file, const QByteArray &bytes);
+
     /// Lays all hints out, so that those that are too high are found. Needs an application with widgets.
     void measureHints();
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "check/CheckSubject.h"
+#include "check/HintSizes.h"
+#include "check/Problem.h"
 
 #include <QObject>
 
@@ -13,8 +15,12 @@ public:
     explicit LoadedTutorial(QObject *parent = nullptr);
 
     static bool isLoaded();
+    /// All that is wrong with it, by what is known of it now.
+    QVector<Problem> problems() const;
     /// It ends with the next edit.
     CheckSubject subject() const;
+    /// Measures hints of which the size is not known, for a few milliseconds. False if there was none.
+    bool measureHints();
 
 Q_SIGNALS:
     /// Something else than a step of the history has changed what a check may find.
@@ -22,7 +28,10 @@ Q_SIGNALS:
 
 private:
     void onReplaced();
-    void onModifiedChanged();
+    void onSaved();
+    void readFiles();
 
+    HintSizes mHintSizes;
+    QVector<Problem> mFileProblems; // of what the document and the hints were read from
     QSet<int> mReachedAtSave;
 };

@@ -1,6 +1,5 @@
 #include "quick/TutorialProblems.h"
 
-#include "check/TutorialCheck.h"
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
@@ -13,6 +12,9 @@ namespace
 constexpr qint64 kGesture = 30;
 // Of a very large tutorial the checks take no more than one part in so many of the time.
 constexpr qint64 kShare = 20;
+
+// Between two slices of time in which hints are measured.
+constexpr int kMeasurePause = 50;
 
 constexpr int kNone = -1;
 
@@ -31,6 +33,9 @@ TutorialProblems::TutorialProblems(QObject *parent) : ProblemListModel(parent)
     mTimer.setTimerType(Qt::PreciseTimer);
     connect(&mTimer, &QTimer::timeout, this, &TutorialProblems::check);
     connect(&mTutorial, &LoadedTutorial::changed, this, &TutorialProblems::schedule);
+    mMeasureTimer.setSingleShot(true);
+    mMeasureTimer.setInterval(kMeasurePause);
+    connect(&mMeasureTimer, &QTimer::timeout, this, &TutorialProblems::measureHints);
     schedule();
 }
 
@@ -54,11 +59,21 @@ void TutorialProblems::schedule()
 void TutorialProblems::check()
 {
     mSinceCheck.start();
-    show(LoadedTutorial::isLoaded() ? TutorialCheck::check(mTutorial.subject()) : QVector<Problem>());
+    show(mTutorial.problems());
     readSeverities();
     ++mRevision;
     Q_EMIT revisionChanged();
     mPause = mSinceCheck.elapsed() * kShare;
+    mMeasureTimer.start();
+}
+
+void TutorialProblems::measureHints()
+{
+    // The first measure makes the check see them, and plans the next one.
+    if (LoadedTutorial::isLoaded() && mTutorial.measureHints()) {
+        schedule();
+        mMeasureTimer.start();
+    }
 }
 
 void TutorialProblems::readSeverities()

@@ -53,6 +53,7 @@ Q_SIGNALS:
 private:
     void schedule();
     void check();
+    void measureHints();
     void readSeverities();
     int readFolder(const TreeItem<TutorialItemData> &folder);
 
@@ -62,6 +63,7 @@ private:
     QHash<int, int> mFolderSeverities; // by folder, of what is in it
     int mRevision = 0;
     QTimer mTimer;
+    QTimer mMeasureTimer;
     QElapsedTimer mSinceCheck;
     qint64 mPause = 0; // from the begin of one check to the next one
 };

@@ -1,7 +1,7 @@
 #include "AuthoringTest.h"
 
-#include "check/TutorialCheck.h"
-#include "quick/LoadedTutorial.h"
+#include "check/TutorialFiles.h"
+#include "quick/ProblemListModel.h"
 #include "support/FileBytes.h"
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/TutorialManager.h"
@@ -21,6 +21,7 @@ private Q_SLOTS:
     void editsAreFollowed();
     void windowLeadsToTheStep();
     void typingIsNotDisturbed();
+    void wordsAreThoseOfTheFiles();
 
 private:
     QQuickWindow *window() const { return visibleWindow("ProblemsWindow"); }
@@ -151,13 +152,6 @@ void tst_Problems::editsAreFollowed()
     QCOMPARE(signs({ 2, 3 }), QStringLiteral(","));
     redo();
     QTRY_COMPARE(lines().value(0), QStringLiteral("warning|#3 name3|") + sentence);
-    // What the list says is what the check says.
-    setJump(1, 9);
-    LoadedTutorial tutorial;
-    const QVector<Problem> found = TutorialCheck::check(tutorial.subject());
-    QTRY_COMPARE(lines().size(), found.size());
-    for (int i = 0; i < found.size(); ++i)
-        QCOMPARE(lines().at(i).section(QLatin1Char('|'), 2), found.at(i).text);
     managerInstance->unload();
     QTRY_COMPARE(summary(), QStringLiteral("No tutorial is open."));
     QTRY_COMPARE(lines(), QStringList());
@@ -224,6 +218,38 @@ void tst_Problems::typingIsNotDisturbed()
     QCOMPARE(shown("hint.edit"), typed);
     QVERIFY(item("hint.edit")->hasActiveFocus());
     QCOMPARE(record(3)->mHint, typed);
+}
+
+void tst_Problems::wordsAreThoseOfTheFiles()
+{
+    // Left out by the reader, the same in both languages, too high for its window, and what jumps and names can be.
+    QByteArray script = readAll(kTutorial);
+    script.replace("\"id\":1,\"name\":\"name1\",\"x\":10", "\"id\":1,\"name\":\"name3\",\"jump\":9,\"x\":\"left\"");
+    script.replace("\"id\":4,", "\"id\":4,\"jumpNo\":2,");
+    script.replace("\"icon\":\"eye\",\"showArrow\":true}];", "\"icon\":\"ear\",\"showArrow\":true}];");
+    writeAll(kTutorial, script);
+    QByteArray english = readAll(kEnglish);
+    english.replace("en_US3", "ja_JP3").replace("en_US5", QByteArray("line\n").repeated(200));
+    writeAll(kEnglish, english);
+    evaluate(QStringLiteral("reloadTutorial()"));
+    TutorialFiles files;
+    QCOMPARE(files.read(kTutorial, QFileInfo(kEnglish).path()), QString());
+    files.measureHints();
+    QStringList meant;
+    QSet<QString> rules;
+    for (const Problem &problem : files.problems()) {
+        meant.append(QString::number(problem.itemId) + problem.text);
+        rules.insert(problem.rule);
+    }
+    QVERIFY2(rules.size() >= 6, qPrintable(meant.join(QLatin1Char('\n'))));
+    const auto *model = screen()->property("problems").value<ProblemListModel *>();
+    const auto shown = [model] {
+        QStringList texts;
+        for (const Problem &problem : model->problems())
+            texts.append(QString::number(problem.itemId) + problem.text);
+        return texts;
+    };
+    QTRY_COMPARE(shown(), meant);
 }
 
 int main(int argc, char *argv[])
