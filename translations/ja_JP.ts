@@ -453,6 +453,10 @@ Change %2 to %1 ?</source>
             <source>end: #%1 %2, shortest way, with %3 steps: %4</source>
             <translation>終わり: #%1 %2、最短の道筋、項目 %3 個: %4</translation>
         </message>
+        <message>
+            <source>No entry is called "%1", so that it is left out: correct its name, or take it away.</source>
+            <translation>"%1" という項目名はないため無視されます。名前を直すか、取り除いてください。</translation>
+        </message>
     </context>
     <context>
         <name>TutorialEditor::Manager</name>

@@ -111,6 +111,7 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
             addSyntaxError(array);
         return;
     }
+    addUnknownKeys();
     for (const Loss &loss : qAsConst(losses)) {
         Problem problem = problemOf(loss);
         if (problem.rule.isEmpty())
@@ -129,6 +130,20 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
 void ScenarioFile::addProblem(const char *rule, const QString &text, int line)
 {
     mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Error, -1, QString(), text, mFilename, line });
+}
+
+void ScenarioFile::addUnknownKeys()
+{
+    for (const ScenarioLines::UnknownKey &unknown : mLines.unknownKeys()) {
+        const int id = mLines.idOf(unknown.item);
+        const TutorialItemData *record = mDocument.getData(id);
+        mProblems.append({ QStringLiteral("key-unknown"), Problem::Severity::Error, id,
+                           record ? record->mName : QString(),
+                           TutorialCheck::tr("No entry is called \"%1\", so that it is left out: correct its name, or "
+                                             "take it away.")
+                               .arg(unknown.key),
+                           mFilename, mLines.lineInArray(unknown.position) });
+    }
 }
 
 void ScenarioFile::addSyntaxError(const QString &array)

@@ -32,6 +32,7 @@ private:
     Q_DISABLE_COPY(ScenarioFile)
 
     void addProblem(const char *rule, const QString &text, int line);
+    void addUnknownKeys();
     void addSyntaxError(const QString &array);
 
     QString mFilename;

@@ -1,13 +1,37 @@
 #include "check/ScenarioLines.h"
 
+#include "model/TutorialItemField.h"
+
 #include <QJsonValue>
 
 #include <algorithm>
+
+namespace
+{
+bool isKnown(const QStringRef &key)
+{
+    const auto &fields = TutorialItemField::all();
+    return key == QLatin1String("folder") || key == QLatin1String("children")
+        || std::any_of(fields.begin(), fields.end(), [&key](const TutorialItemField &field) {
+               return field.form != TutorialItemField::Form::Nowhere
+                   && (key == field.name || (!field.olderName.isEmpty() && key == field.olderName));
+           });
+}
+} // namespace
 
 ScenarioLines::ScenarioLines(const QString &script, const QString &array, const TextMap &map) : mArray(array), mMap(map)
 {
     for (int i = script.indexOf(QLatin1Char('\n')); i >= 0; i = script.indexOf(QLatin1Char('\n'), i + 1))
         mLineFeeds.append(i);
+    scanElements();
+    for (int i = 0; i < mItems.size(); ++i) {
+        if (at(mItems.at(i).position) == QLatin1Char('{'))
+            mItemsById[mItems.at(i).id].append(i);
+    }
+}
+
+void ScenarioLines::scanElements()
+{
     int position = 0;
     skipSpace(position);
     if (at(position) != QLatin1Char('['))
@@ -35,7 +59,7 @@ int ScenarioLines::lineAt(int position) const
 int ScenarioLines::lineOfId(int id, int earlier) const
 {
     const QVector<int> items = mItemsById.value(id);
-    return earlier < items.size() ? lineInArray(mItems.at(items.at(earlier))) : 0;
+    return earlier < items.size() ? lineInArray(mItems.at(items.at(earlier)).position) : 0;
 }
 
 int ScenarioLines::lineOfPlace(int element, int item, const QString &key) const
@@ -43,7 +67,7 @@ int ScenarioLines::lineOfPlace(int element, int item, const QString &key) const
     const int index = mElements.value(element, mItems.size()) + item;
     if (index >= mItems.size())
         return 0;
-    int position = mItems.at(index);
+    int position = mItems.at(index).position;
     if (key.isEmpty() || at(position) != QLatin1Char('{'))
         return lineInArray(position);
     int line = lineInArray(position);
@@ -60,7 +84,7 @@ int ScenarioLines::lineOfPlace(int element, int item, const QString &key) const
 void ScenarioLines::scanItem(int &position)
 {
     const int index = mItems.size();
-    mItems.append(position);
+    mItems.append({ position, 0 });
     if (at(position) != QLatin1Char('{')) {
         skipValue(position);
         return;
@@ -72,14 +96,23 @@ void ScenarioLines::scanItem(int &position)
         // Of two values of one key the last one counts.
         if (key == QLatin1String("children")) {
             mItems.resize(index + 1);
+            forgetKeysAfter(index);
             scanItems(position);
             continue;
         }
+        if (!isKnown(key))
+            mUnknownKeys.append({ key.toString(), value, index });
         skipValue(position);
         if (key == QLatin1String("id"))
             id = QJsonValue(mArray.midRef(value, position - value).toDouble()).toInt();
     }
-    mItemsById[id].append(index);
+    mItems[index].id = id;
+}
+
+void ScenarioLines::forgetKeysAfter(int item)
+{
+    const auto isAfter = [item](const UnknownKey &key) { return key.item > item; };
+    mUnknownKeys.erase(std::remove_if(mUnknownKeys.begin(), mUnknownKeys.end(), isAfter), mUnknownKeys.end());
 }
 
 void ScenarioLines::scanItems(int &position)

@@ -11,6 +11,14 @@
 class ScenarioLines
 {
 public:
+    /// A key of an item that no field has, with the position of its value in the array.
+    struct UnknownKey
+    {
+        QString key;
+        int position;
+        int item; ///< number of the item in the order of the file
+    };
+
     ScenarioLines() = default;
     ScenarioLines(const QString &script, const QString &array, const TextMap &map);
 
@@ -23,10 +31,22 @@ public:
     /// The line of an item by its place: the number of its element at the top and that of the items before it in there;
     /// with a key that of its value. 0 for a place that is not there.
     int lineOfPlace(int element, int item, const QString &key = QString()) const;
+    /// In the order of the file.
+    const QVector<UnknownKey> &unknownKeys() const { return mUnknownKeys; }
+    /// The id of an item by its number in the order of the file.
+    int idOf(int item) const { return mItems.at(item).id; }
 
 private:
+    struct Item
+    {
+        int position; // in the array
+        int id;
+    };
+
+    void scanElements();
     void scanItems(int &position);
     void scanItem(int &position);
+    void forgetKeysAfter(int item);
     /// To the end of a value, or of the text.
     void skipValue(int &position) const;
     void skipString(int &position) const;
@@ -39,6 +59,7 @@ private:
     TextMap mMap;
     QVector<int> mLineFeeds; // of the script
     QVector<int> mElements; // indexes into mItems
-    QVector<int> mItems; // the positions of the items in the array, in the order of the file
+    QVector<Item> mItems; // in the order of the file
     QHash<int, QVector<int>> mItemsById; // indexes into mItems
+    QVector<UnknownKey> mUnknownKeys;
 };

@@ -146,6 +146,9 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     // What is left out, at the line of the value.
     step("\n\"x\":1,\n\"y\":\"1\",", "value-left-out 2 X.js:5");
     step("\n\"showArrow\":1,", "value-left-out 2 X.js:4");
+    step("\n\"folow\":\n{\"id\":9},", "key-unknown 2 X.js:5");
+    step("\"followWindow\":\"a\",", "");
+    step("\"children\":[{\"a\":1,\"id\":8},{\"id\":9}],\n\"children\":[],", "");
     step("\n\"children\":[\n{\"id\":9}],", "children-of-step 2 X.js:4");
     step("\n\"children\":[{\"id\":9},\n7],", "item-unreadable 2 X.js:5");
     step("/* 1\n2 */\n// 3\n\t// {\n\"jump\":/*\n*/99,\n", "jump-missing 2 X.js:3");
