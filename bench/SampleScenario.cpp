@@ -38,15 +38,32 @@ void fill(TutorialEditor::Manager &manager, Item &folder, int depth, int &nextId
         folder.mChildren.append(child);
     }
 }
+
+void fillAll(TutorialEditor::Manager &manager, int itemCount)
+{
+    int nextId = 1;
+    while (nextId <= itemCount)
+        fill(manager, manager.mData.mRoot, 3, nextId, itemCount);
+}
 } // namespace
 
 QString SampleScenario::fileText(int itemCount)
 {
     TutorialEditor::Manager manager;
-    int nextId = 1;
-    while (nextId <= itemCount)
-        fill(manager, manager.mData.mRoot, 3, nextId, itemCount);
+    fillAll(manager, itemCount);
     return manager.getScenario(true);
+}
+
+void SampleScenario::addBranching(TutorialEditor::Manager &manager, int itemCount)
+{
+    fillAll(manager, itemCount);
+    for (TutorialItemData *record : qAsConst(manager.mData.mDataList)) {
+        record->mJump = -1;
+        if (record->mId % 5 != 0)
+            continue;
+        record->mCondition = QStringLiteral("yesNo");
+        record->mJumpNo = record->mId + (record->mId % 3 == 0 ? -11 : 17);
+    }
 }
 
 QString SampleScenario::flatText(int itemCount)

@@ -40,7 +40,7 @@ QByteArray MapPicture::svg(const QString &dot, QString &error)
             : process.errorString();
         return QByteArray();
     }
-    const QByteArray svg = withoutHead(process.readAllStandardOutput());
+    QByteArray svg = withoutHead(process.readAllStandardOutput());
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0 || svg.isEmpty()) {
         error = TutorialCheck::tr("Graphviz could not draw the map: %1")
                     .arg(QString::fromLocal8Bit(process.readAllStandardError()).trimmed());

@@ -48,7 +48,7 @@ void findUnreached(const StepGraph &graph, const Walk &walk, const QSet<int> &lo
         }
         const int first = i;
         const bool isLost = lost.contains(graph.steps().at(first).id);
-        int last = first;
+        int last;
         int count = 0;
         do {
             last = i;
