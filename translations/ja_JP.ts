@@ -386,8 +386,8 @@ Change %2 to %1 ?</source>
             <translation>マップを描くには Graphviz が必要です。インストールするか、名前が .dot で終わるファイルに書き出してください。</translation>
         </message>
         <message>
-            <source>Graphviz was stopped after a minute: the tutorial has too many jumps for a map.</source>
-            <translation>1 分待っても Graphviz が終わらないので止めました。マップにするにはジャンプが多すぎます。</translation>
+            <source>Graphviz was stopped after a minute: the tutorial is too large for a map.</source>
+            <translation>1 分待っても Graphviz が終わらないので止めました。マップにするには大きすぎます。</translation>
         </message>
         <message>
             <source>Graphviz could not draw the map: %1</source>
@@ -444,6 +444,10 @@ Change %2 to %1 ?</source>
         <message>
             <source>circle that no way leaves: %1</source>
             <translation>抜ける道のない輪: %1</translation>
+        </message>
+        <message>
+            <source>and %1 more circles</source>
+            <translation>ほかに輪が %1 個</translation>
         </message>
         <message>
             <source>and %1 more ends</source>

@@ -7,7 +7,7 @@
 
 namespace
 {
-// A tutorial of 1,000 steps takes seconds; one with very many jumps would never be done.
+// A tutorial of 1,000 steps takes seconds, and each ten times a hundred times that.
 constexpr int kTimeLimit = 60 * 1000;
 
 // Without the document type, which names a file on another machine, and without the program's version.
@@ -35,9 +35,8 @@ QByteArray MapPicture::svg(const QString &dot, QString &error)
         const bool isLate = process.error() == QProcess::Timedout;
         process.kill();
         process.waitForFinished();
-        error = isLate
-            ? TutorialCheck::tr("Graphviz was stopped after a minute: the tutorial has too many jumps for a map.")
-            : process.errorString();
+        error = isLate ? TutorialCheck::tr("Graphviz was stopped after a minute: the tutorial is too large for a map.")
+                       : process.errorString();
         return QByteArray();
     }
     QByteArray svg = withoutHead(process.readAllStandardOutput());

@@ -13,15 +13,17 @@ namespace
 {
 // Each end has a way, and each way may have all steps.
 constexpr int kEndsWithTheirWays = 20;
+constexpr int kCirclesInText = 20;
+constexpr int kRangesInText = 40;
 
 QString listOf(const StepGraph &graph, const QVector<int> &steps)
 {
-    return StepRanges::text(graph, steps, QStringLiteral(", "));
+    return StepRanges::text(graph, steps, QStringLiteral(", "), kRangesInText);
 }
 
 QString wayOf(const StepGraph &graph, const QVector<int> &steps)
 {
-    return StepRanges::text(graph, steps, QStringLiteral(" \u2192 "));
+    return StepRanges::text(graph, steps, QStringLiteral(" \u2192 "), kRangesInText);
 }
 
 QVector<int> stepsThat(const StepGraph &graph, const std::function<bool(int)> &holds)
@@ -69,22 +71,22 @@ QString WalkReport::text(const StepGraph &graph, const Walk &walk)
                      .arg(walk.longest())
                      .arg(wayOf(graph, walk.longestWay()));
     }
-    for (const Walk::Circle &circle : walk.circles()) {
+    const QVector<Walk::Circle> circles = walk.circles();
+    for (const Walk::Circle &circle : circles.mid(0, kCirclesInText)) {
         const QString steps = listOf(graph, circle.steps);
         lines += circle.isLeft ? TutorialCheck::tr("circle: %1").arg(steps)
                                : TutorialCheck::tr("circle that no way leaves: %1").arg(steps);
     }
-    int count = 0;
-    for (const int end : walk.ends()) {
-        if (++count > kEndsWithTheirWays) {
-            lines += TutorialCheck::tr("and %1 more ends").arg(walk.ends().size() - kEndsWithTheirWays);
-            break;
-        }
+    if (circles.size() > kCirclesInText)
+        lines += TutorialCheck::tr("and %1 more circles").arg(circles.size() - kCirclesInText);
+    for (const int end : walk.ends().mid(0, kEndsWithTheirWays)) {
         const StepGraph::Step &step = graph.steps().at(end);
         lines += TutorialCheck::tr("end: #%1 %2, shortest way, with %3 steps: %4")
                      .arg(QString::number(step.id), step.record->mName, QString::number(walk.shortest(end)),
                           wayOf(graph, walk.shortestWay(end)));
     }
+    if (walk.ends().size() > kEndsWithTheirWays)
+        lines += TutorialCheck::tr("and %1 more ends").arg(walk.ends().size() - kEndsWithTheirWays);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 

@@ -6,8 +6,8 @@
 class StepGraph;
 class Walk;
 
-/// What a walk has found, for a reader. Ways are told from the first step to the last one; of very many ends only the
-/// first ones have theirs.
+/// What a walk has found, for a reader. Of very many ends only the first ones have their ways; the text has the first
+/// ones of all that is many.
 namespace WalkReport
 {
 /// A few lines of words, each with a line end.
