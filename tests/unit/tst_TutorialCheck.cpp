@@ -77,6 +77,7 @@ private Q_SLOTS:
     void knowsWhatTheHostHasReported();
     void measuresOnlySoLong();
     void programTellsAndEnds();
+    void programWalksAndDraws();
 
 private:
     /// Without hints there are no translation sources.
@@ -93,6 +94,7 @@ private:
     }
     QString path(const QString &name) const { return mFolder->filePath(name); }
     QByteArray run(const QStringList &arguments, int exitCode);
+    QString mSearchPath; // where the program looks for others; the system's if it is empty
 
     static inline const Hints kFirst{ { 1, QStringLiteral("あ") },
                                       { 2, QStringLiteral("い") },
@@ -261,6 +263,8 @@ QByteArray tst_TutorialCheck::run(const QStringList &arguments, int exitCode)
     // Neither is asked for.
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     environment.remove(QStringLiteral("DISPLAY"));
+    if (!mSearchPath.isEmpty())
+        environment.insert(QStringLiteral("PATH"), mSearchPath);
     program.setProcessEnvironment(environment);
     program.setWorkingDirectory(mFolder->path());
     program.start(QStringLiteral(TRELVANE_CHECK_PROGRAM), arguments);
@@ -313,6 +317,36 @@ void tst_TutorialCheck::programTellsAndEnds()
     writeAll(path(QStringLiteral("translations/en_US.ts")), "<TS>\n<context>\n</TS>");
     QCOMPARE(run({ english, file }, 1).left(55), QByteArray("translations/en_US.ts:3: error: The translations can't "));
     QCOMPARE(readAll(path(file)), scenario);
+}
+
+void tst_TutorialCheck::programWalksAndDraws()
+{
+    const QString file = QStringLiteral("qml/Tutorial/X.js");
+    const QString english = QStringLiteral("--language=en_US");
+    const QString walk = QStringLiteral("--walk");
+    write(tutorial("\"condition\":\"yesNo\",\"jump\":1,"));
+    QCOMPARE(run({ english, walk, file }, 0),
+             QByteArray("qml/Tutorial/X.js:\nsteps: 5, shown: 3, reached: 3\nways: 1\n"
+                        "longest way, with 3 different steps: #1–#4\ncircle: #1–#2\n"
+                        "end: #4 d, shortest way, with 3 steps: #1–#4\n"));
+    const QJsonObject told = QJsonDocument::fromJson(run({ walk, QStringLiteral("--json"), file }, 0)).object();
+    QVERIFY(told.value(QStringLiteral("problems")).toArray().isEmpty());
+    const QJsonObject report = told.value(QStringLiteral("walks")).toArray().at(0).toObject();
+    QCOMPARE(report.value(QStringLiteral("file")).toString(), file);
+    QCOMPARE(report.value(QStringLiteral("ends")).toArray(),
+             (QJsonArray{ QJsonObject{ { QStringLiteral("id"), 4 },
+                                       { QStringLiteral("name"), QStringLiteral("d") },
+                                       { QStringLiteral("steps"), 3 },
+                                       { QStringLiteral("way"), QJsonArray{ 1, 2, 4 } } } }));
+
+    mSearchPath = path(QString()); // without Graphviz
+    QCOMPARE(run({ QStringLiteral("--map=map.dot"), file }, 0), QByteArray());
+    QVERIFY(readAll(path(QStringLiteral("map.dot"))).startsWith("digraph"));
+    QCOMPARE(run({ QStringLiteral("--map=map.svg"), file }, 2), QByteArray());
+    QVERIFY(!QFile::exists(path(QStringLiteral("map.svg"))));
+    QCOMPARE(run({ QStringLiteral("--map=none/map.dot"), file }, 2), QByteArray());
+    QCOMPARE(run({ QStringLiteral("--map=map.dot"), file, file }, 2), QByteArray());
+    mSearchPath.clear();
 }
 
 QTEST_MAIN(tst_TutorialCheck)
