@@ -207,11 +207,6 @@ void tst_WriteTutorial::editsAreSavedOrComeBack()
 {
     QVERIFY(start());
     QCOMPARE(items(), stepsWith(QStringLiteral("hint")));
-    click(row(2));
-    QVERIFY(rename(2, QStringLiteral("hello again")));
-    press("ctrl+z");
-    QVERIFY(becomes(2, "name", QStringLiteral("hello")) && !isModified());
-
     // A position over the window that the step tracks, and texts that are still being typed.
     click(row(6));
     mHost->send(HostMessages::FromHost::kControlPosition, QStringLiteral("MainWindow/toolSelect"), 40, -50);

@@ -146,10 +146,7 @@ protected:
     }
     bool open(int folderId) const
     {
-        if (row(folderId))
-            click(folderId);
-        else
-            selectInTree(folderId);
+        selectInTree(folderId);
         press(Qt::Key_Plus);
         // Its first item has the next id.
         return QTest::qWaitFor([&] { return row(folderId + 1) != nullptr; });
@@ -240,8 +237,8 @@ protected:
         QTest::mouseClick(mWindow, Qt::RightButton, Qt::NoModifier, place);
         chooseFrom(menus().last(), entry);
     }
-    /// Waits for a message box, clicks a button of it and waits until it is gone. The text of the box.
-    static QString answer(QMessageBox::StandardButton button)
+    /// Waits for a message box, clicks a button of it and goes back to the window. The text of the box.
+    QString answer(QMessageBox::StandardButton button) const
     {
         // A box that goes before the window manager has given it the focus leaves the focus nowhere.
         if (!QTest::qWaitFor([] { return messageBox() != nullptr; }) || !QTest::qWaitForWindowActive(messageBox()))
@@ -249,7 +246,8 @@ protected:
         const QString text = messageBox()->text();
         if (QAbstractButton *shown = messageBox()->button(button))
             QTest::mouseClick(shown, Qt::LeftButton);
-        return QTest::qWaitFor([] { return messageBox() == nullptr; }) ? text : QStringLiteral("still open");
+        return QTest::qWaitFor([] { return messageBox() == nullptr; }) && activate() ? text
+                                                                                     : QStringLiteral("still open");
     }
     /// The same with the question about unsaved changes. False if it has not come or not gone.
     static bool answerSaveQuestion(const char *button)

@@ -145,7 +145,6 @@ void tst_ApplicationWindow::saveThatFails()
     FaultyDisk::end();
     QCOMPARE(text, QStringLiteral("Failed to save project.\nFailed to save translation."));
     QCOMPARE(mWindow->title(), QStringLiteral("*Sample"));
-    QVERIFY(activate());
     press(QKeySequence::Save);
     QTRY_COMPARE(mWindow->title(), QStringLiteral("Sample"));
 
@@ -254,7 +253,6 @@ void tst_ApplicationWindow::saveThatDropsSomething()
     QCOMPARE(managerInstance->loadTutorial(QFileInfo(kTutorial).absoluteFilePath()), QString());
     QVERIFY(answer(QMessageBox::Ok).contains(part));
     for (const QMessageBox::StandardButton button : { QMessageBox::No, QMessageBox::Yes }) {
-        QVERIFY(activate());
         // Told once only.
         evaluate(QStringLiteral("reloadTutorial()"));
         QVERIFY(!messageBox());
@@ -262,7 +260,6 @@ void tst_ApplicationWindow::saveThatDropsSomething()
         QVERIFY(answer(button).contains(part));
         QCOMPARE(readAll(kTutorial) == contents, button == QMessageBox::No);
     }
-    QVERIFY(activate());
     press(QKeySequence::Save);
     QVERIFY(!messageBox());
 }
@@ -284,7 +281,6 @@ void tst_ApplicationWindow::openTutorial()
     mWarnings.expect(QStringLiteral("Json parse error"));
     open(QStringLiteral("Sample.js"), "var scenario = [{");
     QVERIFY(answer(QMessageBox::Ok).startsWith(QStringLiteral("Failed to open new project\n")));
-    QVERIFY(activate());
     const QByteArray tutorial = readAll(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"));
     // One that is there, and a new name.
     for (const QString &name : { QStringLiteral("Sample"), QStringLiteral("v1.0") }) {

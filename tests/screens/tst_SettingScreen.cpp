@@ -194,10 +194,7 @@ void tst_SettingScreen::stepBackOpensItsFolder()
 void tst_SettingScreen::textThatCantBeSavedIsRefused()
 {
     const QString text = QStringLiteral("a];b");
-    const auto isRefused = [&] {
-        const bool told = answer(QMessageBox::Ok).contains(text);
-        return activate() && told && !UndoRedo::instance()->canUndo();
-    };
+    const auto isRefused = [&] { return answer(QMessageBox::Ok).contains(text) && !UndoRedo::instance()->canUndo(); };
     typeInto("condition", text);
     press(Qt::Key_Return);
     QVERIFY(isRefused());
@@ -219,7 +216,6 @@ void tst_SettingScreen::takenNameIsAskedFor()
         QVERIFY(answer(taken ? QMessageBox::Yes : QMessageBox::No).endsWith(QLatin1String("Change name3 to name6 ?")));
         QTRY_COMPARE(record(2)->mName, QLatin1String(taken ? "name6" : "name2"));
         QCOMPARE(UndoRedo::instance()->canUndo(), taken);
-        QVERIFY(activate());
         QTRY_VERIFY(evaluate(QStringLiteral("activeMenu !== null")).toBool());
     }
     QCOMPARE(UndoRedo::instance()->lastTransactionName(), QStringLiteral("changeName"));
@@ -241,7 +237,6 @@ void tst_SettingScreen::localeIsSwitched()
     QGuiApplication::clipboard()->setText(text);
     press(QKeySequence::Paste);
     for (const bool switched : { false, true }) {
-        QVERIFY(activate());
         item("localeComboBox")->forceActiveFocus();
         press(Qt::Key_E);
         answer(switched ? QMessageBox::Yes : QMessageBox::No);
