@@ -40,6 +40,24 @@ Window {
         TutorialManager.confirmTranslation(table.currentId);
     }
 
+    // Through a translator's own tool.
+
+    function exportTranslation(file) {
+        table.commit();
+        var error = TutorialManager.exportTranslation(file);
+        if (error !== "")
+            applicationWindow.alert(error, null, table);
+    }
+
+    function importTranslation(file) {
+        table.commit();
+        var result = TutorialManager.importTranslation(file);
+        if (result.error)
+            applicationWindow.alert(result.error, null, table);
+        else
+            applicationWindow.showMessage(result.report, null, table);
+    }
+
     objectName: "TranslationWindow"
     title: qsTr("Translation") + (TutorialManager.tutorialName === "" ? "" : " - " + TutorialManager.tutorialName)
            + (TutorialManager.modified ? "*" : "")
@@ -123,6 +141,22 @@ Window {
         spacing: 4
 
         Button {
+            objectName: "exportButton"
+            activeFocusOnTab: false
+            text: qsTr("Export XLIFF...")
+            enabled: hintModel.allCount > 0
+            onClicked: exportDialog.open()
+        }
+
+        Button {
+            objectName: "importButton"
+            activeFocusOnTab: false
+            text: qsTr("Import XLIFF...")
+            enabled: hintModel.allCount > 0
+            onClicked: importDialog.open()
+        }
+
+        Button {
             objectName: "nextButton"
             activeFocusOnTab: false
             text: qsTr("Next to do (F3)")
@@ -137,6 +171,19 @@ Window {
             enabled: hintModel.staleCount > 0
             onClicked: root.confirmTranslation()
         }
+    }
+
+    XliffDialog {
+        id: exportDialog
+        title: qsTr("Export XLIFF")
+        selectExisting: false
+        onChosen: root.exportTranslation(file)
+    }
+
+    XliffDialog {
+        id: importDialog
+        title: qsTr("Import XLIFF")
+        onChosen: root.importTranslation(file)
     }
 
     // In place of Connections, whose handlers Qt 5.15 wants in a form that older

@@ -147,6 +147,22 @@ Change %2 to %1 ?</source>
             <translation>すべて: %1</translation>
         </message>
         <message>
+            <source>Export XLIFF</source>
+            <translation>XLIFF の書き出し</translation>
+        </message>
+        <message>
+            <source>Export XLIFF...</source>
+            <translation>XLIFF を書き出す...</translation>
+        </message>
+        <message>
+            <source>Import XLIFF</source>
+            <translation>XLIFF の読み込み</translation>
+        </message>
+        <message>
+            <source>Import XLIFF...</source>
+            <translation>XLIFF を読み込む...</translation>
+        </message>
+        <message>
             <source>Item</source>
             <translation>項目</translation>
         </message>
@@ -588,14 +604,62 @@ Change %2 to %1 ?</source>
     <context>
         <name>TutorialManager</name>
         <message>
+            <source>Failed to read %1.</source>
+            <translation>%1 を読めませんでした。</translation>
+        </message>
+        <message>
             <source>Failed to save translation.</source>
             <translation>翻訳のセーブに失敗しました。</translation>
+        </message>
+        <message>
+            <source>Failed to write %1.</source>
+            <translation>%1 に書き込めませんでした。</translation>
+        </message>
+        <message>
+            <source>Not stale any more: %1</source>
+            <translation>確認済み: %1</translation>
+        </message>
+        <message>
+            <source>Not translated: %1</source>
+            <translation>翻訳なし: %1</translation>
+        </message>
+        <message>
+            <source>Skipped, for there is no such item: %1</source>
+            <translation>該当する項目がないため省略: %1</translation>
+        </message>
+        <message>
+            <source>Stale, for the text to be translated has changed: %1</source>
+            <translation>原文が変わったため要確認: %1</translation>
+        </message>
+        <message>
+            <source>Taken: %1</source>
+            <translation>取り込み: %1</translation>
+        </message>
+        <message>
+            <source>The file can't be read as XLIFF.</source>
+            <translation>ファイルを XLIFF として読めません。</translation>
+        </message>
+        <message>
+            <source>The file holds no hint of this tutorial.</source>
+            <translation>ファイルにこのチュートリアルのヒントがありません。</translation>
+        </message>
+        <message>
+            <source>The file is a translation from %1 to %2.</source>
+            <translation>ファイルは %1 から %2 への翻訳です。</translation>
         </message>
         <message>
             <source>The hints can't be read, and nothing is saved until they can:
 %1</source>
             <translation>ヒントを読み込めません。読み込めるようになるまで保存できません:
 %1</translation>
+        </message>
+        <message>
+            <source>The program "lconvert" does not come to an end.</source>
+            <translation>プログラム「lconvert」が終了しません。</translation>
+        </message>
+        <message>
+            <source>The program "lconvert" is not there. It belongs to Qt's tools (qttools5-dev-tools).</source>
+            <translation>プログラム「lconvert」がありません。Qt のツール (qttools5-dev-tools) に含まれています。</translation>
         </message>
         <message>
             <source>folder</source>

@@ -170,13 +170,13 @@ void TutorialManager::confirmTranslation(int id)
     if (UndoRedo *history = UndoRedo::instance())
         history->markUnsaved();
     mRecovery->noteChange();
-    Q_EMIT translationConfirmed(id);
+    Q_EMIT staleIdsChanged();
 }
 
 void TutorialManager::followHistory()
 {
     if (UndoRedo *history = UndoRedo::instance()) {
-        connect(history, &UndoRedo::documentChanged, mTranslation.get(), &TutorialTranslation::followDocument,
+        connect(history, &UndoRedo::documentChanged, mTranslation.get(), &TutorialTranslation::scheduleFollowing,
                 Qt::UniqueConnection);
     }
 }

@@ -15,6 +15,7 @@
 #include <QSet>
 #include <QStringList>
 #include <QTimer>
+#include <QVariantMap>
 
 #include <memory>
 
@@ -142,6 +143,11 @@ public:
     QSet<int> staleIds() const;
     /// The second hint of the item stands although the first one has changed. A save then says so in the file.
     Q_INVOKABLE void confirmTranslation(int id);
+    /// Writes the hints as an XLIFF file for a translator. The reason for a failure, if any.
+    Q_INVOKABLE QString exportTranslation(const QString &path) const;
+    /// Takes over what was translated in such a file, as one step of the history. "error" has the reason for a failure,
+    /// which has changed nothing; else "report" tells what was taken and what was not.
+    Q_INVOKABLE QVariantMap importTranslation(const QString &path);
 
     void setModified(bool modified) override;
     void setPendingJumpLink(const QString &linkInfo) override;
@@ -178,8 +184,8 @@ Q_SIGNALS:
     void tutorialRequested(const QString &name);
     /// The document was loaded anew or unloaded: what shows it must be rebuilt.
     void documentReplaced();
-    /// The item's second hint is not stale any more, though no text has changed.
-    void translationConfirmed(int id);
+    /// Second hints have become stale, or are so no more, though no text has changed.
+    void staleIdsChanged();
 
 protected:
     void timerEvent(QTimerEvent *event) override;

@@ -8,7 +8,7 @@
 HintTableModel::HintTableModel(QObject *parent) : QAbstractListModel(parent)
 {
     connect(managerInstance, &TutorialManager::documentReplaced, this, &HintTableModel::schedule);
-    connect(managerInstance, &TutorialManager::translationConfirmed, this, &HintTableModel::schedule);
+    connect(managerInstance, &TutorialManager::staleIdsChanged, this, &HintTableModel::schedule);
 }
 
 int HintTableModel::rowCount(const QModelIndex &parent) const

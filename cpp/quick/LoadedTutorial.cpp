@@ -20,7 +20,7 @@ LoadedTutorial::LoadedTutorial(QObject *parent) : QObject(parent)
     connect(managerInstance, &TutorialManager::saved, this, &LoadedTutorial::onSaved);
     connect(managerInstance, &TutorialManager::localeChanged, this, &LoadedTutorial::changed);
     connect(managerInstance, &TutorialManager::locale2Changed, this, &LoadedTutorial::changed);
-    connect(managerInstance, &TutorialManager::translationConfirmed, this, &LoadedTutorial::changed);
+    connect(managerInstance, &TutorialManager::staleIdsChanged, this, &LoadedTutorial::changed);
     connect(&managerInstance->hostWindows(), &HostWindows::placesChanged, this, &LoadedTutorial::changed);
     onReplaced();
 }

@@ -68,6 +68,21 @@ QSet<int> StaleHints::staleIds(const Document &document) const
     return ids;
 }
 
+void StaleHints::setMadeFrom(const TutorialItemData &record, const QString &hint)
+{
+    see(record);
+    mMade[record.mId].last().hints = QStringList(hint);
+}
+
+bool StaleHints::confirm(const TutorialItemData &record)
+{
+    see(record);
+    const bool stale = isStale(record);
+    if (stale)
+        setStale(record, false);
+    return stale;
+}
+
 void StaleHints::setStale(const TutorialItemData &record, bool stale)
 {
     see(record);

@@ -29,6 +29,10 @@ public:
     QSet<int> staleIds(const Document &document) const;
     /// Lets the translation stand for the hint beside it, or for none.
     void setStale(const TutorialItemData &record, bool stale);
+    /// It was made from that hint, and from no other.
+    void setMadeFrom(const TutorialItemData &record, const QString &hint);
+    /// Lets a stale translation stand for the hint beside it, too. False if it does so already.
+    bool confirm(const TutorialItemData &record);
 
     /// The key of an item's hints in a translation source.
     static QString key(int id) { return QStringLiteral("#%1").arg(id); }

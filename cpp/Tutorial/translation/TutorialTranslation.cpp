@@ -168,8 +168,16 @@ TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutor
     return hints;
 }
 
+void TutorialTranslation::scheduleFollowing()
+{
+    if (!mFollowDue)
+        QMetaObject::invokeMethod(this, "followDocument", Qt::QueuedConnection);
+    mFollowDue = true;
+}
+
 void TutorialTranslation::followDocument()
 {
+    mFollowDue = false;
     if (mAuthoring)
         mStaleHints.follow(mDocument);
 }
@@ -190,10 +198,14 @@ TutorialTranslation::StaleKeys TutorialTranslation::staleKeys()
 
 bool TutorialTranslation::confirmTranslation(int id)
 {
-    if (!staleIds().contains(id))
-        return false;
-    mStaleHints.setStale(*mDocument.getData(id), false);
-    return true;
+    const TutorialItemData *record = mDocument.getData(id);
+    return mAuthoring && record && mStaleHints.confirm(*record);
+}
+
+void TutorialTranslation::setMadeFrom(int id, const QString &hint)
+{
+    if (const TutorialItemData *record = mDocument.getData(id))
+        mStaleHints.setMadeFrom(*record, hint);
 }
 
 QString TutorialTranslation::folder() const

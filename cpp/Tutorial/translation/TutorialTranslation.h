@@ -57,13 +57,17 @@ public:
     void endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale);
     /// The hints of all items.
     Hints hints() const;
-    /// To be called after each change of the document, so that it is known what a translation was made from.
-    void followDocument();
+    /// Learns what translations were made from, which has to be done after each change of the document.
+    Q_INVOKABLE void followDocument();
+    /// The same, once for all changes of a turn of the event loop.
+    void scheduleFollowing();
     /// The items whose second hint was made from another first hint than that of now.
     QSet<int> staleIds();
     StaleKeys staleKeys();
     /// The second hint of the item suits the first one of now. False if it did so before.
     bool confirmTranslation(int id);
+    /// The second hint of the item was made from that first one.
+    void setMadeFrom(int id, const QString &hint);
     /// What the files had said of this tutorial when they were read or saved.
     const Hints &loadedHints() const { return mLoadedHints; }
     /// What they say now of the tutorial of that name.
@@ -121,6 +125,7 @@ private:
     Hints mLoadedHints; // as the last load or save left them
     StaleKeys mLoadedStale; // likewise
     StaleHints mStaleHints;
+    bool mFollowDue = false;
     QDomDocument mTranslationDocument;
     QDomDocument mTranslationDocument2;
     DocumentTranslator mDocumentTranslator; // answers in the authoring mode only

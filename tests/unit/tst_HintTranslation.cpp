@@ -37,8 +37,9 @@ QByteArray source(const char *rows)
 }
 } // namespace
 
-/// Which translations are known to be older than what they were made from, within a session and from one to the next.
-class tst_StaleHints : public QObject
+/// Which translations are known to be older than what they were made from, within a session and from one to the next,
+/// and how hints go to a translator and come back.
+class tst_HintTranslation : public QObject
 {
     Q_OBJECT
 
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void followsEdits();
     void standsInTheFile();
     void takesOverWhatOthersMarked();
+    void goesToATranslatorAndBack();
+    void refusesOtherFiles();
 
 private:
     void edit(int id, const char *field, const char *text)
@@ -56,6 +59,14 @@ private:
         mHistory->beginSequence(QStringLiteral("edit"));
         TutorialEditor::Manager::instance()->mData.getData(id)->setValue(QLatin1String(field), QLatin1String(text));
         mHistory->endSequence();
+    }
+    /// The second hints.
+    static QString hints()
+    {
+        QStringList texts;
+        for (int id = 1; id <= 4; ++id)
+            texts.append(TutorialEditor::Manager::instance()->mData.getData(id)->mHint2);
+        return texts.join(QLatin1Char(' '));
     }
     QList<int> stale() const
     {
@@ -82,7 +93,7 @@ private:
     WarningGuard mWarnings;
 };
 
-void tst_StaleHints::init()
+void tst_HintTranslation::init()
 {
     mFolder = std::make_unique<QTemporaryDir>();
     QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
@@ -98,14 +109,14 @@ void tst_StaleHints::init()
     mWarnings.begin();
 }
 
-void tst_StaleHints::cleanup()
+void tst_HintTranslation::cleanup()
 {
     mWarnings.end();
     mHistory.reset();
     mManager.reset();
 }
 
-void tst_StaleHints::followsEdits()
+void tst_HintTranslation::followsEdits()
 {
     load("1 A|2 ?B|3 #3");
     // A missing one is not stale, whatever stands beside it.
@@ -141,7 +152,7 @@ void tst_StaleHints::followsEdits()
     QCOMPARE(stale(), QList<int>());
 }
 
-void tst_StaleHints::standsInTheFile()
+void tst_HintTranslation::standsInTheFile()
 {
     const char *second = "1 A|2 ?B|3 ?|4 ?#4";
     load(second);
@@ -166,7 +177,7 @@ void tst_StaleHints::standsInTheFile()
     QVERIFY(!mManager->isModified());
 }
 
-void tst_StaleHints::takesOverWhatOthersMarked()
+void tst_HintTranslation::takesOverWhatOthersMarked()
 {
     load("1 A|2 ?B|3 ?C|4 D");
     edit(4, "hint", "dd");
@@ -183,5 +194,72 @@ void tst_StaleHints::takesOverWhatOthersMarked()
     QCOMPARE(stale(), QList<int>({ 1, 2, 3 }));
 }
 
-QTEST_MAIN(tst_StaleHints)
-#include "tst_StaleHints.moc"
+void tst_HintTranslation::goesToATranslatorAndBack()
+{
+    // The second one is stale, the third and the fourth are missing.
+    load("1 A|2 ?B|3 ?");
+    const QString file = QStringLiteral("hints.xlf");
+    QCOMPARE(mManager->exportTranslation(QStringLiteral("hints")), QString());
+    QByteArray xliff = readAll(file);
+    const auto replace = [&xliff](const char *before, const QByteArray &after) {
+        QVERIFY2(xliff.count(before) == 1, before);
+        xliff.replace(before, after);
+    };
+    QVERIFY(xliff.contains("source-language=\"ja-JP\" target-language=\"en-US\""));
+    QVERIFY(xliff.contains("<trans-unit id=\"#1\" approved=\"yes\">"));
+    QVERIFY(xliff.contains("state=\"needs-review-translation\">B</target>"));
+    // Nothing was translated: nothing comes back, not even over what has changed here.
+    edit(1, "hint2", "own");
+    writeAll(file, xliff);
+    QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
+             QStringLiteral("Taken: 0\nNot translated: 3"));
+    QCOMPARE(hints(), QStringLiteral("own B #3 #4"));
+
+    // The first is changed, the second approved, the third translated from what has changed since; an item is gone.
+    replace(">A</target>", ">AA &lt;b&gt;\n&quot;</target>");
+    replace("id=\"#2\"", "id=\"#2\" approved=\"yes\"");
+    const int third = xliff.indexOf("</target>", xliff.indexOf("id=\"#3\""));
+    xliff.insert(third, "CC");
+    replace(">#4 ", ">#99 ");
+    writeAll(file, xliff);
+    edit(3, "hint", "cc");
+    QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
+             QStringLiteral("Taken: 2\nNot stale any more: 1\n"
+                            "Stale, for the text to be translated has changed: #3\n"
+                            "Skipped, for there is no such item: #99"));
+    QCOMPARE(hints(), QStringLiteral("AA <b>\n\" B CC #4"));
+    QCOMPARE(stale(), QList<int>({ 3 }));
+    mHistory->undo();
+    QCOMPARE(hints(), QStringLiteral("own B #3 #4"));
+    mHistory->redo();
+    QCOMPARE(stale(), QList<int>({ 3 }));
+    QCOMPARE(saved(), source("1 AA &lt;b>\n\"|2 B|3 ?CC"));
+}
+
+void tst_HintTranslation::refusesOtherFiles()
+{
+    load("1 A|2 B");
+    const QString file = QStringLiteral("hints.xlf");
+    QCOMPARE(mManager->exportTranslation(file), QString());
+    const QByteArray xliff = readAll(file);
+    const auto errorOf = [&](const QByteArray &content) {
+        writeAll(file, content);
+        return mManager->importTranslation(file).value(QStringLiteral("error")).toString();
+    };
+    QVERIFY(errorOf(xliff.left(xliff.size() / 2)).startsWith(QStringLiteral("The file can't be read as XLIFF.\n")));
+    QVERIFY(errorOf("").startsWith(QStringLiteral("The file can't be read as XLIFF.\n")));
+    QCOMPARE(errorOf(QByteArray(xliff).replace("en-US", "fr-FR")),
+             QStringLiteral("The file is a translation from ja_JP to fr_FR."));
+    QCOMPARE(errorOf(QByteArray(xliff).replace("resname=\"T\"", "resname=\"U\"")),
+             QStringLiteral("The file holds no hint of this tutorial."));
+    mWarnings.expect(QStringLiteral("Failed to open"));
+    QCOMPARE(mManager->importTranslation(QStringLiteral("none.xlf")).value(QStringLiteral("error")).toString(),
+             QStringLiteral("Failed to read none.xlf."));
+    QVERIFY(!mManager->isModified() && mHistory->isEmpty());
+    mWarnings.expect(QStringLiteral("Failed to"));
+    QCOMPARE(mManager->exportTranslation(QStringLiteral("none/hints.xlf")),
+             QStringLiteral("Failed to write none/hints.xlf."));
+}
+
+QTEST_MAIN(tst_HintTranslation)
+#include "tst_HintTranslation.moc"

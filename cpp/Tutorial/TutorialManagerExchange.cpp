@@ -1,0 +1,99 @@
+// The hints' way to a translator and back.
+
+#include "Tutorial/recovery/Recovery.h"
+#include "Tutorial/translation/HintExchange.h"
+#include "Tutorial/translation/TutorialTranslation.h"
+#include "Tutorial/TutorialManager.h"
+#include "TutorialEditor/Manager.h"
+#include "UndoRedo/UndoRedo.h"
+
+#include <QFileInfo>
+
+namespace
+{
+QString listOf(const QStringList &keys)
+{
+    constexpr int shown = 10;
+    const QString text = QStringList(keys.mid(0, shown)).join(QLatin1String(", "));
+    return keys.size() > shown ? text + QStringLiteral(", ...") : text;
+}
+
+/// What came of the entries of a file.
+struct Outcome
+{
+    int taken = 0;
+    int confirmed = 0;
+    int untranslated = 0;
+    QStringList unknown;
+    QStringList outdated;
+};
+} // namespace
+
+QString TutorialManager::exportTranslation(const QString &path) const
+{
+    const TreeDataTemplate<TutorialItemData> &document = mEditorManager->mData;
+    const QSet<int> stale = mTranslation->staleIds();
+    QVector<HintExchange::Entry> entries;
+    document.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {
+        const TutorialItemData *record = item.mFolder ? nullptr : document.getData(item.mId);
+        if (!record || StaleHints::isMissing(item.mId, record->mHint))
+            return;
+        const bool missing = StaleHints::isMissing(item.mId, record->mHint2);
+        entries.append({ item.mId, record->mName, record->mHint, missing ? QString() : record->mHint2,
+                         !missing && !stale.contains(item.mId) });
+    });
+    const bool named = !QFileInfo(path).suffix().isEmpty();
+    return HintExchange::write(named ? path : path + QLatin1String(".xlf"), { mTutorialName, locale(), locale2() },
+                               entries);
+}
+
+QVariantMap TutorialManager::importTranslation(const QString &path)
+{
+    UndoRedo *history = UndoRedo::instance();
+    QVector<HintExchange::Entry> entries;
+    const QString error = HintExchange::read(path, { mTutorialName, locale(), locale2() }, entries);
+    if (!error.isEmpty() || !history)
+        return { { QStringLiteral("error"), error } };
+    TreeDataTemplate<TutorialItemData> &document = mEditorManager->mData;
+    mTranslation->followDocument();
+    Outcome outcome;
+    QVector<HintExchange::Entry> taken;
+    history->beginSequence(QStringLiteral("importTranslation"));
+    for (const HintExchange::Entry &entry : qAsConst(entries)) {
+        const TreeItem<TutorialItemData> *item = document.findItem(entry.id);
+        TutorialItemData *record = item && !item->mFolder ? document.getData(entry.id) : nullptr;
+        if (!record) {
+            outcome.unknown.append(entry.id < 0 ? entry.source.left(20) : StaleHints::key(entry.id));
+        } else if (entry.translation == record->mHint2) {
+            const bool stands = entry.finished && entry.source == record->mHint;
+            if (stands && mTranslation->confirmTranslation(entry.id))
+                ++outcome.confirmed;
+        } else if (entry.translation.isEmpty() || !entry.changed) {
+            ++outcome.untranslated;
+        } else {
+            record->setValue(QStringLiteral("hint2"), entry.translation);
+            taken.append(entry);
+            ++outcome.taken;
+            if (entry.source != record->mHint)
+                outcome.outdated.append(StaleHints::key(entry.id));
+        }
+    }
+    history->endSequence();
+    for (const HintExchange::Entry &entry : qAsConst(taken))
+        mTranslation->setMadeFrom(entry.id, entry.source);
+    if (outcome.confirmed > 0)
+        history->markUnsaved();
+    mRecovery->noteChange();
+    Q_EMIT staleIdsChanged();
+
+    QStringList lines = { tr("Taken: %1").arg(outcome.taken) };
+    if (outcome.confirmed > 0)
+        lines.append(tr("Not stale any more: %1").arg(outcome.confirmed));
+    if (outcome.untranslated > 0)
+        lines.append(tr("Not translated: %1").arg(outcome.untranslated));
+    if (!outcome.outdated.isEmpty())
+        lines.append(tr("Stale, for the text to be translated has changed: %1").arg(listOf(outcome.outdated)));
+    if (!outcome.unknown.isEmpty())
+        lines.append(tr("Skipped, for there is no such item: %1").arg(listOf(outcome.unknown)));
+    return { { QStringLiteral("report"), lines.join(QLatin1Char('\n')) } };
+}
