@@ -50,6 +50,8 @@ FocusScope {
             }
 
             onCountChanged: if (currentIndex < 0 && count > 0) currentIndex = 0
+            // The list knows the height of a row only once that is there.
+            onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
 
             Keys.onReturnPressed: root.request(currentIndex)
             Keys.onEnterPressed: root.request(currentIndex)

@@ -35,5 +35,19 @@ SplitView {
             anchors.centerIn: parent
             text: "GradationRectangle in SplitView"
         }
+
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 12
+            spacing: 8
+
+            Repeater {
+                model: 3
+
+                SeveritySign {
+                    severity: index
+                }
+            }
+        }
     }
 }
