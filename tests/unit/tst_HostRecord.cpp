@@ -20,7 +20,6 @@ class tst_HostRecord : public QObject
 
 private Q_SLOTS:
     void reads();
-    void joinsRecordsCutAnywhere();
     void dropsARecordPastTheLimit();
 };
 
@@ -43,23 +42,6 @@ void tst_HostRecord::reads()
             messages += message + QLatin1Char(',');
         QCOMPARE(messages, QString::fromUtf8(row[1]));
         QCOMPARE(reader.read(bytesOf("0|one!")), kOne);
-    }
-}
-
-void tst_HostRecord::joinsRecordsCutAnywhere()
-{
-    const QByteArray stream = bytesOf("0|one|次\x01 0\x01😀!0!x!0|!0|次😀||0!");
-    const QStringList expected = HostRecordReader(HostRecord::kFromHost).read(stream);
-    QCOMPARE(HostRecord::encode(HostRecord::kFromHost, expected.value(3)), bytesOf("0|次😀!"));
-    QCOMPARE(expected.size(), 6);
-    for (int first = 0; first <= stream.size(); ++first) {
-        for (int second = first; second <= stream.size(); ++second) {
-            HostRecordReader reader(HostRecord::kFromHost);
-            QStringList messages = reader.read(stream.left(first));
-            messages += reader.read(stream.mid(first, second - first));
-            messages += reader.read(stream.mid(second));
-            QVERIFY2(messages == expected, qPrintable(QStringLiteral("cut at %1 and %2").arg(first).arg(second)));
-        }
     }
 }
 
