@@ -150,6 +150,9 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\n\"showArrow\":1,", "value-left-out 2 X.js:4");
     step("\n\"folow\":\n{\"id\":9},", "key-unknown 2 X.js:5");
     step("\"followWindow\":\"a\",", "");
+    step("\"command\":\"\\\"}\",\n\"showArrow\":\"\",", "value-left-out 2 X.js:4");
+    step("\"folder\":true,\"children\":[{\"id\":8}],\n\"children\":[{\"id\":9,\"prohibited\":true,\n\"x\":\"\"}],",
+         "value-left-out 9 X.js:5");
     step("\"children\":[{\"a\":1,\"id\":8},{\"id\":9}],\n\"children\":[],", "");
     step("\n\"children\":[\n{\"id\":9}],", "children-of-step 2 X.js:4");
     step("\n\"children\":[{\"id\":9},\n7],", "item-unreadable 2 X.js:5");
@@ -192,6 +195,7 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     hints("same numbers", "1 + 1", "1 + 1", "");
     hints("stale", "a", "?b", "hint-stale 2 en_US.ts:6");
     hints("unfinished without words", "a", "?", "hint-missing 2 en_US.ts:6");
+    hints("unfinished key", "a", "?#2", "hint-missing 2 en_US.ts:6");
     hints("too high", "a", QByteArray(2000, 'b'), "hint-too-high 2 en_US.ts:6");
     QTest::newRow("one language") << tutorial("") << kFirst << Hints() << QStringLiteral("language-missing -1 X.js:0");
 }
