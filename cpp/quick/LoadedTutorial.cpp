@@ -61,9 +61,6 @@ void LoadedTutorial::readFiles()
         if (DataSupport::fileExists(source) && DataSupport::readFile(source, bytes))
             mFileProblems.append(TutorialFiles::unreadable(source, bytes));
     }
-    // A file that holds no more than the document needs not be read twice.
-    if (manager->isSaveable() && manager->leftOut().isEmpty())
-        return;
     ScenarioFile file;
     if (DataSupport::fileExists(manager->mFilename))
         file.read(manager->mFilename, [](const QString &, const QString &source) { return source; });

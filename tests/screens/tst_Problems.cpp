@@ -224,7 +224,7 @@ void tst_Problems::wordsAreThoseOfTheFiles()
 {
     // Left out by the reader, the same in both languages, too high for its window, and what jumps and names can be.
     QByteArray script = readAll(kTutorial);
-    script.replace("\"id\":1,\"name\":\"name1\",\"x\":10", "\"id\":1,\"name\":\"name3\",\"jump\":9,\"x\":\"left\"");
+    script.replace("\"id\":1,\"name\":\"name1\",\"x\":10", "\"id\":1,\"name\":\"name3\",\"jump\":9,\"y\":3,\"z\":10");
     script.replace("\"id\":4,", "\"id\":4,\"jumpNo\":2,");
     script.replace("\"icon\":\"eye\",\"showArrow\":true}];", "\"icon\":\"ear\",\"showArrow\":true}];");
     writeAll(kTutorial, script);
