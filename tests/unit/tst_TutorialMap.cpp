@@ -100,7 +100,7 @@ void tst_TutorialMap::namesStayAsTheyAre()
 
 void tst_TutorialMap::showsWhereEachAnswerLeads()
 {
-    const SketchedTutorial tutorial(QStringLiteral("1?/4 2!>1 3(4?) 5>4 6?/6 7()"));
+    const SketchedTutorial tutorial(QStringLiteral("1?/4 2!>1 3(4?) 5>4 6?/6 7() 5"));
     const auto problem = [](int id, Problem::Severity severity) {
         return Problem{ QStringLiteral("rule"), severity, id, QString(), QStringLiteral("words") };
     };
@@ -114,9 +114,11 @@ void tst_TutorialMap::showsWhereEachAnswerLeads()
         QStringLiteral("#4->#5|Yes / No"),
         QStringLiteral("#4|✖ #4 item4"),
         QStringLiteral("#5->#4"),
+        QStringLiteral("#5/2->#4|dashed"),
+        QStringLiteral("#5/2|#5 item5|dashed"),
         QStringLiteral("#5|#5 item5"),
+        QStringLiteral("#6->#5/2|Yes|dashed"),
         QStringLiteral("#6->#6|No|dashed"),
-        QStringLiteral("#6->end|Yes|dashed"),
         QStringLiteral("#6|ℹ #6 item6|dashed"),
         QStringLiteral("cluster1|⚠ #3 item3"),
         QStringLiteral("cluster2|#7 item7|dashed"),
@@ -124,7 +126,7 @@ void tst_TutorialMap::showsWhereEachAnswerLeads()
         QStringLiteral("end|End"),
         QStringLiteral("start->#1"),
         QStringLiteral("start|Start"),
-        QStringLiteral("tutorial|TutorialSideViewStep0|steps: 5, ways: 0, ends: 0|problems: 4"),
+        QStringLiteral("tutorial|TutorialSideViewStep0|steps: 6, ways: 0, ends: 0|problems: 4"),
     };
     QCOMPARE(all.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
 }
