@@ -58,33 +58,6 @@ Item {
             compare(button.lastPopup.items[4].enabled, false);
         }
 
-        // Each time: what the toolkit draws an entry with, it makes for those in view.
-        function test_opensLong() {
-            var count = 500;
-            var children = [];
-            for (var id = 0; id < count; ++id)
-                children.push({ "id": id, "name": "Item " + id });
-            var button = createTemporaryObject(buttonComponent, scene,
-                                               { "itemTreeJson": JSON.stringify({ "children": children }) });
-            [count - 1, 0].forEach(function(id) {
-                button.itemId = id;
-                mouseClick(button);
-                var menu = button.lastPopup;
-                tryCompare(menu, "__popupVisible", true);
-                compare(menu.items.length, count);
-                tryVerify(function() { return menu.items[id].__visualItem; });
-                // It goes to its item once more in the next turn of the event loop.
-                wait(1);
-                var drawn = children.filter(function(child) { return menu.items[child.id].__visualItem; }).length;
-                verify(drawn < count / 4, drawn + " entries drawn");
-                keyClick(id > 0 ? Qt.Key_Up : Qt.Key_Down);
-                // The menu is gone before the key is released.
-                keyPress(Qt.Key_Return);
-                tryCompare(menu, "__popupVisible", false);
-                compare(button.itemId, id > 0 ? id - 1 : id + 1);
-            });
-        }
-
         function test_opensAtItsItem() {
             var button = makeButton(3);
             var menu = button.lastPopup;

@@ -156,18 +156,10 @@ void tst_TreeListView::showsEditsAndSteps()
     QVERIFY(open(63));
     auto *follower = screen()->findChild<DocumentFollower *>();
     QVERIFY(follower);
-    const auto *list = qvariant_cast<QAbstractItemModel *>(
-        qvariant_cast<QObject *>(item("view")->property("flickableItem"))->property("model"));
-    QObject counter;
-    int moved = 0;
-    const auto count = [&moved](const QModelIndex &, int first, int last) { moved += last - first + 1; };
-    connect(list, &QAbstractItemModel::rowsInserted, &counter, count);
-    connect(list, &QAbstractItemModel::rowsRemoved, &counter, count);
     // The row 62 is selected, and the folder after it is open.
     const auto check = [&](const char *name, int edited, int undone, const std::function<void()> &edit) {
         selectInTree(62);
         QSignalSpy passes(follower, &DocumentFollower::followed);
-        moved = 0;
         edit();
         QTRY_COMPARE(currentId(), edited);
         settle();
@@ -181,8 +173,6 @@ void tst_TreeListView::showsEditsAndSteps()
         undo();
         // The edit and the three steps, once each.
         QCOMPARE(passes.count(), 4);
-        // The other rows of the view stand still.
-        QVERIFY2(moved <= 4 * 10, qPrintable(QLatin1String(name) + QString::number(moved)));
     };
     check("cut an open folder by its menu", 66, 63, [this] { chooseAt(at(63), "Cut"); });
     click(62);
