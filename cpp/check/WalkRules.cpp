@@ -73,8 +73,8 @@ void findTraps(const StepGraph &graph, const Walk &walk, QVector<Found> &result)
             text = TutorialCheck::tr(
                        "No way leads out of the circle of %1: let a jump or an answer lead to a step outside of it.")
                        .arg(StepRanges::text(graph, circle.steps, QStringLiteral(", "), kRangesInText));
-        } else if (step.jump == StepGraph::Target::Itself || (step.asks && step.jumpNo == StepGraph::Target::Itself)) {
-            continue; // That its jump leads to the step itself is a problem of its own.
+        } else if (step.jump == StepGraph::Target::Itself && (!step.asks || step.jumpNo == StepGraph::Target::Itself)) {
+            continue; // That each of its jumps leads to the step itself is a problem of its own.
         } else {
             text = TutorialCheck::tr("This step leads to itself again, by way of its jump: let the jump lead to "
                                      "another step.");

@@ -245,6 +245,7 @@ void tst_Walk::problems_data()
     QTest::newRow("question that leads on") << "1 2?>1 3" << none << "";
     QTest::newRow("to itself by its folder") << "1(2>1) 3" << none << "circle-unleft@2 step-unreached@3";
     QTest::newRow("to itself") << "1 2>2" << none << "";
+    QTest::newRow("to itself in two ways") << "1 2(3?>3/2)" << none << "circle-unleft@3";
 }
 
 void tst_Walk::problems()
