@@ -151,7 +151,7 @@ void tst_ApplicationWindow::saveThatFails()
     // What would fail is told at the load.
     const QByteArray before = readAll(kJapanese);
     writeAll(kJapanese, "<");
-    mWarnings.expect(QStringLiteral("Failed to setContents"), 2);
+    mWarnings.expect(QStringLiteral("Failed to setContents"), 3);
     managerInstance->loadTutorial(kTutorial);
     QVERIFY(answer(QMessageBox::Ok).endsWith(QLatin1Char('\n') + kJapanese));
     writeAll(kJapanese, before);
@@ -246,7 +246,7 @@ void tst_ApplicationWindow::saveOverSomeoneElsesChange()
 // The writer is told of it at the load, and asked at the save.
 void tst_ApplicationWindow::saveThatDropsSomething()
 {
-    mWarnings.expect(QStringLiteral("[id] is applied for"), 3);
+    mWarnings.expect(QStringLiteral("[id] is applied for"), 6);
     const QByteArray contents = "[{\"id\":1,\"name\":\"a\",\"folder\":true,\"children\":[{\"id\":2},3]}]";
     writeAll(kTutorial, contents);
     const QString part = QStringLiteral("\na (#1), with all in it: a (#1) / entry 2 can't be read");
@@ -278,7 +278,7 @@ void tst_ApplicationWindow::openTutorial()
         QTest::keyClicks(name, typed);
         QTest::keyClick(name, Qt::Key_Return);
     };
-    mWarnings.expect(QStringLiteral("Json parse error"));
+    mWarnings.expect(QStringLiteral("Json parse error"), 2);
     open(QStringLiteral("Sample.js"), "var scenario = [{");
     QVERIFY(answer(QMessageBox::Ok).startsWith(QStringLiteral("Failed to open new project\n")));
     const QByteArray tutorial = readAll(QStringLiteral(":/qml/Tutorial/TutorialSideViewStep1.js"));
