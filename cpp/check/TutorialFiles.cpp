@@ -15,6 +15,11 @@ namespace
 const QString kFirstLocale = QStringLiteral("ja_JP");
 const QString kSecondLocale = QStringLiteral("en_US");
 
+QString fileOf(const QString &folder, const QString &locale)
+{
+    return QDir(folder).filePath(locale + QLatin1String(".ts"));
+}
+
 /// As the program names a tutorial of a file.
 QString contextOf(const QString &scenario)
 {
@@ -26,6 +31,11 @@ QString contextOf(const QString &scenario)
 QString TutorialFiles::translationsOf(const QString &scenario)
 {
     return QDir::cleanPath(QFileInfo(scenario).path() + QLatin1String("/../../translations"));
+}
+
+bool TutorialFiles::hasTranslations(const QString &folder)
+{
+    return QFileInfo::exists(fileOf(folder, kFirstLocale)) || QFileInfo::exists(fileOf(folder, kSecondLocale));
 }
 
 QString TutorialFiles::read(const QString &scenario, const QString &translations)
@@ -62,7 +72,7 @@ void TutorialFiles::readBytes(const QString &scenario, const QByteArray &bytes)
 
 QString TutorialFiles::readLanguage(const QString &locale, const QString &folder)
 {
-    const QString file = QDir(folder).filePath(locale + QLatin1String(".ts"));
+    const QString file = fileOf(folder, locale);
     if (folder.isEmpty() || !QFileInfo::exists(file))
         return QString();
     QByteArray bytes;

@@ -22,6 +22,8 @@ public:
 
     /// Where the translation sources lie beside a scenario, as the resource tree and the writer's folder have them.
     static QString translationsOf(const QString &scenario);
+    /// Whether the folder has a translation source of one of the languages.
+    static bool hasTranslations(const QString &folder);
 
     /// What is wrong with a translation source that holds no translations.
     static Problem unreadable(const QString &file, const QByteArray &bytes);

@@ -13,6 +13,7 @@
 #include <QFont>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QSysInfo>
 #include <QTranslator>
 
 #include <algorithm>
@@ -64,8 +65,8 @@ QString draw(const TutorialFiles &tutorial, const StepGraph &graph, const Walk &
 /// Reads and reports all files. The result is the exit code.
 int run(const CheckOptions &options)
 {
-    if (!options.translations.isEmpty() && !QFileInfo(options.translations).isDir()) {
-        std::fprintf(stderr, "trelvane-check: no folder: %s\n", qPrintable(options.translations));
+    if (!options.translations.isEmpty() && !TutorialFiles::hasTranslations(options.translations)) {
+        std::fprintf(stderr, "trelvane-check: no translations: %s\n", qPrintable(options.translations));
         return kUnreadable;
     }
     int result = 0;
@@ -130,10 +131,13 @@ int main(int argc, char **argv)
 
     // The log is for those who look for a fault of the program.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    // Hints are laid out, but no window is shown.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Hints are laid out, but no window is shown. Windows has a display in any case, and the fonts of that.
+    const bool isOffscreen = QSysInfo::kernelType() != QLatin1String("winnt");
+    if (isOffscreen)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    QApplication::setFont(guidanceFont());
+    if (isOffscreen)
+        QApplication::setFont(guidanceFont());
     QTranslator translator;
     if (translator.load(options.locale, QStringLiteral(":/translations")))
         QCoreApplication::installTranslator(&translator);
