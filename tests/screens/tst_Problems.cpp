@@ -152,6 +152,14 @@ void tst_Problems::editsAreFollowed()
     QCOMPARE(signs({ 2, 3 }), QStringLiteral(","));
     redo();
     QTRY_COMPARE(lines().value(0), QStringLiteral("warning|#3 name3|") + sentence);
+
+    // What an edit has cut off, until it is saved so.
+    undo();
+    setJump(1, 5);
+    QTRY_VERIFY(lines().value(0).startsWith(
+        QStringLiteral("warning|#3 name3|Since the last save no way reaches the 2 steps from here to #4 any more")));
+    press(QKeySequence::Save);
+    QTRY_VERIFY(lines().value(0).startsWith(QStringLiteral("warning|#3 name3|No way reaches the 2 steps")));
     managerInstance->unload();
     QTRY_COMPARE(summary(), QStringLiteral("No tutorial is open."));
     QTRY_COMPARE(lines(), QStringList());
