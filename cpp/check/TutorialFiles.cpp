@@ -42,7 +42,7 @@ QString TutorialFiles::read(const QString &scenario, const QString &translations
 {
     mContext = contextOf(scenario);
     for (const QString &locale : { kFirstLocale, kSecondLocale }) {
-        const QString unreadable = readLanguage(locale, translations);
+        QString unreadable = readLanguage(locale, translations);
         if (!unreadable.isEmpty())
             return unreadable;
     }
@@ -72,7 +72,7 @@ void TutorialFiles::readBytes(const QString &scenario, const QByteArray &bytes)
 
 QString TutorialFiles::readLanguage(const QString &locale, const QString &folder)
 {
-    const QString file = fileOf(folder, locale);
+    QString file = fileOf(folder, locale);
     if (folder.isEmpty() || !QFileInfo::exists(file))
         return QString();
     QByteArray bytes;
