@@ -150,8 +150,14 @@ int HintTableModel::nextToDo(int row) const
 void HintTableModel::schedule()
 {
     if (!mDue && mActive)
-        QMetaObject::invokeMethod(this, "follow", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "followIfDue", Qt::QueuedConnection);
     mDue = true;
+}
+
+void HintTableModel::followIfDue()
+{
+    if (mDue)
+        follow();
 }
 
 void HintTableModel::follow()

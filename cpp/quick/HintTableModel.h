@@ -63,7 +63,8 @@ private:
     static TutorialItemData *record(int id);
     static QString fieldOf(bool second);
     void schedule();
-    Q_INVOKABLE void follow();
+    Q_INVOKABLE void followIfDue();
+    void follow();
     void takeRows(const QVector<HintRow> &rows);
     void replaceRows(int first, int last, const QVector<HintRow> &rows);
 

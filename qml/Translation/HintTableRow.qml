@@ -52,6 +52,14 @@ Rectangle {
         onPressed: root.pressed(true, x, y)
     }
 
+    Rectangle {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: 1
+        color: Theme.controlFrame
+        opacity: 0.4
+    }
+
     StateMark {
         x: second.x + second.width + 4
         y: 5

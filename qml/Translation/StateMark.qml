@@ -26,15 +26,15 @@ Rectangle {
     height: mark.contentHeight + 2
     radius: 2
     visible: hintState !== ""
-    color: hintState === "missing" ? Theme.deluxeLabel1 : "transparent"
-    border.width: hintState === "same" ? 0 : 1
-    border.color: hintState === "missing" ? Theme.groupBoxFrame : Theme.focusFrame
+    color: hintState === "missing" ? Theme.selectedBack : "transparent"
+    border.width: hintState === "stale" ? 1 : 0
+    border.color: Theme.focusFrame
 
     Text {
         id: mark
         anchors.centerIn: parent
         text: root.textOf(root.hintState)
-        color: root.hintState === "missing" ? Theme.deluxeLabelText : Theme.normalText
+        color: root.hintState === "missing" ? Theme.selectedText : Theme.normalText
         font.pixelSize: 12
     }
 }

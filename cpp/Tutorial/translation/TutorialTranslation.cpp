@@ -171,8 +171,14 @@ TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutor
 void TutorialTranslation::scheduleFollowing()
 {
     if (!mFollowDue)
-        QMetaObject::invokeMethod(this, "followDocument", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "followIfDue", Qt::QueuedConnection);
     mFollowDue = true;
+}
+
+void TutorialTranslation::followIfDue()
+{
+    if (mFollowDue)
+        followDocument();
 }
 
 void TutorialTranslation::followDocument()

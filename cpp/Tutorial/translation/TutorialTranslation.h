@@ -58,7 +58,7 @@ public:
     /// The hints of all items.
     Hints hints() const;
     /// Learns what translations were made from, which has to be done after each change of the document.
-    Q_INVOKABLE void followDocument();
+    void followDocument();
     /// The same, once for all changes of a turn of the event loop.
     void scheduleFollowing();
     /// The items whose second hint was made from another first hint than that of now.
@@ -94,6 +94,7 @@ Q_SIGNALS:
 private:
     Q_DISABLE_COPY(TutorialTranslation)
 
+    Q_INVOKABLE void followIfDue();
     TranslatableText::Translate lookup() const;
     void updateLocale2(const QString &locale);
     void updateDocumentTranslator();
