@@ -70,7 +70,7 @@ void LoadedTutorial::readFiles()
 bool LoadedTutorial::measureHints()
 {
     constexpr int kMilliseconds = 10;
-    const QStringList hints = HintRules::hints(subject());
+    const QStringList hints = HintRules::hints(contents());
     const bool isKnown =
         std::all_of(hints.begin(), hints.end(), [this](const QString &hint) { return mHintSizes.height(hint) >= 0; });
     if (!isKnown)
@@ -83,15 +83,21 @@ QVector<Problem> LoadedTutorial::problems() const
     return isLoaded() ? mFileProblems + TutorialCheck::check(subject()) : QVector<Problem>();
 }
 
-CheckSubject LoadedTutorial::subject() const
+CheckSubject LoadedTutorial::contents()
 {
     const auto *manager = TutorialEditor::Manager::instance();
-    const HostWindows &host = managerInstance->hostWindows();
     CheckSubject subject;
     subject.document = &manager->mData;
     subject.file = manager->mFilename;
     subject.languages = { { managerInstance->locale(), QString(), &TutorialItemData::mHint },
                           { managerInstance->locale2(), QString(), &TutorialItemData::mHint2 } };
+    return subject;
+}
+
+CheckSubject LoadedTutorial::subject() const
+{
+    const HostWindows &host = managerInstance->hostWindows();
+    CheckSubject subject = contents();
     subject.hintSizes = &mHintSizes;
     subject.staleIds = managerInstance->staleIds();
     subject.reachedAtSave = mReachedAtSave;

@@ -17,8 +17,6 @@ public:
     static bool isLoaded();
     /// All that is wrong with it, by what is known of it now.
     QVector<Problem> problems() const;
-    /// It ends with the next edit.
-    CheckSubject subject() const;
     /// Measures hints of which the size is not known, for a few milliseconds. False if there was none.
     bool measureHints();
 
@@ -27,6 +25,10 @@ Q_SIGNALS:
     void changed();
 
 private:
+    // They end with the next edit.
+    static CheckSubject contents();
+    CheckSubject subject() const;
+
     void onReplaced();
     void onSaved();
     void readFiles();

@@ -12,6 +12,11 @@ namespace
 constexpr qint64 kGesture = 30;
 // Of a very large tutorial the checks take no more than one part in so many of the time.
 constexpr qint64 kShare = 20;
+// A check that takes longer would be felt by who types: it waits until nothing has changed for so long, or for the
+// most.
+constexpr qint64 kFelt = 16;
+constexpr qint64 kStillness = 300;
+constexpr qint64 kMostWait = 5000;
 
 // Between two slices of time in which hints are measured.
 constexpr int kMeasurePause = 50;
@@ -50,10 +55,13 @@ void TutorialProblems::setHistory(UndoRedo *history)
 
 void TutorialProblems::schedule()
 {
-    if (mTimer.isActive())
+    const bool isFelt = mPause > kFelt * kShare;
+    if (!mTimer.isActive())
+        mSinceChange.start();
+    else if (!isFelt || mSinceChange.elapsed() > kMostWait)
         return;
     const qint64 rest = mSinceCheck.isValid() ? mPause - mSinceCheck.elapsed() : 0;
-    mTimer.start(static_cast<int>(qMax(kGesture, rest)));
+    mTimer.start(static_cast<int>(qMax(isFelt ? kStillness : kGesture, rest)));
 }
 
 void TutorialProblems::check()

@@ -64,6 +64,7 @@ private:
     int mRevision = 0;
     QTimer mTimer;
     QTimer mMeasureTimer;
+    QElapsedTimer mSinceChange; // the first one that was not checked
     QElapsedTimer mSinceCheck;
     qint64 mPause = 0; // from the begin of one check to the next one
 };

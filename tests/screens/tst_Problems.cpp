@@ -143,6 +143,8 @@ void tst_Problems::editsAreFollowed()
     auto *sign = row(3)->findChild<QQuickItem *>(QStringLiteral("sign"));
     QTest::mouseMove(mWindow, sign->mapToScene(QPointF(8, 8)).toPoint());
     QTRY_VERIFY(find(mWindow->contentItem(), sentence));
+    click(sign);
+    QTRY_COMPARE(currentId(), 3);
     QTest::mouseMove(mWindow, sign->mapToScene(QPointF(300, 8)).toPoint());
     QTRY_VERIFY(!find(mWindow->contentItem(), sentence));
 
