@@ -60,7 +60,8 @@ private:
 
     void add(const char *rule, const QString &text, const QString &file = QString())
     {
-        mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Warning, mId, mRecord.mName, text, file, 0 });
+        mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Warning, mId, mRecord.mName, text, file, 0,
+                           QStringLiteral("hint") });
     }
 
     void checkMissing()

@@ -7,15 +7,19 @@ namespace
 {
 using Target = StepGraph::Target;
 
-Problem problem(const StepGraph::Step &step, const char *rule, Problem::Severity severity, const QString &text)
+const QString kJumpNo = QStringLiteral("jumpNo");
+
+Problem problem(const StepGraph::Step &step, const char *rule, Problem::Severity severity, const QString &text,
+                const QString &key)
 {
-    return { QString::fromLatin1(rule), severity, step.id, step.record->mName, text };
+    return { QString::fromLatin1(rule), severity, step.id, step.record->mName, text, QString(), 0, key };
 }
 
-void checkTarget(const StepGraph::Step &step, Target target, int id, const QString &branch, QVector<Problem> &problems)
+void checkTarget(const StepGraph::Step &step, Target target, int id, const QString &branch, const QString &key,
+                 QVector<Problem> &problems)
 {
     const auto add = [&](const char *rule, Problem::Severity severity, const QString &text) {
-        problems.append(problem(step, rule, severity, text));
+        problems.append(problem(step, rule, severity, text, key));
     };
     switch (target) {
     case Target::None:
@@ -55,16 +59,19 @@ QVector<Problem> JumpRules::check(const StepGraph &graph)
         const StepGraph::Step &step = graph.steps().at(i);
         if (!graph.isShown(i))
             continue;
-        checkTarget(step, step.jump, step.record->mJump, TutorialCheck::tr("The jump"), problems);
+        checkTarget(step, step.jump, step.record->mJump, TutorialCheck::tr("The jump"), QStringLiteral("jump"),
+                    problems);
         if (step.jumpNo == Target::None)
             continue;
         if (step.asks) {
-            checkTarget(step, step.jumpNo, step.record->mJumpNo, TutorialCheck::tr("The jump after No"), problems);
+            checkTarget(step, step.jumpNo, step.record->mJumpNo, TutorialCheck::tr("The jump after No"), kJumpNo,
+                        problems);
         } else {
             problems.append(
                 problem(step, "no-unasked", Problem::Severity::Warning,
                         TutorialCheck::tr("The jump after No is never taken, since the step asks no question: take it "
-                                          "away, or make \"yesNo\" the condition.")));
+                                          "away, or make \"yesNo\" the condition."),
+                        kJumpNo));
         }
     }
     return problems;

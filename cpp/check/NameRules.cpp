@@ -33,7 +33,8 @@ void checkTexts(const TutorialItemData &record, QVector<Problem> &problems)
         problems.append(
             { QStringLiteral("text-unreadable"), Problem::Severity::Error, record.mId, record.mName,
               TutorialCheck::tr("%1 holds \"%2\", with which the saved file could not be read again: write it without.")
-                  .arg(fieldName(field), part) });
+                  .arg(fieldName(field), part),
+              QString(), 0, field.name });
     }
 }
 } // namespace
@@ -51,14 +52,16 @@ QVector<Problem> NameRules::check(const CheckSubject &subject)
             problems.append({ QStringLiteral("id-twice"), Problem::Severity::Error, item.mId, record->mName,
                               TutorialCheck::tr("Another item has the id #%1, too, so that both are one: give one of "
                                                 "them an id of its own.")
-                                  .arg(item.mId) });
+                                  .arg(item.mId),
+                              QString(), 0, QStringLiteral("id") });
             return;
         }
         ids.insert(item.mId);
         const int other = idsByName.value(record->mName, item.mId);
         if (other != item.mId) {
             problems.append({ QStringLiteral("name-twice"), Problem::Severity::Remark, item.mId, record->mName,
-                              TutorialCheck::tr("#%1 has the same name: give one of them another.").arg(other) });
+                              TutorialCheck::tr("#%1 has the same name: give one of them another.").arg(other),
+                              QString(), 0, QStringLiteral("name") });
         }
         idsByName.insert(record->mName, other);
         checkTexts(*record, problems);

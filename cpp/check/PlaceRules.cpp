@@ -60,23 +60,26 @@ Finding checkPlace(const CheckSubject &subject, const TutorialItemData &record)
 void checkStep(const CheckSubject &subject, const StepGraph::Step &step, QVector<Problem> &problems)
 {
     const TutorialItemData &record = *step.record;
-    const auto add = [&](const char *rule, Problem::Severity severity, const QString &text) {
-        problems.append({ QString::fromLatin1(rule), severity, step.id, record.mName, text });
+    const auto add = [&](const char *rule, Problem::Severity severity, const QString &text, const QString &key) {
+        problems.append({ QString::fromLatin1(rule), severity, step.id, record.mName, text, QString(), 0, key });
     };
     if (!record.mIcon.isEmpty() && !StepIcon::names().contains(record.mIcon)) {
         add("icon-unknown", Problem::Severity::Warning,
             TutorialCheck::tr("No icon is called \"%1\", so that none is shown: choose one of %2.")
-                .arg(record.mIcon, StepIcon::names().join(QStringLiteral(", "))));
+                .arg(record.mIcon, StepIcon::names().join(QStringLiteral(", "))),
+            QStringLiteral("icon"));
     }
     if (subject.isHostKnown && !record.mWindowKey.isEmpty() && !subject.reportedPlaces.contains(record.mWindowKey)) {
         add("control-unreported", Problem::Severity::Remark,
             TutorialCheck::tr("The host editor has not reported \"%1\" since the program was started: see whether the "
                               "key is right, or open the window that the control is in.")
-                .arg(record.mWindowKey));
+                .arg(record.mWindowKey),
+            QStringLiteral("windowKey"));
     }
     const Finding place = checkPlace(subject, record);
     if (!place.text.isEmpty())
-        add(place.rule, Problem::Severity::Warning, place.text);
+        add(place.rule, Problem::Severity::Warning, place.text,
+            record.mX == kNoPosition ? QStringLiteral("y") : QStringLiteral("x"));
 }
 } // namespace
 

@@ -22,4 +22,6 @@ struct Problem
     /// The file that holds it, and the line in it from 1 up; 0 where that is not known.
     QString file = {};
     int line = 0;
+    /// The entry of the item that it is about, by its key in the file; empty for the item as a whole.
+    QString key = {};
 };

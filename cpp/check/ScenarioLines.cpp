@@ -56,18 +56,21 @@ int ScenarioLines::lineAt(int position) const
     return int(before - mLineFeeds.begin()) + 1;
 }
 
-int ScenarioLines::lineOfId(int id, int earlier) const
+int ScenarioLines::lineOfId(int id, int earlier, const QString &key) const
 {
-    const QVector<int> items = mItemsById.value(id);
-    return earlier < items.size() ? lineInArray(mItems.at(items.at(earlier)).position) : 0;
+    return lineOfItem(mItemsById.value(id).value(earlier, mItems.size()), key);
 }
 
 int ScenarioLines::lineOfPlace(int element, int item, const QString &key) const
 {
-    const int index = mElements.value(element, mItems.size()) + item;
-    if (index >= mItems.size())
+    return lineOfItem(mElements.value(element, mItems.size()) + item, key);
+}
+
+int ScenarioLines::lineOfItem(int item, const QString &key) const
+{
+    if (item >= mItems.size())
         return 0;
-    int position = mItems.at(index).position;
+    int position = mItems.at(item).position;
     if (key.isEmpty() || at(position) != QLatin1Char('{'))
         return lineInArray(position);
     int line = lineInArray(position);

@@ -26,8 +26,9 @@ public:
     int lineAt(int position) const;
     /// The line of a position in the array.
     int lineInArray(int position) const { return lineAt(mMap.original(position)); }
-    /// The line of the first item of that id, or of a later one of the same id; 0 for one that is not there.
-    int lineOfId(int id, int earlier = 0) const;
+    /// The line of the first item of that id, or of a later one of the same id; 0 for one that is not there. With a key
+    /// that of its value, where the item has it.
+    int lineOfId(int id, int earlier = 0, const QString &key = QString()) const;
     /// The line of an item by its place: the number of its element at the top and that of the items before it in there;
     /// with a key that of its value. 0 for a place that is not there.
     int lineOfPlace(int element, int item, const QString &key = QString()) const;
@@ -43,6 +44,7 @@ private:
         int id;
     };
 
+    int lineOfItem(int item, const QString &key) const;
     void scanElements();
     void scanItems(int &position);
     void scanItem(int &position);

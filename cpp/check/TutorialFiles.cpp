@@ -132,5 +132,5 @@ void TutorialFiles::place(Problem &problem, QHash<int, int> &seen) const
         return;
     problem.file = mSubject.file;
     const int earlier = problem.rule == QLatin1String("id-twice") ? ++seen[problem.itemId] : 0;
-    problem.line = problem.itemId == -1 ? 0 : mScenario.lines().lineOfId(problem.itemId, earlier);
+    problem.line = problem.itemId == -1 ? 0 : mScenario.lines().lineOfId(problem.itemId, earlier, problem.key);
 }

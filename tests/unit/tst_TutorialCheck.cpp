@@ -156,7 +156,8 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\"children\":[{\"a\":1,\"id\":8},{\"id\":9}],\n\"children\":[],", "");
     step("\n\"children\":[\n{\"id\":9}],", "children-of-step 2 X.js:4");
     step("\n\"children\":[{\"id\":9},\n7],", "item-unreadable 2 X.js:5");
-    step("/* 1\n2 */\n// 3\n\t// {\n\"jump\":/*\n*/99,\n", "jump-missing 2 X.js:3");
+    step("/* 1\n2 */\n// 3\n\t// {\n\"jump\":/*\n*/99,\n", "jump-missing 2 X.js:8");
+    step("\n\"x\":-9999,\n\"y\":1,\n\"icon\":\"a\",", "icon-unknown 2 X.js:6, place-half 2 X.js:5");
     step("\n/*\n*/\"x\":\"\",//*\n*/* */\n\"y\":0,", "value-left-out 2 X.js:5");
 
     const auto file = [](const char *bytes, const char *found) {
