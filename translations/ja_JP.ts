@@ -604,6 +604,10 @@ Change %2 to %1 ?</source>
     <context>
         <name>TutorialManager</name>
         <message>
+            <source>%1 is there already.</source>
+            <translation>%1 はすでにあります。</translation>
+        </message>
+        <message>
             <source>Failed to read %1.</source>
             <translation>%1 を読めませんでした。</translation>
         </message>

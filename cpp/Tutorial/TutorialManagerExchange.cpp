@@ -1,5 +1,6 @@
 // The hints' way to a translator and back.
 
+#include "tool/DataSupport.h"
 #include "Tutorial/recovery/Recovery.h"
 #include "Tutorial/translation/HintExchange.h"
 #include "Tutorial/translation/TutorialTranslation.h"
@@ -31,6 +32,11 @@ struct Outcome
 
 QString TutorialManager::exportTranslation(const QString &path) const
 {
+    const bool named = !QFileInfo(path).suffix().isEmpty();
+    const QString file = named ? path : path + QLatin1String(".xlf");
+    // Who chose a name without a suffix was not asked about this one.
+    if (!named && DataSupport::fileExists(file))
+        return tr("%1 is there already.").arg(file);
     const TreeDataTemplate<TutorialItemData> &document = mEditorManager->mData;
     const QSet<int> stale = mTranslation->staleIds();
     QVector<HintExchange::Entry> entries;
@@ -42,9 +48,7 @@ QString TutorialManager::exportTranslation(const QString &path) const
         entries.append({ item.mId, record->mName, record->mHint, missing ? QString() : record->mHint2,
                          !missing && !stale.contains(item.mId) });
     });
-    const bool named = !QFileInfo(path).suffix().isEmpty();
-    return HintExchange::write(named ? path : path + QLatin1String(".xlf"), { mTutorialName, locale(), locale2() },
-                               entries);
+    return HintExchange::write(file, { mTutorialName, locale(), locale2() }, entries);
 }
 
 QVariantMap TutorialManager::importTranslation(const QString &path)

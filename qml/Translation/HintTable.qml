@@ -58,9 +58,13 @@ FocusScope {
         goTo(list.currentIndex + step * rows, second);
     }
 
+    function showRow() {
+        list.positionViewAtIndex(list.currentIndex, ListView.Contain);
+    }
+
     function showCurrent() {
         currentId = hints.idOf(list.currentIndex);
-        list.positionViewAtIndex(list.currentIndex, ListView.Contain);
+        showRow();
         editor.begin(currentId, second, hints.hint(currentId, second));
     }
 
@@ -141,6 +145,9 @@ FocusScope {
                 focus: true
                 model: root.hints
                 highlightFollowsCurrentItem: false
+                // The heights of the rows come after their widths.
+                onWidthChanged: Qt.callLater(root.showRow)
+                onHeightChanged: Qt.callLater(root.showRow)
 
                 delegate: HintTableRow {
                     width: list.width

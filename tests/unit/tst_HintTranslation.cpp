@@ -256,6 +256,7 @@ void tst_HintTranslation::refusesOtherFiles()
     QCOMPARE(mManager->importTranslation(QStringLiteral("none.xlf")).value(QStringLiteral("error")).toString(),
              QStringLiteral("Failed to read none.xlf."));
     QVERIFY(!mManager->isModified() && mHistory->isEmpty());
+    QCOMPARE(mManager->exportTranslation(QStringLiteral("hints")), QStringLiteral("hints.xlf is there already."));
     mWarnings.expect(QStringLiteral("Failed to"));
     QCOMPARE(mManager->exportTranslation(QStringLiteral("none/hints.xlf")),
              QStringLiteral("Failed to write none/hints.xlf."));
