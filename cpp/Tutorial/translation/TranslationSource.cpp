@@ -141,10 +141,21 @@ void TranslationSource::writeMessages(QDomDocument &document, const QString &con
 QSet<QString> TranslationSource::staleSources(const QDomDocument &document, const QString &context)
 {
     QSet<QString> sources;
-    const QHash<QString, QDomElement> messageBySource = findMessages(findContexts(document, context));
-    for (auto message = messageBySource.cbegin(); message != messageBySource.cend(); ++message) {
-        if (isStale(message->firstChildElement(kTranslation)))
-            sources.insert(message.key());
+    for (const QDomElement &element : findContexts(document, context)) {
+        for (QDomElement message = element.firstChildElement(kMessage); !message.isNull();
+             message = message.nextSiblingElement(kMessage)) {
+            const QDomElement translation = message.firstChildElement(kTranslation);
+            const bool stale = isStale(translation);
+            // Mostly there is nothing to look at any closer.
+            if ((!stale && sources.isEmpty()) || !isPlainMessage(message) || !isInForce(translation))
+                continue;
+            const QString source = textOf(message.firstChildElement(kSource));
+            // The last one counts.
+            if (stale)
+                sources.insert(source);
+            else
+                sources.remove(source);
+        }
     }
     return sources;
 }
@@ -152,12 +163,20 @@ QSet<QString> TranslationSource::staleSources(const QDomDocument &document, cons
 void TranslationSource::markStale(QDomDocument &document, const QString &context,
                                   const QHash<QString, bool> &staleBySource)
 {
-    const QHash<QString, QDomElement> messageBySource = findMessages(findContexts(document, context));
+    const QSet<QString> former = staleSources(document, context);
+    QStringList sources;
     for (auto stale = staleBySource.cbegin(); stale != staleBySource.cend(); ++stale) {
-        QDomElement translation = messageBySource.value(stale.key()).firstChildElement(kTranslation);
-        if (!isInForce(translation) || isStale(translation) == *stale)
+        if (former.contains(stale.key()) != *stale)
+            sources.append(stale.key());
+    }
+    if (sources.isEmpty())
+        return;
+    const QHash<QString, QDomElement> messageBySource = findMessages(findContexts(document, context));
+    for (const QString &source : qAsConst(sources)) {
+        QDomElement translation = messageBySource.value(source).firstChildElement(kTranslation);
+        if (!isInForce(translation))
             continue;
-        if (*stale)
+        if (staleBySource.value(source))
             translation.setAttribute(kType, kUnfinished);
         else
             translation.removeAttribute(kType);
