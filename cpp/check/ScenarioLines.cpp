@@ -79,7 +79,10 @@ int ScenarioLines::lineOfItem(int item, const QString &key) const
     for (int value = nextValue(position, name); value >= 0; value = nextValue(position, name)) {
         if (name == key)
             line = lineInArray(value);
-        skipValue(position);
+        if (value == mItems.at(item).childrenBegin)
+            position = mItems.at(item).childrenEnd;
+        else
+            skipValue(position);
     }
     return line;
 }
@@ -87,33 +90,36 @@ int ScenarioLines::lineOfItem(int item, const QString &key) const
 void ScenarioLines::scanItem(int &position)
 {
     const int index = mItems.size();
-    mItems.append({ position, 0 });
+    Item item;
+    item.position = position;
+    mItems.append(item);
     if (at(position) != QLatin1Char('{')) {
         skipValue(position);
         return;
     }
     ++position;
-    int id = 0; // as the reader has it for an item without one
     QStringRef key;
     for (int value = nextValue(position, key); value >= 0; value = nextValue(position, key)) {
         // Of two values of one key the last one counts.
         if (key == QLatin1String("children")) {
-            mItems.resize(index + 1);
-            forgetKeysAfter(index);
+            if (mItems.at(index).childrenBegin >= 0)
+                forgetItemsAfter(index);
             scanItems(position);
+            mItems[index].childrenBegin = value;
+            mItems[index].childrenEnd = position;
             continue;
         }
         if (!isKnown(key))
             mUnknownKeys.append({ key.toString(), value, index });
         skipValue(position);
         if (key == QLatin1String("id"))
-            id = QJsonValue(mArray.midRef(value, position - value).toDouble()).toInt();
+            mItems[index].id = QJsonValue(mArray.midRef(value, position - value).toDouble()).toInt();
     }
-    mItems[index].id = id;
 }
 
-void ScenarioLines::forgetKeysAfter(int item)
+void ScenarioLines::forgetItemsAfter(int item)
 {
+    mItems.resize(item + 1);
     const auto isAfter = [item](const UnknownKey &key) { return key.item > item; };
     mUnknownKeys.erase(std::remove_if(mUnknownKeys.begin(), mUnknownKeys.end(), isAfter), mUnknownKeys.end());
 }

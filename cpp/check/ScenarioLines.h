@@ -40,15 +40,18 @@ public:
 private:
     struct Item
     {
-        int position; // in the array
-        int id;
+        int position = 0; // in the array
+        int id = 0; // as the reader has it for an item without one
+        // The list of its children, so that it needs not be walked again for what stands after it.
+        int childrenBegin = -1;
+        int childrenEnd = -1;
     };
 
     int lineOfItem(int item, const QString &key) const;
     void scanElements();
     void scanItems(int &position);
     void scanItem(int &position);
-    void forgetKeysAfter(int item);
+    void forgetItemsAfter(int item);
     /// To the end of a value, or of the text.
     void skipValue(int &position) const;
     void skipString(int &position) const;
