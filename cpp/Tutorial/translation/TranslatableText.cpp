@@ -307,7 +307,7 @@ QString TranslatableText::applyToList(const QString &text, const QString &contex
 {
     constexpr int skipped = 2;
     QVector<Failure> failures;
-    const QString result = replaceExpressions(text, kQsTr, skipped, context, translate, failures);
+    QString result = replaceExpressions(text, kQsTr, skipped, context, translate, failures);
     tell(failures, text, errors);
     return result;
 }
