@@ -152,6 +152,14 @@ void tst_Translation::followsTheDocument()
     key(Qt::Key_Escape);
     QCOMPARE(rows()->rowCount(), 3);
 
+    // A click goes into the text.
+    click(find(window()->contentItem(), QStringLiteral("aa")));
+    key(Qt::Key_End);
+    write(QStringLiteral("x"));
+    key(Qt::Key_Tab);
+    QCOMPARE(record(1)->mHint, QStringLiteral("aax"));
+    key(Qt::CTRL + Qt::Key_Z);
+
     // Rows come and go with the items, and what is typed in one window is shown in the other.
     QVERIFY(activate());
     select(1);
