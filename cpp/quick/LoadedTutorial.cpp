@@ -36,7 +36,12 @@ void LoadedTutorial::onReplaced()
     mReachedAtSave.clear();
     if (!managerInstance->isModified())
         onSaved();
-    readFiles();
+    readSources();
+    // What the load has stumbled over may be mended in the next moment. All else can wait for the first check.
+    const auto *manager = TutorialEditor::Manager::instance();
+    mIsScenarioDue = isLoaded();
+    if (!manager->isSaveable() || !manager->leftOut().isEmpty())
+        readScenario();
     Q_EMIT changed();
 }
 
@@ -46,13 +51,13 @@ void LoadedTutorial::onSaved()
     mReachedAtSave = Walk(graph).reachedIds();
     // What was left out is gone from the file.
     mFileProblems.clear();
+    mIsScenarioDue = false;
     Q_EMIT changed();
 }
 
-void LoadedTutorial::readFiles()
+void LoadedTutorial::readSources()
 {
     mFileProblems.clear();
-    const auto *manager = TutorialEditor::Manager::instance();
     if (!isLoaded())
         return;
     const QStringList sources = managerInstance->unreadableSources();
@@ -61,9 +66,17 @@ void LoadedTutorial::readFiles()
         if (DataSupport::fileExists(source) && DataSupport::readFile(source, bytes))
             mFileProblems.append(TutorialFiles::unreadable(source, bytes));
     }
+}
+
+void LoadedTutorial::readScenario()
+{
+    if (!mIsScenarioDue)
+        return;
+    mIsScenarioDue = false;
     ScenarioFile file;
-    if (DataSupport::fileExists(manager->mFilename))
-        file.read(manager->mFilename, [](const QString &, const QString &source) { return source; });
+    const QString filename = TutorialEditor::Manager::instance()->mFilename;
+    if (DataSupport::fileExists(filename))
+        file.read(filename, [](const QString &, const QString &source) { return source; });
     mFileProblems += file.problems();
 }
 

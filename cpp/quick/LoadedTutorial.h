@@ -15,6 +15,8 @@ public:
     explicit LoadedTutorial(QObject *parent = nullptr);
 
     static bool isLoaded();
+    /// Looks into its file after a load, which takes about as long as that did.
+    void readScenario();
     /// All that is wrong with it, by what is known of it now.
     QVector<Problem> problems() const;
     /// Measures hints of which the size is not known, for a few milliseconds. False if there was none.
@@ -31,9 +33,10 @@ private:
 
     void onReplaced();
     void onSaved();
-    void readFiles();
+    void readSources();
 
     HintSizes mHintSizes;
     QVector<Problem> mFileProblems; // of what the document and the hints were read from
+    bool mIsScenarioDue = false;
     QSet<int> mReachedAtSave;
 };

@@ -66,6 +66,7 @@ void TutorialProblems::schedule()
 
 void TutorialProblems::check()
 {
+    mTutorial.readScenario();
     mSinceCheck.start();
     show(mTutorial.problems());
     readSeverities();
