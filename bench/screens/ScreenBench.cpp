@@ -247,7 +247,7 @@ int ScreenBench::checkRevision() const
 void ScreenBench::checkComesToRest()
 {
     // Longer than it pauses for the largest tutorial.
-    constexpr int kRest = 3000;
+    constexpr int kRest = 6000;
     int revision = -1;
     while (revision != checkRevision()) {
         revision = checkRevision();

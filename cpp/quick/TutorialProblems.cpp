@@ -9,13 +9,13 @@
 namespace
 {
 // The changes of one gesture come together.
-constexpr qint64 kGesture = 30;
+constexpr int kGesture = 30;
 // Of a very large tutorial the checks take no more than one part in so many of the time.
 constexpr qint64 kShare = 20;
 // A check that takes longer would be felt by who types: it waits until nothing has changed for so long, or for the
 // most.
 constexpr qint64 kFelt = 16;
-constexpr qint64 kStillness = 300;
+constexpr int kStillness = 300;
 constexpr qint64 kMostWait = 5000;
 
 // Between two slices of time in which hints are measured.
@@ -39,7 +39,6 @@ TutorialProblems::TutorialProblems(QObject *parent) : ProblemListModel(parent)
     connect(&mTimer, &QTimer::timeout, this, &TutorialProblems::check);
     connect(&mTutorial, &LoadedTutorial::changed, this, &TutorialProblems::schedule);
     mMeasureTimer.setSingleShot(true);
-    mMeasureTimer.setInterval(kMeasurePause);
     connect(&mMeasureTimer, &QTimer::timeout, this, &TutorialProblems::measureHints);
     schedule();
 }
@@ -50,7 +49,15 @@ void TutorialProblems::setHistory(UndoRedo *history)
         mHistory->disconnect(this);
     mHistory = history;
     if (history)
-        connect(history, &UndoRedo::documentChanged, this, &TutorialProblems::schedule);
+        connect(history, &UndoRedo::documentChanged, this, &TutorialProblems::onDocumentChanged);
+}
+
+void TutorialProblems::onDocumentChanged()
+{
+    // No key waits for the hints.
+    if (mMeasureTimer.isActive())
+        mMeasureTimer.start(kStillness);
+    schedule();
 }
 
 void TutorialProblems::schedule()
@@ -61,7 +68,7 @@ void TutorialProblems::schedule()
     else if (!isFelt || mSinceChange.elapsed() > kMostWait)
         return;
     const qint64 rest = mSinceCheck.isValid() ? mPause - mSinceCheck.elapsed() : 0;
-    mTimer.start(static_cast<int>(qMax(isFelt ? kStillness : kGesture, rest)));
+    mTimer.start(static_cast<int>(qMax<qint64>(isFelt ? kStillness : kGesture, rest)));
 }
 
 void TutorialProblems::check()
@@ -73,16 +80,16 @@ void TutorialProblems::check()
     ++mRevision;
     Q_EMIT revisionChanged();
     mPause = mSinceCheck.elapsed() * kShare;
-    mMeasureTimer.start();
+    mMeasureTimer.start(kMeasurePause);
 }
 
 void TutorialProblems::measureHints()
 {
-    // The first measure makes the check see them, and plans the next one.
-    if (LoadedTutorial::isLoaded() && mTutorial.measureHints()) {
+    if (!LoadedTutorial::isLoaded() || !mTutorial.measureHints())
+        return;
+    mMeasureTimer.start(kMeasurePause);
+    if (!mTimer.isActive())
         schedule();
-        mMeasureTimer.start();
-    }
 }
 
 void TutorialProblems::readSeverities()

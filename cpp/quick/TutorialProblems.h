@@ -51,6 +51,7 @@ Q_SIGNALS:
     void revisionChanged();
 
 private:
+    void onDocumentChanged();
     void schedule();
     void check();
     void measureHints();
