@@ -243,23 +243,27 @@ Change %2 to %1 ?</source>
         </message>
         <message>
             <source>No way reaches this step: let a step or a jump lead to it, or prohibit it.</source>
-            <translation>どの道もこの項目に来ません。前の項目やジャンプの先にするか、禁止してください。</translation>
+            <translation>この項目に到達する道筋がありません。前の項目かジャンプからつなぐか、禁止してください。</translation>
         </message>
         <message>
             <source>No way reaches the %1 steps from here to #%2: let a step or a jump lead to them, or prohibit them.</source>
-            <translation>ここから #%2 までの %1 項目には、どの道も来ません。前の項目やジャンプの先にするか、禁止してください。</translation>
+            <translation>ここから #%2 までの %1 項目に到達する道筋がありません。前の項目かジャンプからつなぐか、禁止してください。</translation>
         </message>
         <message>
             <source>Since the last save no way reaches this step any more: let a step or a jump lead to it again, or prohibit it.</source>
-            <translation>前回の保存の後、どの道もこの項目に来なくなりました。もう一度前の項目やジャンプの先にするか、禁止してください。</translation>
+            <translation>前回の保存の後、この項目に到達する道筋がなくなりました。前の項目かジャンプからつなぎ直すか、禁止してください。</translation>
         </message>
         <message>
             <source>Since the last save no way reaches the %1 steps from here to #%2 any more: let a step or a jump lead to them again, or prohibit them.</source>
-            <translation>前回の保存の後、ここから #%2 までの %1 項目に、どの道も来なくなりました。もう一度前の項目やジャンプの先にするか、禁止してください。</translation>
+            <translation>前回の保存の後、ここから #%2 までの %1 項目に到達する道筋がなくなりました。前の項目かジャンプからつなぎ直すか、禁止してください。</translation>
+        </message>
+        <message>
+            <source>All steps are prohibited, so that learners see none: permit one.</source>
+            <translation>すべての項目が禁止されているため、何も表示されません。どれかを許可してください。</translation>
         </message>
         <message>
             <source>No way leads out of the circle of %1: let a jump or an answer lead to a step outside of it.</source>
-            <translation>%1 が輪になっていて、抜ける道がありません。ジャンプや答えの先を輪の外の項目にしてください。</translation>
+            <translation>%1 が循環していて、抜け出す道筋がありません。ジャンプや回答の先を循環の外の項目にしてください。</translation>
         </message>
         <message>
             <source>This step leads to itself again, by way of its jump: let the jump lead to another step.</source>
@@ -443,7 +447,7 @@ Change %2 to %1 ?</source>
         </message>
         <message>
             <source>reached by no way: %1</source>
-            <translation>どの道も来ない項目: %1</translation>
+            <translation>到達しない項目: %1</translation>
         </message>
         <message>
             <source>ways: %1</source>
@@ -455,15 +459,15 @@ Change %2 to %1 ?</source>
         </message>
         <message>
             <source>circle: %1</source>
-            <translation>輪: %1</translation>
+            <translation>循環: %1</translation>
         </message>
         <message>
             <source>circle that no way leaves: %1</source>
-            <translation>抜ける道のない輪: %1</translation>
+            <translation>抜け出せない循環: %1</translation>
         </message>
         <message>
             <source>and %1 more circles</source>
-            <translation>ほかに輪が %1 個</translation>
+            <translation>ほかに循環が %1 個</translation>
         </message>
         <message>
             <source>and %1 more ends</source>
@@ -475,7 +479,7 @@ Change %2 to %1 ?</source>
         </message>
         <message>
             <source>No entry is called "%1", so that it is left out: correct its name, or take it away.</source>
-            <translation>"%1" という項目名はないため無視されます。名前を直すか、取り除いてください。</translation>
+            <translation>"%1" というキーはないため無視されます。キー名を直すか、取り除いてください。</translation>
         </message>
     </context>
     <context>

@@ -7,6 +7,8 @@
 #include "Tutorial/guidance/HintView.h"
 #include "Tutorial/translation/StaleHints.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace
@@ -20,15 +22,24 @@ QString nameOf(const Language &language)
     return language.locale == QLatin1String("en_US") ? TutorialCheck::tr("English") : language.locale;
 }
 
-/// Whether the words are such that nobody would leave them as they are: more than one, or in letters of one of the
-/// languages alone. A name, a key or a number is the same in both.
+bool isJapanese(QChar character)
+{
+    const QChar::Script script = character.script();
+    return script == QChar::Script_Han || script == QChar::Script_Hiragana || script == QChar::Script_Katakana;
+}
+
+/// Whether the words are such that nobody would leave them as they are: Japanese, or a sentence. A name such as
+/// "Side View", keys such as "Ctrl + S", and a number with its unit are the same in both languages.
 bool needTranslation(const QString &words)
 {
-    const QString text = words.simplified();
-    const auto isForeign = [](QChar character) { return character.isLetter() && character.unicode() > 0x7f; };
-    const auto isLetter = [](QChar character) { return character.isLetter(); };
-    return std::any_of(text.begin(), text.end(), isForeign)
-        || (text.contains(QLatin1Char(' ')) && std::any_of(text.begin(), text.end(), isLetter));
+    static const QRegularExpression word(QStringLiteral("[A-Za-z]{3,}"));
+    if (std::any_of(words.begin(), words.end(), isJapanese))
+        return true;
+    int count = 0;
+    bool isSentence = false;
+    for (auto match = word.globalMatch(words); match.hasNext() && !(isSentence && count > 1); ++count)
+        isSentence = match.next().captured().front().isLower() || isSentence;
+    return isSentence && count > 1;
 }
 
 class StepHints

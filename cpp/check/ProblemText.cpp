@@ -2,6 +2,8 @@
 
 #include <QJsonValue>
 
+#include <algorithm>
+
 namespace
 {
 /// What programs read: the same in every language.
@@ -9,6 +11,13 @@ QLatin1String severityWord(Problem::Severity severity)
 {
     static const char *const words[] = { "error", "warning", "remark" };
     return QLatin1String(words[int(severity)]);
+}
+
+bool isControl(QChar character)
+{
+    const QChar::Category category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line
+        || category == QChar::Separator_Paragraph;
 }
 
 /// The item by its name and id, empty for the tutorial as a whole.
@@ -31,8 +40,9 @@ QString ProblemText::line(const Problem &problem)
     if (!name.isEmpty())
         text += name + QLatin1String(": ");
     text += problem.text + QLatin1String(" [") + problem.rule + QLatin1Char(']');
-    // A name, or a value that a text quotes, may hold a line feed.
-    return text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    // A name, or a value that a text quotes, may hold what ends the line, or what a terminal obeys.
+    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
+    return text;
 }
 
 QJsonObject ProblemText::json(const Problem &problem)

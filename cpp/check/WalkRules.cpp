@@ -91,6 +91,10 @@ QVector<Problem> WalkRules::check(const StepGraph &graph, const Walk &walk, cons
     findTraps(graph, walk, result);
     std::stable_sort(result.begin(), result.end(), [](const Found &a, const Found &b) { return a.index < b.index; });
     QVector<Problem> problems;
+    if (graph.first() == StepGraph::kEnd && !graph.steps().isEmpty()) {
+        problems.append({ QStringLiteral("no-step"), Severity::Warning, -1, QString(),
+                          TutorialCheck::tr("All steps are prohibited, so that learners see none: permit one.") });
+    }
     for (const Found &each : result)
         problems.append(each.problem);
     return problems;

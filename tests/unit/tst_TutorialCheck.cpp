@@ -175,6 +175,8 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     file("[\n{\"id\":1,\"name\":\"\xe9\"}]", "not-utf8 -1 X.js:2");
     file("\xef\xbb\xbf[\r\n{\"id\":1,\"name\":\"\xc3\xa9\xef\xbf\xbd\"}]", "");
 
+    file("[\n{\"id\":1,\"prohibited\":true}]", "no-step -1 X.js:0");
+
     const auto hints = [](const char *name, const char *first, const char *second, const char *found) {
         Hints firsts = kFirst;
         Hints seconds = kSecond;
@@ -192,8 +194,9 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     hints("blank", " ", " ", "");
     hints("same words", "the same", "the same", "hint-same 2 en_US.ts:6");
     hints("same letters", "同", "同", "hint-same 2 en_US.ts:6");
-    hints("same name", "Ctrl+S", "Ctrl+S", "");
-    hints("same numbers", "1 + 1", "1 + 1", "");
+    hints("same keys", "Ctrl + S", "Ctrl + S", "");
+    hints("same name", "Side View", "Side View", "");
+    hints("same number", "10 mm", "10 mm", "");
     hints("stale", "a", "?b", "hint-stale 2 en_US.ts:6");
     hints("unfinished without words", "a", "?", "hint-missing 2 en_US.ts:6");
     hints("unfinished key", "a", "?#2", "hint-missing 2 en_US.ts:6");
@@ -319,7 +322,11 @@ void tst_TutorialCheck::programTellsAndEnds()
     QCOMPARE(run({ english, file, QStringLiteral("missing.js") }, 2).count("icon-unknown"), 1);
     QCOMPARE(run({ english }, 2), QByteArray());
     QCOMPARE(run({ QStringLiteral("--language=fr"), file }, 2), QByteArray());
-    QCOMPARE(run({ english, QStringLiteral("--map=./qml/Tutorial/X.js"), file }, 2), QByteArray());
+    QCOMPARE(run({ english, QStringLiteral("--map=translations/en_US.ts"), file }, 2), QByteArray());
+    const QByteArray hostile = tutorial("\"icon\":\"\\u001b[31m\\r\\u2028\",");
+    write(hostile);
+    QVERIFY(run({ english, file }, 1).contains("\" [31m  \""));
+    write(scenario);
     QVERIFY(run({ QStringLiteral("--help") }, 0).contains("--translations"));
     writeAll(path(QStringLiteral("translations/en_US.ts")), "<TS>\n<context>\n</TS>");
     QCOMPARE(run({ english, file }, 1).left(55), QByteArray("translations/en_US.ts:3: error: The translations can't "));

@@ -99,7 +99,8 @@ int run(const CheckOptions &options)
         } else if (options.walk) {
             print(file + QLatin1String(":\n") + WalkReport::text(graph, walk).trimmed());
         }
-        if (options.map.isEmpty())
+        // What can't be read must not draw over a good map.
+        if (options.map.isEmpty() || graph.steps().isEmpty())
             continue;
         const QString error = draw(tutorial, graph, walk, problems, QFileInfo(file).completeBaseName(), options.map);
         if (!error.isEmpty()) {
@@ -141,5 +142,9 @@ int main(int argc, char **argv)
     QTranslator translator;
     if (translator.load(options.locale, QStringLiteral(":/translations")))
         QCoreApplication::installTranslator(&translator);
-    return run(options);
+    const int result = run(options);
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return result;
+    std::fputs("trelvane-check: the output can't be written.\n", stderr);
+    return kUnreadable;
 }
