@@ -23,7 +23,8 @@ const sharedFloors = {
     document: {
         translate: "floorCopyBytes",
         write: "floorCopyBytes",
-        keepCopy: "floorCopyBytes",
+        keepCopy: "floorReadTree",
+        keepCopyAndWrite: "floorCopyBytes",
         send: "floorCopyBytes",
         addItem: "floorReadRecords",
         undoOfAdd: "floorCopyRecordList",

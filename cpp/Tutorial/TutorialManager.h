@@ -114,7 +114,7 @@ public:
     QString project() const override;
     bool isKeepable() const override;
     bool isModified() const override { return mModified; }
-    RecoveryCopy unsavedWork(const QList<TypedValue> &typed) const override;
+    UnsavedWork unsavedWork(const QList<TypedValue> &typed) const override;
     TutorialState storedState(const QString &path) const override;
     bool takeUp(const RecoveryCopy &copy) override;
 

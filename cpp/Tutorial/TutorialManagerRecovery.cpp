@@ -11,14 +11,40 @@
 
 #include <QFileInfo>
 
+using Document = TreeDataTemplate<TutorialItemData>;
+
 namespace
 {
+TreeItem<TutorialItemData> copyOf(const TreeItem<TutorialItemData> &item)
+{
+    TreeItem<TutorialItemData> copy(item.mId, item.mFolder);
+    copy.mChildren.reserve(item.mChildren.size());
+    for (const TreeItem<TutorialItemData> &child : item.mChildren)
+        copy.mChildren.append(copyOf(child));
+    return copy;
+}
+
+/// A document that shares nothing but its texts' characters, which are never changed in place: another thread may have
+/// it.
+std::shared_ptr<Document> copyOf(const Document &document)
+{
+    std::shared_ptr<Document> copy(new Document, [](Document *own) {
+        qDeleteAll(own->mDataList);
+        delete own;
+    });
+    copy->mRoot = copyOf(document.mRoot);
+    copy->mDataList.reserve(document.mDataList.size());
+    for (const TutorialItemData *record : document.mDataList)
+        copy->mDataList.append(new TutorialItemData(*record));
+    return copy;
+}
+
 /// The array as a save writes it, but with the hints in place of their translation calls.
-QString arrayOf(const TreeDataTemplate<TutorialItemData> &document)
+QString arrayOf(const Document &document)
 {
     // Not by way of the whole scenario, which goes into the log.
     QString array;
-    TutorialEditor::Manager::instance()->getJsonText(0, document.mRoot, document, array, false);
+    TutorialEditor::Manager::getJsonText(0, document.mRoot, document, array, false);
     return array;
 }
 } // namespace
@@ -38,35 +64,33 @@ bool TutorialManager::isKeepable() const
     return mEditorManager->isSaveable() && !mEditorManager->mFilename.isEmpty();
 }
 
-RecoveryCopy TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
+UnsavedWork TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
 {
-    // Past the history, and back again.
-    struct Former
-    {
-        const TutorialItemField *field;
-        TutorialItemData *record;
-        QVariant value;
-    };
-    std::vector<Former> formers;
+    const std::shared_ptr<Document> document = copyOf(mEditorManager->mData);
     for (const TypedValue &value : typed) {
         const TutorialItemField *field = TutorialItemField::find(value.field);
-        TutorialItemData *record = mEditorManager->mData.getData(value.itemId);
-        if (!field || !record || !ScenarioText::findUnreadable(value.value.toString()).isEmpty())
-            continue;
-        formers.push_back({ field, record, field->read(*record) });
-        field->write(*record, value.value);
+        TutorialItemData *record = document->mDataList.value(mEditorManager->mData.getDataIndex(value.itemId));
+        if (field && record && ScenarioText::findUnreadable(value.value.toString()).isEmpty())
+            field->write(*record, value.value);
     }
     RecoveryCopy copy;
     copy.path = QFileInfo(mEditorManager->mFilename).absoluteFilePath();
-    copy.state.array = arrayOf(mEditorManager->mData);
-    copy.state.hints = mTranslation->hints();
     copy.loadedHints = mTranslation->loadedHints();
-    copy.stale = mTranslation->staleKeys();
     copy.fileHash = mEditorManager->fileHash();
     copy.leftOut = mEditorManager->leftOut();
-    for (const Former &former : formers)
-        former.field->write(*former.record, former.value);
-    return copy;
+    return [document, copy, hints = mTranslation->hintsOfItems(), stale = mTranslation->staleHints(),
+            staleLocale = mTranslation->staleLocale()] {
+        RecoveryCopy whole = copy;
+        whole.state.array = arrayOf(*document);
+        for (auto language = hints.cbegin(); language != hints.cend(); ++language)
+            whole.state.hints.insert(language.key(), HintMerge::hints(*document, language.value()));
+        StaleHints known = stale;
+        known.follow(*document);
+        QSet<QString> &keys = whole.stale[staleLocale];
+        for (const int id : known.staleIds(*document))
+            keys.insert(StaleHints::key(id));
+        return whole;
+    };
 }
 
 TutorialState TutorialManager::storedState(const QString &path) const
@@ -82,7 +106,7 @@ TutorialState TutorialManager::storedState(const QString &path) const
     const QString array = TranslatableText::applyToScenario(
         ScenarioReader::arrayOf(ScenarioReader::decoded(bytes)), name,
         [&messages](const QString &, const QString &source) { return messages.value(source, source); }, errors);
-    TreeDataTemplate<TutorialItemData> document;
+    Document document;
     QStringList leftOut;
     // A new tutorial's file may be missing or blank.
     if (!array.isEmpty())

@@ -35,8 +35,8 @@ public:
     QString getScenario(bool forSaving) const;
 
     /// Appends the array of the item's children to the text.
-    void getJsonText(int level, const TreeItem<TutorialItemData> &item, const TreeDataTemplate<TutorialItemData> &data,
-                     QString &text, bool forSaving) const;
+    static void getJsonText(int level, const TreeItem<TutorialItemData> &item,
+                            const TreeDataTemplate<TutorialItemData> &data, QString &text, bool forSaving);
 
     /// Stores the scenario in its file. The result is empty on success, else a translated message;
     /// the document then still counts as modified.

@@ -38,7 +38,7 @@ void appendFields(QString &text, const TutorialItemData &record, bool ofStep, bo
 namespace TutorialEditor
 {
 void Manager::getJsonText(int level, const TreeItem<TutorialItemData> &item,
-                          const TreeDataTemplate<TutorialItemData> &data, QString &text, bool forSaving) const
+                          const TreeDataTemplate<TutorialItemData> &data, QString &text, bool forSaving)
 {
     const QString indent(4 * (level + 1), QLatin1Char(' '));
     text += QLatin1String("[\n");

@@ -160,7 +160,7 @@ void tst_HintTranslation::standsInTheFile()
     edit(1, "hint", "aa");
     // Nor does it get lost with the process.
     RecoveryCopy copy;
-    QVERIFY(copy.read(mManager->unsavedWork({}).toBytes()));
+    QVERIFY(copy.read(mManager->unsavedWork({})().toBytes()));
     QCOMPARE(mManager->loadTutorial(kScenario), QString());
     QCOMPARE(stale(), QList<int>({ 2 }));
     QVERIFY(mManager->takeUp(copy));

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void cleanup();
     void differencesAreTold();
     void copyGoesWithTheChanges();
+    void copyIsOfItsMoment();
     void fileOfTheCopyIsLookedAt();
     void damagedCopyIsNotOffered();
     void twoProgramsKeepTheirOwn();
@@ -30,7 +31,7 @@ private:
     /// A file in the only folder.
     QString copyFile(const char *name = "copy.json") const
     {
-        return root().filePath(folders().value(0) + QLatin1Char('/') + QLatin1String(name));
+        return root().filePath(folders().value(0, QStringLiteral("none")) + QLatin1Char('/') + QLatin1String(name));
     }
     std::unique_ptr<RecoverySession> session()
     {
@@ -156,6 +157,20 @@ void tst_Recovery::copyGoesWithTheChanges()
     writer->manager().loadTutorial(RecoverySession::file());
     writer->set(1, "x", 4);
     QTRY_VERIFY(QFile::exists(copyFile()));
+}
+
+/// It is put together in another thread, while the writer goes on.
+void tst_Recovery::copyIsOfItsMoment()
+{
+    auto writer = begin();
+    const UnsavedWork work = writer->manager().unsavedWork({ { 4, QStringLiteral("condition"), QStringLiteral("a") } });
+    const QByteArray bytes = work().toBytes();
+    writer->edit([&] { writer->model().deleteIdList({ 2 }); });
+    writer->set(1, "hint", QStringLiteral("later"));
+    QCOMPARE(work().toBytes(), bytes);
+    writer->manager().unload();
+    writer.reset();
+    QCOMPARE(work().toBytes(), bytes);
 }
 
 void tst_Recovery::fileOfTheCopyIsLookedAt()

@@ -21,7 +21,8 @@ RecoveryKeeper::RecoveryKeeper(RecoveryContext *context, const QString &root, QO
 {
     mWriter->moveToThread(&mThread);
     connect(&mThread, &QThread::finished, mWriter, &QObject::deleteLater);
-    connect(this, &RecoveryKeeper::writeRequested, mWriter, &RecoveryWriter::write);
+    // Told, so that the type of the argument is known to the queue.
+    connect(this, &RecoveryKeeper::writeRequested, mWriter, &RecoveryWriter::write, Qt::QueuedConnection);
     connect(this, &RecoveryKeeper::removeRequested, mWriter, &RecoveryWriter::remove);
     connect(mWriter, &RecoveryWriter::written, this, &RecoveryKeeper::onWritten);
     mTimer.setSingleShot(true);
@@ -78,15 +79,13 @@ void RecoveryKeeper::write()
     }
     mDue = false;
     mSinceWrite.start();
-    const RecoveryCopy copy = mContext->unsavedWork(mTyped.values());
-    const QByteArray bytes = copy.toBytes();
-    mPause = qMax(kPause, mSinceWrite.elapsed() * kShare);
     mWriting = true;
-    Q_EMIT writeRequested(mContext->project(), copy.path, bytes);
+    Q_EMIT writeRequested(mContext->project(), mContext->unsavedWork(mTyped.values()));
 }
 
-void RecoveryKeeper::onWritten(bool success)
+void RecoveryKeeper::onWritten(bool success, qint64 milliseconds)
 {
+    mPause = qMax(kPause, milliseconds * kShare);
     mWriting = false;
     if (!success && !mFailing)
         Q_EMIT failed();

@@ -39,13 +39,13 @@ Q_SIGNALS:
     /// The first of several copies could not be written.
     void failed();
 
-    void writeRequested(const QString &project, const QString &path, const QByteArray &bytes);
+    void writeRequested(const QString &project, const UnsavedWork &work);
     void removeRequested();
 
 private:
     bool isNeeded() const;
     void write();
-    void onWritten(bool success);
+    void onWritten(bool success, qint64 milliseconds);
     void sync();
 
     RecoveryContext *mContext;

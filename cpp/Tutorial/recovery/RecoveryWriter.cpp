@@ -2,6 +2,8 @@
 
 #include "tool/DataSupport.h"
 
+#include <QElapsedTimer>
+
 void RecoveryWriter::adopt(std::unique_ptr<RecoveryFolder> folder, const QString &project, const QString &path)
 {
     remove();
@@ -10,14 +12,19 @@ void RecoveryWriter::adopt(std::unique_ptr<RecoveryFolder> folder, const QString
     mPath = path;
 }
 
-void RecoveryWriter::write(const QString &project, const QString &path, const QByteArray &bytes)
+void RecoveryWriter::write(const QString &project, const UnsavedWork &work)
 {
-    if (project != mProject || path != mPath)
+    QElapsedTimer timer;
+    timer.start();
+    const RecoveryCopy copy = work();
+    const QByteArray bytes = copy.toBytes();
+    const qint64 milliseconds = timer.elapsed();
+    if (project != mProject || copy.path != mPath)
         remove();
     if (!mFolder)
-        adopt(RecoveryFolder::create(mRoot, project, path), project, path);
+        adopt(RecoveryFolder::create(mRoot, project, copy.path), project, copy.path);
     // A larger one could not be read again.
-    Q_EMIT written(mFolder && bytes.size() <= DataSupport::kMostBytes && mFolder->write(bytes));
+    Q_EMIT written(mFolder && bytes.size() <= DataSupport::kMostBytes && mFolder->write(bytes), milliseconds);
 }
 
 void RecoveryWriter::remove()

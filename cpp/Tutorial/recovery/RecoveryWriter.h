@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Tutorial/recovery/RecoveryContext.h"
 #include "Tutorial/recovery/RecoveryFolder.h"
 
-#include <QByteArray>
 #include <QObject>
 
-/// Writes and removes the copy of this process. It lives in a thread of its own, so that nobody who types waits for the
-/// disk; what it is asked for is done in that order.
+/// Puts together, writes and removes the copy of this process. It lives in a thread of its own, so that nobody who
+/// types waits for it; what it is asked for is done in that order.
 class RecoveryWriter : public QObject
 {
     Q_OBJECT
@@ -19,13 +19,14 @@ public:
 
 public Q_SLOTS:
     /// Replaces the copy by that of a tutorial.
-    void write(const QString &project, const QString &path, const QByteArray &bytes);
+    void write(const QString &project, const UnsavedWork &work);
     void remove();
     /// Comes back when all that was asked for before is done.
     void sync() { }
 
 Q_SIGNALS:
-    void written(bool success);
+    /// With the time that it took to put the copy together.
+    void written(bool success, qint64 milliseconds);
 
 private:
     const QString mRoot;

@@ -35,7 +35,7 @@ HintMerge::Result HintMerge::merge(Document &document, Hint hint, const Translat
     return result;
 }
 
-TranslationSource::Messages HintMerge::hints(Document &document, Hint hint)
+TranslationSource::Messages HintMerge::hints(const Document &document, Hint hint)
 {
     TranslationSource::Messages hints;
     document.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {

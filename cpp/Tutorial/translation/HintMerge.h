@@ -31,7 +31,7 @@ Result merge(Document &document, Hint hint, const TranslationSource::Messages &b
              const TranslationSource::Messages &onDisk);
 
 /// The hints of all items.
-TranslationSource::Messages hints(Document &document, Hint hint);
+TranslationSource::Messages hints(const Document &document, Hint hint);
 
 /// Gives each item, and no folder, the hint that the source has for it.
 void readHints(Document &document, Hint hint, const TranslationSource::Messages &messages);

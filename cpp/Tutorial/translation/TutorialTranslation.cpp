@@ -150,10 +150,9 @@ void TutorialTranslation::endLoad(const Hints &hints, const Hints &loaded, const
     mStaleHints.begin(mDocument, stale.value(mLocale2, mLoadedStale.value(mLocale2)));
 }
 
-TutorialTranslation::Hints TutorialTranslation::hints() const
+QHash<QString, HintMerge::Hint> TutorialTranslation::hintsOfItems() const
 {
-    return { { mLocale, HintMerge::hints(mDocument, firstHint()) },
-             { mLocale2, HintMerge::hints(mDocument, secondHint()) } };
+    return { { mLocale, firstHint() }, { mLocale2, secondHint() } };
 }
 
 TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutorialName) const
@@ -192,14 +191,6 @@ QSet<int> TutorialTranslation::staleIds()
 {
     followDocument();
     return mStaleHints.staleIds(mDocument);
-}
-
-TutorialTranslation::StaleKeys TutorialTranslation::staleKeys()
-{
-    QSet<QString> keys;
-    for (const int id : staleIds())
-        keys.insert(StaleHints::key(id));
-    return { { mHintLocale == mLocale2 ? mLocale : mLocale2, keys } };
 }
 
 bool TutorialTranslation::confirmTranslation(int id)

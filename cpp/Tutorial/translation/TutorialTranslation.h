@@ -55,15 +55,17 @@ public:
     /// a language of now. `loaded` is what the files had said when they were read or saved, and `stale` are the keys of
     /// the stale translations.
     void endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale);
-    /// The hints of all items.
-    Hints hints() const;
+    /// Which hints of the items are those of a language, by locale.
+    QHash<QString, HintMerge::Hint> hintsOfItems() const;
     /// Learns what translations were made from, which has to be done after each change of the document.
     void followDocument();
     /// The same, once for all changes of a turn of the event loop.
     void scheduleFollowing();
     /// The items whose second hint was made from another first hint than that of now.
     QSet<int> staleIds();
-    StaleKeys staleKeys();
+    /// What is known of the second hints, up to the last following, and the language that they are of.
+    const StaleHints &staleHints() const { return mStaleHints; }
+    QString staleLocale() const { return mHintLocale == mLocale2 ? mLocale : mLocale2; }
     /// The second hint of the item suits the first one of now. False if it did so before.
     bool confirmTranslation(int id);
     /// The second hint of the item was made from that first one.
