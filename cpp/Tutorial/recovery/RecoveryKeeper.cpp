@@ -33,6 +33,8 @@ RecoveryKeeper::RecoveryKeeper(RecoveryContext *context, const QString &root, QO
 
 RecoveryKeeper::~RecoveryKeeper()
 {
+    // A thread that is told to quit leaves undone what it was asked for.
+    sync();
     mThread.quit();
     mThread.wait();
 }
