@@ -61,8 +61,11 @@ private:
 void tst_Recovery::initTestCase()
 {
     // The child of a test.
-    if (qEnvironmentVariableIsSet("KILLED_SEED"))
+    if (qEnvironmentVariableIsSet("KILLED_SEED")) {
+        // What it leaves goes with the folder of the test.
+        qputenv("TMPDIR", QFile::encodeName(QDir::currentPath()));
         std::_Exit(runKilledSession(qgetenv("KILLED_SEED").toUInt()));
+    }
 }
 
 void tst_Recovery::init()
