@@ -298,6 +298,14 @@ Change %2 to %1 ?</source>
             <translation>フォルダーではないため、この項目の中身は無視されます。"folder":true と書くか、中身を取り除いてください。</translation>
         </message>
         <message>
+            <source>"%1" stands twice, and the first one is left out: take one away.</source>
+            <translation>"%1" が二つあり、最初のものは無視されます。どちらかを取り除いてください。</translation>
+        </message>
+        <message>
+            <source>A folder has no "%1", so that it is left out: write it at its steps, or take it away.</source>
+            <translation>フォルダーに "%1" はないため無視されます。中の項目に書くか、取り除いてください。</translation>
+        </message>
+        <message>
             <source>A translation call can't be read (%1): write it as qsTr("#12"), with the id of its step.</source>
             <translation>翻訳の呼び出しが読めません（%1）。項目の ID を使って qsTr("#12") の形で書いてください。</translation>
         </message>

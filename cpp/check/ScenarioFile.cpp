@@ -111,7 +111,7 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
             addSyntaxError(array);
         return;
     }
-    addUnknownKeys();
+    addLostKeys();
     for (const Loss &loss : qAsConst(losses)) {
         Problem problem = problemOf(loss);
         if (problem.rule.isEmpty())
@@ -132,17 +132,36 @@ void ScenarioFile::addProblem(const char *rule, const QString &text, int line)
     mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Error, -1, QString(), text, mFilename, line });
 }
 
-void ScenarioFile::addUnknownKeys()
+void ScenarioFile::addItemProblem(const char *rule, const QString &text, const ScenarioLines::Item &item, int position,
+                                  const QString &key)
 {
-    for (const ScenarioLines::UnknownKey &unknown : mLines.unknownKeys()) {
-        const int id = mLines.idOf(unknown.item);
-        const TutorialItemData *record = mDocument.getData(id);
-        mProblems.append({ QStringLiteral("key-unknown"), Problem::Severity::Error, id,
-                           record ? record->mName : QString(),
-                           TutorialCheck::tr("No entry is called \"%1\", so that it is left out: correct its name, or "
-                                             "take it away.")
-                               .arg(unknown.key),
-                           mFilename, mLines.lineInArray(unknown.position) });
+    const TutorialItemData *record = mDocument.getData(item.id);
+    mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Error, item.id, record ? record->mName : QString(),
+                       text, mFilename, mLines.lineInArray(position), key });
+}
+
+void ScenarioFile::addLostKeys()
+{
+    for (const ScenarioLines::LostKey &lost : mLines.lostKeys()) {
+        const ScenarioLines::Item &item = mLines.items().at(lost.item);
+        const auto add = [&](const char *rule, const QString &text) {
+            addItemProblem(rule, text.arg(lost.key), item, lost.position, QString());
+        };
+        switch (lost.kind) {
+        case ScenarioLines::LostKey::Kind::Unknown:
+            add("key-unknown",
+                TutorialCheck::tr("No entry is called \"%1\", so that it is left out: correct its name, or "
+                                  "take it away."));
+            break;
+        case ScenarioLines::LostKey::Kind::Twice:
+            add("key-twice", TutorialCheck::tr("\"%1\" stands twice, and the first one is left out: take one away."));
+            break;
+        case ScenarioLines::LostKey::Kind::OfStep:
+            add("key-unknown",
+                TutorialCheck::tr("A folder has no \"%1\", so that it is left out: write it at its steps, or take it "
+                                  "away."));
+            break;
+        }
     }
 }
 

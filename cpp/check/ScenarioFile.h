@@ -32,7 +32,9 @@ private:
     Q_DISABLE_COPY(ScenarioFile)
 
     void addProblem(const char *rule, const QString &text, int line);
-    void addUnknownKeys();
+    void addItemProblem(const char *rule, const QString &text, const ScenarioLines::Item &item, int position,
+                        const QString &key);
+    void addLostKeys();
     void addSyntaxError(const QString &array);
 
     QString mFilename;

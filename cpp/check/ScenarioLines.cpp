@@ -5,17 +5,36 @@
 #include <QJsonValue>
 
 #include <algorithm>
+#include <vector>
 
 namespace
 {
-bool isKnown(const QStringRef &key)
+using Owner = TutorialItemField::Owner;
+
+// Each item in a list takes two levels, of which the reader refuses more than these.
+constexpr int kMaximumDepth = 1024;
+
+struct KnownKey
 {
-    const auto &fields = TutorialItemField::all();
-    return key == QLatin1String("folder") || key == QLatin1String("children")
-        || std::any_of(fields.begin(), fields.end(), [&key](const TutorialItemField &field) {
-               return field.form != TutorialItemField::Form::Nowhere
-                   && (key == field.name || (!field.olderName.isEmpty() && key == field.olderName));
-           });
+    QString name;
+    Owner owner;
+};
+
+const std::vector<KnownKey> &knownKeys()
+{
+    static const std::vector<KnownKey> keys = [] {
+        std::vector<KnownKey> known{ { QStringLiteral("folder"), Owner::Item },
+                                     { QStringLiteral("children"), Owner::Item } };
+        for (const TutorialItemField &field : TutorialItemField::all()) {
+            if (field.form == TutorialItemField::Form::Nowhere)
+                continue;
+            known.push_back({ field.name, field.owner });
+            if (!field.olderName.isEmpty())
+                known.push_back({ field.olderName, field.owner });
+        }
+        return known;
+    }();
+    return keys;
 }
 } // namespace
 
@@ -28,6 +47,8 @@ ScenarioLines::ScenarioLines(const QString &script, const QString &array, const 
         if (at(mItems.at(i).position) == QLatin1Char('{'))
             mItemsById[mItems.at(i).id].append(i);
     }
+    std::stable_sort(mLostKeys.begin(), mLostKeys.end(),
+                     [](const LostKey &one, const LostKey &other) { return one.position < other.position; });
 }
 
 void ScenarioLines::scanElements()
@@ -42,7 +63,7 @@ void ScenarioLines::scanElements()
         if (at(position) == QLatin1Char(']'))
             return;
         mElements.append(mItems.size());
-        scanItem(position);
+        scanItem(position, 1);
         skipSpace(position);
         if (at(position) != QLatin1Char(','))
             return;
@@ -87,44 +108,72 @@ int ScenarioLines::lineOfItem(int item, const QString &key) const
     return line;
 }
 
-void ScenarioLines::scanItem(int &position)
+void ScenarioLines::scanItem(int &position, int depth)
 {
     const int index = mItems.size();
     Item item;
     item.position = position;
     mItems.append(item);
-    if (at(position) != QLatin1Char('{')) {
+    if (at(position) != QLatin1Char('{') || depth > kMaximumDepth) {
         skipValue(position);
         return;
     }
     ++position;
+    const std::vector<KnownKey> &known = knownKeys();
+    quint64 seen = 0;
+    bool isFolder = false;
+    QVector<LostKey> stepKeys;
     QStringRef key;
     for (int value = nextValue(position, key); value >= 0; value = nextValue(position, key)) {
+        const auto found =
+            std::find_if(known.begin(), known.end(), [&key](const KnownKey &each) { return each.name == key; });
+        if (found == known.end()) {
+            mLostKeys.append({ LostKey::Kind::Unknown, key.toString(), value, index });
+            skipValue(position);
+            continue;
+        }
+        const quint64 bit = quint64(1) << (found - known.begin());
+        if (seen & bit)
+            mLostKeys.append({ LostKey::Kind::Twice, found->name, value, index });
+        seen |= bit;
         // Of two values of one key the last one counts.
         if (key == QLatin1String("children")) {
             if (mItems.at(index).childrenBegin >= 0)
                 forgetItemsAfter(index);
-            scanItems(position);
+            scanItems(position, depth);
             mItems[index].childrenBegin = value;
             mItems[index].childrenEnd = position;
             continue;
         }
-        if (!isKnown(key))
-            mUnknownKeys.append({ key.toString(), value, index });
         skipValue(position);
-        if (key == QLatin1String("id"))
-            mItems[index].id = QJsonValue(mArray.midRef(value, position - value).toDouble()).toInt();
+        const QStringRef text = mArray.midRef(value, position - value);
+        const bool isTrue = text.trimmed() == QLatin1String("true");
+        if (key == QLatin1String("id")) {
+            mItems[index].id = QJsonValue(text.toDouble()).toInt();
+            mItems[index].hasId = true;
+        } else if (key == QLatin1String("folder")) {
+            isFolder = isTrue;
+        } else if (key == QLatin1String("hint")) {
+            mItems[index].hint = value;
+        }
+        // A folder that is not prohibited is what one without the key is.
+        if (found->owner == Owner::Step || (found->owner == Owner::StepOrOlderFolder && isTrue))
+            stepKeys.append({ LostKey::Kind::OfStep, found->name, value, index });
+    }
+    if (isFolder) {
+        mItems[index].hint = -1;
+        mLostKeys += stepKeys;
     }
 }
 
 void ScenarioLines::forgetItemsAfter(int item)
 {
     mItems.resize(item + 1);
-    const auto isAfter = [item](const UnknownKey &key) { return key.item > item; };
-    mUnknownKeys.erase(std::remove_if(mUnknownKeys.begin(), mUnknownKeys.end(), isAfter), mUnknownKeys.end());
+    const auto isAfter = [item](const LostKey &key) { return key.item > item; };
+    mLostKeys.erase(std::remove_if(mLostKeys.begin(), mLostKeys.end(), isAfter), mLostKeys.end());
 }
 
-void ScenarioLines::scanItems(int &position)
+void ScenarioLines::scanItems(int &position, int depth)
 {
     if (at(position) != QLatin1Char('[')) {
         skipValue(position);
@@ -135,7 +184,7 @@ void ScenarioLines::scanItems(int &position)
         skipSpace(position);
         if (position >= mArray.size() || at(position) == QLatin1Char(']'))
             break;
-        scanItem(position);
+        scanItem(position, depth + 1);
         skipSpace(position);
         if (at(position) != QLatin1Char(','))
             break;

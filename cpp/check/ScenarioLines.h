@@ -11,12 +11,29 @@
 class ScenarioLines
 {
 public:
-    /// A key of an item that no field has, with the position of its value in the array.
-    struct UnknownKey
+    /// A key of an item that is left out, with the position of its value in the array.
+    struct LostKey
     {
+        enum class Kind {
+            Unknown, ///< no field has it
+            Twice, ///< the item has it before, too
+            OfStep, ///< the item is a folder
+        };
+        Kind kind;
         QString key;
         int position;
         int item; ///< number of the item in the order of the file
+    };
+
+    struct Item
+    {
+        int position = 0; ///< in the array
+        int id = 0; ///< as the reader has it for an item without one
+        bool hasId = false;
+        int hint = -1; ///< position of a step's hint in the array, -1 where it has none
+        // The list of its children, so that it needs not be walked again for what stands after it.
+        int childrenBegin = -1;
+        int childrenEnd = -1;
     };
 
     ScenarioLines() = default;
@@ -32,25 +49,18 @@ public:
     /// The line of an item by its place: the number of its element at the top and that of the items before it in there;
     /// with a key that of its value. 0 for a place that is not there.
     int lineOfPlace(int element, int item, const QString &key = QString()) const;
+    /// The position in the script of one in the array.
+    int inScript(int position) const { return mMap.original(position); }
     /// In the order of the file.
-    const QVector<UnknownKey> &unknownKeys() const { return mUnknownKeys; }
-    /// The id of an item by its number in the order of the file.
-    int idOf(int item) const { return mItems.at(item).id; }
+    const QVector<LostKey> &lostKeys() const { return mLostKeys; }
+    /// All elements that stand where items do, in the order of the file.
+    const QVector<Item> &items() const { return mItems; }
 
 private:
-    struct Item
-    {
-        int position = 0; // in the array
-        int id = 0; // as the reader has it for an item without one
-        // The list of its children, so that it needs not be walked again for what stands after it.
-        int childrenBegin = -1;
-        int childrenEnd = -1;
-    };
-
     int lineOfItem(int item, const QString &key) const;
     void scanElements();
-    void scanItems(int &position);
-    void scanItem(int &position);
+    void scanItems(int &position, int depth);
+    void scanItem(int &position, int depth);
     void forgetItemsAfter(int item);
     /// To the end of a value, or of the text.
     void skipValue(int &position) const;
@@ -64,7 +74,7 @@ private:
     TextMap mMap;
     QVector<int> mLineFeeds; // of the script
     QVector<int> mElements; // indexes into mItems
-    QVector<Item> mItems; // in the order of the file
+    QVector<Item> mItems;
     QHash<int, QVector<int>> mItemsById; // indexes into mItems
-    QVector<UnknownKey> mUnknownKeys;
+    QVector<LostKey> mLostKeys;
 };

@@ -140,7 +140,7 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\"x\":-9999,\"y\":-9999,", "");
     step("\"x\":0,\"y\":-16385,", "place-outside 2 X.js:3");
     step("\"x\":16384,\"y\":-16384,", "");
-    step("\"name\":\"a\",", "name-twice 2 X.js:3");
+    step("\n\"name\":\"a\",", "key-twice 2 X.js:4, name-twice 2 X.js:4");
     step("\"windowKey\":\"a\\u005d;\",", "text-unreadable 2 X.js:3");
     step("\"command\":\"qsTr\\u0028\",", "text-unreadable 2 X.js:3");
     step("\"condition\":\"a \\u002f* b\",", "text-unreadable 2 X.js:3");
@@ -152,8 +152,8 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\"followWindow\":\"a\",", "");
     step("\"command\":\"\\\"}\",\n\"showArrow\":\"\",", "value-left-out 2 X.js:4");
     step("\"folder\":true,\"children\":[{\"id\":8}],\n\"children\":[{\"id\":9,\"prohibited\":true,\n\"x\":\"\"}],",
-         "value-left-out 9 X.js:5");
-    step("\"children\":[{\"a\":1,\"id\":8},{\"id\":9}],\n\"children\":[],", "");
+         "key-twice 2 X.js:4, key-unknown 2 X.js:5, value-left-out 9 X.js:5");
+    step("\"children\":[{\"a\":1,\"id\":8},{\"id\":9}],\n\"children\":[],", "key-twice 2 X.js:4");
     step("\n\"children\":[\n{\"id\":9}],", "children-of-step 2 X.js:4");
     step("\n\"children\":[{\"id\":9},\n7],", "item-unreadable 2 X.js:5");
     step("/* 1\n2 */\n// 3\n\t// {\n\"jump\":/*\n*/99,\n", "jump-missing 2 X.js:8");
@@ -176,6 +176,13 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     file("\xef\xbb\xbf[\r\n{\"id\":1,\"name\":\"\xc3\xa9\xef\xbf\xbd\"}]", "");
 
     file("[\n{\"id\":1,\"prohibited\":true}]", "no-step -1 X.js:0");
+    // Too deep for the reader.
+    QTest::newRow("deep") << QByteArray("[") + QByteArray("{\"id\":1,\"folder\":true,\"children\":[").repeated(100000)
+                          << Hints() << Hints() << QStringLiteral("syntax -1 X.js:1");
+    // What a folder can't have, of which a later "folder" decides.
+    file("[\n{\"id\":1,\"prohibited\":true,\n\"folder\":true,\"children\":[\n{\"id\":2,\"a\":1}],\n\"x\":4}]",
+         "key-unknown 1 X.js:2, key-unknown 2 X.js:4, key-unknown 1 X.js:5");
+    file("[{\"id\":1,\"folder\":true,\"prohibited\":false,\"children\":[{\"id\":2,\"x\":1,\"y\":1}]}]", "");
 
     const auto hints = [](const char *name, const char *first, const char *second, const char *found) {
         Hints firsts = kFirst;
@@ -289,7 +296,7 @@ void tst_TutorialCheck::programTellsAndEnds()
     write(tutorial(""));
     QCOMPARE(run({ english, file }, 0), QByteArray());
     // A remark is no reason to stop a build.
-    write(tutorial("\"name\":\"a\","));
+    write(tutorial("").replace("\"b\"", "\"a\""));
     QCOMPARE(run({ english, file }, 0),
              QByteArray("qml/Tutorial/X.js:3: remark: a (#2): #1 has the same name: give one of them another. "
                         "[name-twice]\n"));
