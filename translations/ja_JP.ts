@@ -306,6 +306,14 @@ Change %2 to %1 ?</source>
             <translation>フォルダーに "%1" はないため無視されます。中の項目に書くか、取り除いてください。</translation>
         </message>
         <message>
+            <source>A text</source>
+            <translation>文字列</translation>
+        </message>
+        <message>
+            <source>The hint is that of #%1: write qsTr("#%2").</source>
+            <translation>#%1 のヒントになっています。qsTr("#%2") と書いてください。</translation>
+        </message>
+        <message>
             <source>A translation call can't be read (%1): write it as qsTr("#12"), with the id of its step.</source>
             <translation>翻訳の呼び出しが読めません（%1）。項目の ID を使って qsTr("#12") の形で書いてください。</translation>
         </message>

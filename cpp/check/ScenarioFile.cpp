@@ -1,10 +1,13 @@
 #include "check/ScenarioFile.h"
 
+#include "check/SwallowedText.h"
 #include "check/TutorialCheck.h"
 #include "tool/DataSupport.h"
+#include "Tutorial/translation/StaleHints.h"
 #include "TutorialEditor/ScenarioReader.h"
 
 #include <QJsonDocument>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -103,15 +106,17 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
                        .arg(failure.message.trimmed()),
                    mLines.lineAt(failure.position));
     }
+    const int swallowed = addSwallowedTexts(script);
     QStringList leftOut;
     QVector<Loss> losses;
     if (!ScenarioReader::read(array, mDocument, leftOut, &losses)) {
         // A call that can't be read is none that JSON knows.
         if (failures.isEmpty())
-            addSyntaxError(array);
+            addSyntaxError(array, swallowed);
         return;
     }
     addLostKeys();
+    addHintKeys(script);
     for (const Loss &loss : qAsConst(losses)) {
         Problem problem = problemOf(loss);
         if (problem.rule.isEmpty())
@@ -165,7 +170,39 @@ void ScenarioFile::addLostKeys()
     }
 }
 
-void ScenarioFile::addSyntaxError(const QString &array)
+void ScenarioFile::addHintKeys(const QString &script)
+{
+    // As it stands in the file: a translation hides the key.
+    static const QRegularExpression expression(QStringLiteral("(?:qsTr\\()?\"#(\\d+)\""));
+    for (const ScenarioLines::Item &item : mLines.items()) {
+        if (item.hint < 0)
+            continue;
+        const QRegularExpressionMatch match =
+            expression.match(script, mLines.inScript(item.hint), QRegularExpression::NormalMatch,
+                             QRegularExpression::AnchoredMatchOption);
+        if (!match.hasMatch() || StaleHints::key(item.id).midRef(1) == match.capturedRef(1))
+            continue;
+        addItemProblem(
+            "hint-key",
+            TutorialCheck::tr("The hint is that of #%1: write qsTr(\"#%2\").").arg(match.captured(1)).arg(item.id),
+            item, item.hint, QStringLiteral("hint"));
+    }
+}
+
+int ScenarioFile::addSwallowedTexts(const QString &script)
+{
+    const QVector<SwallowedText::Place> places = SwallowedText::find(script);
+    for (const SwallowedText::Place &place : places) {
+        addProblem(
+            "text-unreadable",
+            TutorialCheck::tr("%1 holds \"%2\", with which the saved file could not be read again: write it without.")
+                .arg(TutorialCheck::tr("A text"), place.part),
+            mLines.lineAt(place.position));
+    }
+    return places.isEmpty() ? script.size() : places.first().position;
+}
+
+void ScenarioFile::addSyntaxError(const QString &array, int swallowed)
 {
     const QByteArray json = array.toUtf8();
     QJsonParseError error;
@@ -178,8 +215,12 @@ void ScenarioFile::addSyntaxError(const QString &array)
         return;
     }
     const int position = QString::fromUtf8(json.constData(), qBound(0, error.offset, json.size())).size();
+    const int place = qMin(position, qMax(0, array.size() - 1));
+    // That may come of what was swallowed.
+    if (mLines.inScript(place) > swallowed)
+        return;
     addProblem("syntax",
                TutorialCheck::tr("The file can't be read from here on (%1): mend what stands here, or just before.")
                    .arg(error.errorString()),
-               mLines.lineInArray(qMin(position, qMax(0, array.size() - 1))));
+               mLines.lineInArray(place));
 }

@@ -35,7 +35,10 @@ private:
     void addItemProblem(const char *rule, const QString &text, const ScenarioLines::Item &item, int position,
                         const QString &key);
     void addLostKeys();
-    void addSyntaxError(const QString &array);
+    void addHintKeys(const QString &script);
+    /// Where the first of them stands in the script, or its end.
+    int addSwallowedTexts(const QString &script);
+    void addSyntaxError(const QString &array, int swallowed);
 
     QString mFilename;
     QVector<Problem> mProblems;

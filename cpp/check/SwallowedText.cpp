@@ -1,0 +1,95 @@
+#include "check/SwallowedText.h"
+
+namespace
+{
+const QLatin1String kOpening("/*");
+const QLatin1String kClosing("*/");
+const QLatin1String kListEnd("];");
+
+/// After the quote that ends the string, in the same line; -1 where there is none, so that a quote that is missing
+/// turns only its own line inside out.
+int endOfString(const QString &script, int begin)
+{
+    for (int i = begin + 1; i < script.size() && script.at(i) != QLatin1Char('\n'); ++i) {
+        if (script.at(i) == QLatin1Char('"'))
+            return i + 1;
+        if (script.at(i) == QLatin1Char('\\'))
+            ++i;
+    }
+    return -1;
+}
+
+int nextLine(const QString &script, int position)
+{
+    const int lineFeed = script.indexOf(QLatin1Char('\n'), position);
+    return lineFeed < 0 ? script.size() : lineFeed;
+}
+
+class Scan
+{
+public:
+    explicit Scan(const QString &script) : mScript(script), mLastClosing(script.lastIndexOf(kClosing)) { }
+
+    QVector<SwallowedText::Place> run()
+    {
+        bool isBlank = true; // what stands in the line so far, comments apart
+        int position = 0;
+        while (position < mScript.size() && !standsAt(position, kListEnd)) {
+            const QChar character = mScript.at(position);
+            if (isClosedComment(position)) {
+                position = mScript.indexOf(kClosing, position + kOpening.size()) + kClosing.size();
+            } else if (isBlank && standsAt(position, QLatin1String("//"))) {
+                position = nextLine(mScript, position);
+            } else if (character == QLatin1Char('"')) {
+                isBlank = false;
+                position = scanString(position);
+            } else {
+                if (character == QLatin1Char('\n'))
+                    isBlank = true;
+                else if (character != QLatin1Char(' ') && character != QLatin1Char('\t'))
+                    isBlank = false;
+                ++position;
+            }
+        }
+        return mPlaces;
+    }
+
+private:
+    bool standsAt(int position, const QLatin1String &part) const
+    {
+        return mScript.midRef(position, part.size()) == part;
+    }
+    bool isClosedComment(int position) const
+    {
+        return position + kOpening.size() <= mLastClosing && standsAt(position, kOpening);
+    }
+
+    int scanString(int begin)
+    {
+        const int end = endOfString(mScript, begin);
+        if (end < 0)
+            return nextLine(mScript, begin);
+        for (int i = begin; i < end; ++i) {
+            if (!mHasComment && isClosedComment(i)) {
+                mHasComment = true;
+                mPlaces.append({ kOpening, i });
+            } else if (!mHasEnd && standsAt(i, kListEnd)) {
+                mHasEnd = true;
+                mPlaces.append({ kListEnd, i });
+            }
+        }
+        return end;
+    }
+
+    const QString &mScript;
+    const int mLastClosing;
+    QVector<SwallowedText::Place> mPlaces;
+    bool mHasComment = false;
+    bool mHasEnd = false;
+};
+} // namespace
+
+QVector<SwallowedText::Place> SwallowedText::find(const QString &script)
+{
+    return Scan(script).run();
+}
