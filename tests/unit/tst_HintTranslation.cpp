@@ -51,6 +51,7 @@ private Q_SLOTS:
     void standsInTheFile();
     void takesOverWhatOthersMarked();
     void goesToATranslatorAndBack();
+    void readsWhatToolsMake();
     void refusesOtherFiles();
 
 private:
@@ -234,6 +235,25 @@ void tst_HintTranslation::goesToATranslatorAndBack()
     mHistory->redo();
     QCOMPARE(stale(), QList<int>({ 3 }));
     QCOMPARE(saved(), source("1 AA &lt;b>\n\"|2 B|3 ?CC"));
+}
+
+void tst_HintTranslation::readsWhatToolsMake()
+{
+    load("1 A|2 B|3 C|4 ?");
+    const QString file = QStringLiteral("hints.xlf");
+    QCOMPARE(mManager->exportTranslation(file), QString());
+    QByteArray xliff = readAll(file);
+    // Sentences and codes in elements, elements and attributes of the tool's own, and a source in place of a target.
+    xliff.replace(">A</target>",
+                  "><mrk mtype=\"seg\">One.</mrk> <mrk mtype=\"seg\">Two.</mrk></target>"
+                  "<alt-trans><target>no</target></alt-trans><o:meta xmlns:o=\"urn:o\" o:a=\"1\">m</o:meta>");
+    xliff.replace(">B</target>", ">Press <g id=\"1\">O<bpt id=\"2\">&lt;b></bpt>K</g> now</target>");
+    xliff.replace(">C</target>", ">Press<x id=\"1\"/> now</target>");
+    xliff.insert(xliff.indexOf("</target>", xliff.indexOf("id=\"#4\"")), "d");
+    writeAll(file, xliff);
+    QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
+             QStringLiteral("Taken: 3\nNot translated: 1"));
+    QCOMPARE(hints(), QStringLiteral("One. Two. Press O<b>K now Press now #4"));
 }
 
 void tst_HintTranslation::refusesOtherFiles()

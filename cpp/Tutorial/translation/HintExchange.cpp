@@ -5,6 +5,7 @@
 #include "Tutorial/translation/StaleHints.h"
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/translation/TranslationXml.h"
+#include "Tutorial/translation/XliffText.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
@@ -72,6 +73,9 @@ HintExchange::Entry entryOf(const QDomElement &element)
     entry.source = TranslationXml::textOf(element.firstChildElement(QStringLiteral("source")));
     entry.translation = TranslationXml::textOf(translation);
     entry.finished = !translation.hasAttribute(kType);
+    // Tools begin with the source where there is no target.
+    if (!entry.finished && entry.translation == entry.source)
+        entry.translation.clear();
     entry.changed = key.section(QLatin1Char(' '), 1, 1) != markOf(entry.translation);
     return entry;
 }
@@ -107,9 +111,13 @@ QString HintExchange::read(const QString &path, const Header &header, QVector<En
     QByteArray bytes;
     if (!DataSupport::readFile(path, bytes))
         return message(QT_TRANSLATE_NOOP("TutorialManager", "Failed to read %1.")).arg(path);
-    if (!folder.isValid() || !DataSupport::writeFile(copy, bytes))
+    QByteArray simplified;
+    QString error = XliffText::simplify(bytes, simplified);
+    if (!error.isEmpty())
+        return message("The file can't be read as XLIFF.") + QLatin1Char('\n') + error;
+    if (!folder.isValid() || !DataSupport::writeFile(copy, simplified))
         return message("Failed to write %1.").arg(folder.path());
-    const QString error = Lconvert::convert(copy, QStringLiteral("xlf"), converted, QStringLiteral("ts"));
+    error = Lconvert::convert(copy, QStringLiteral("xlf"), converted, QStringLiteral("ts"));
     if (!error.isEmpty())
         return error;
     QDomDocument document;
