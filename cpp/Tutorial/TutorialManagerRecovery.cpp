@@ -66,6 +66,8 @@ bool TutorialManager::isKeepable() const
 
 UnsavedWork TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
 {
+    // What is being typed teaches nothing about what a translation was made from.
+    mTranslation->followIfDue();
     const std::shared_ptr<Document> document = copyOf(mEditorManager->mData);
     for (const TypedValue &value : typed) {
         const TutorialItemField *field = TutorialItemField::find(value.field);
@@ -84,10 +86,8 @@ UnsavedWork TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
         whole.state.array = arrayOf(*document);
         for (auto language = hints.cbegin(); language != hints.cend(); ++language)
             whole.state.hints.insert(language.key(), HintMerge::hints(*document, language.value()));
-        StaleHints known = stale;
-        known.follow(*document);
         QSet<QString> &keys = whole.stale[staleLocale];
-        for (const int id : known.staleIds(*document))
+        for (const int id : stale.staleIds(*document))
             keys.insert(StaleHints::key(id));
         return whole;
     };

@@ -1,7 +1,5 @@
 #include "Tutorial/translation/HintMerge.h"
 
-#include <QSet>
-
 namespace
 {
 QString hintKey(int id)
@@ -26,7 +24,7 @@ HintMerge::Result HintMerge::merge(Document &document, Hint hint, const Translat
         if (theirs != former && own == former) {
             // Past the history: this is no edit of the writer's.
             own = theirs;
-            result.taken = true;
+            result.taken.insert(key);
         } else if (theirs != former && own != theirs) {
             result.conflicts.append({ key, theirs });
         }

@@ -4,6 +4,7 @@
 #include "model/TutorialItemData.h"
 #include "Tutorial/translation/TranslationSource.h"
 
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -21,8 +22,8 @@ struct Result
     QVector<TranslationSource::Entry> entries;
     /// What others have written for a hint that was also edited here, and that is given up.
     QVector<TranslationSource::Entry> conflicts;
-    /// Whether an item has taken over what others have written.
-    bool taken = false;
+    /// The keys of the items that have taken over what others have written.
+    QSet<QString> taken;
 };
 
 /// Brings the items together with what the source on disk says now; `before` is what it said when the items were

@@ -54,8 +54,10 @@ bool StaleHints::isStale(const TutorialItemData &record) const
     const auto made = mMade.constFind(record.mId);
     if (made == mMade.constEnd() || isMissing(record.mId, record.mHint2))
         return false;
-    const Made &now = made->constLast();
-    return now.translation == record.mHint2 && !now.hints.contains(record.mHint);
+    // Mostly it is the last one.
+    const auto now = std::find_if(made->crbegin(), made->crend(),
+                                  [&](const Made &entry) { return entry.translation == record.mHint2; });
+    return now != made->crend() && !now->hints.contains(record.mHint);
 }
 
 QSet<int> StaleHints::staleIds(const Document &document) const

@@ -24,7 +24,7 @@ public:
     /// Looks at the items after a change: a translation that was not seen before stands for the hint beside it.
     void follow(const Document &document);
 
-    /// Neither an empty translation nor a key is stale: it is missing. The item must have been followed.
+    /// Neither an empty translation nor a key is stale: it is missing. Nor is one that was never followed.
     bool isStale(const TutorialItemData &record) const;
     QSet<int> staleIds(const Document &document) const;
     /// Lets the translation stand for the hint beside it, or for none.

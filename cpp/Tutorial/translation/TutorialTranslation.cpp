@@ -259,57 +259,69 @@ bool TutorialTranslation::write(const QString &locale, const QDomDocument &docum
 
 bool TutorialTranslation::feedbackTranslation()
 {
-    bool taken = false;
     followDocument();
-    const bool merged = feedback(mLocale, mTranslationDocument, firstHint(), taken)
-        && feedback(mLocale2, mTranslationDocument2, secondHint(), taken);
+    const bool refreshed = refresh(mLocale, mTranslationDocument) && refresh(mLocale2, mTranslationDocument2);
+    bool taken = false;
+    if (refreshed) {
+        const Feedback one = feedback(mLocale, mTranslationDocument, firstHint());
+        const Feedback other = feedback(mLocale2, mTranslationDocument2, secondHint());
+        const bool swapped = firstHint() == &TutorialItemData::mHint2;
+        const bool marked = mAuthoring && (swapped ? feedbackStale(other, one) : feedbackStale(one, other));
+        taken = marked || !one.taken.isEmpty() || !other.taken.isEmpty();
+    }
     updateDocumentTranslator();
     if (taken)
         Q_EMIT hintsTaken();
-    return merged;
+    return refreshed;
 }
 
-bool TutorialTranslation::feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken)
+bool TutorialTranslation::refresh(const QString &locale, QDomDocument &document)
 {
     const QString path = TranslationFile::path(locale, mAuthoring);
-    if (!TranslationFile::refresh(path, locale, document)) {
+    const bool refreshed = TranslationFile::refresh(path, locale, document);
+    if (!refreshed)
         Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__) << "Failed to save" << path;
-        return false;
-    }
-    const TranslationSource::Messages former = mLoadedHints.value(locale);
-    const Stored stored{ former, hintsOf(document), mLoadedStale.value(locale), staleKeysOf(document) };
-    const HintMerge::Result result = HintMerge::merge(mDocument, hint, former, stored.onDisk);
+    return refreshed;
+}
+
+TutorialTranslation::Feedback TutorialTranslation::feedback(const QString &locale, QDomDocument &document,
+                                                            HintMerge::Hint hint)
+{
+    const TranslationSource::Messages onDisk = hintsOf(document);
+    const HintMerge::Result result = HintMerge::merge(mDocument, hint, mLoadedHints.value(locale), onDisk);
     for (const TranslationSource::Entry &theirs : result.conflicts) {
         Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__)
             << "changed here and in the file" << locale << theirs.source << theirs.translation;
     }
+    const Feedback feedback{ onDisk, staleKeysOf(document), result.taken };
     TranslationSource::writeMessages(document, mTranslationContext, result.entries);
-    taken = taken || result.taken;
-    if (mAuthoring && hint == &TutorialItemData::mHint2 && feedbackStale(document, stored))
-        taken = true;
-    return true;
+    return feedback;
 }
 
-bool TutorialTranslation::feedbackStale(QDomDocument &document, const Stored &stored)
+bool TutorialTranslation::feedbackStale(const Feedback &first, const Feedback &second)
 {
     bool taken = false;
     QHash<QString, bool> marks;
-    mStaleHints.follow(mDocument);
+    const TranslationSource::Messages formerFirst = mLoadedHints.value(mHintLocale);
+    const QSet<QString> formerStale = mLoadedStale.value(staleLocale());
     for (const TutorialItemData *record : qAsConst(mDocument.mDataList)) {
         const QString key = StaleHints::key(record->mId);
+        const bool theirs = second.staleOnDisk.contains(key);
+        // They had the first hint of the file, which is not that of now where it was edited here.
+        if (second.taken.contains(key))
+            mStaleHints.setMadeFrom(*record, first.onDisk.value(key, formerFirst.value(key, key)));
         const bool own = mStaleHints.isStale(*record);
-        const bool theirs = stored.staleOnDisk.contains(key);
-        // As with the texts: what only others have changed is taken over, and so is the mark of a text of theirs.
-        const bool textTaken = stored.onDisk.value(key) != stored.former.value(key);
-        const bool markTaken = stored.formerStale.contains(key) == own;
-        if (own != theirs && record->mHint2 == stored.onDisk.value(key) && (textTaken || markTaken)) {
+        // As with the texts: what only others have changed is taken over, and so is the mark on a text of theirs.
+        const bool markTaken = second.taken.contains(key) ? theirs : formerStale.contains(key) == own;
+        if (own != theirs && record->mHint2 == second.onDisk.value(key) && markTaken) {
             mStaleHints.setStale(*record, theirs);
             taken = true;
         }
         if (!StaleHints::isMissing(record->mId, record->mHint2))
             marks.insert(key, mStaleHints.isStale(*record));
     }
-    TranslationSource::markStale(document, mTranslationContext, marks);
+    const bool swapped = firstHint() == &TutorialItemData::mHint2;
+    TranslationSource::markStale(swapped ? mTranslationDocument : mTranslationDocument2, mTranslationContext, marks);
     return taken;
 }
 

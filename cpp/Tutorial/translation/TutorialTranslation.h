@@ -61,6 +61,8 @@ public:
     void followDocument();
     /// The same, once for all changes of a turn of the event loop.
     void scheduleFollowing();
+    /// What was scheduled and not done yet.
+    Q_INVOKABLE void followIfDue();
     /// The items whose second hint was made from another first hint than that of now.
     QSet<int> staleIds();
     /// What is known of the second hints, up to the last following, and the language that they are of.
@@ -96,7 +98,6 @@ Q_SIGNALS:
 private:
     Q_DISABLE_COPY(TutorialTranslation)
 
-    Q_INVOKABLE void followIfDue();
     TranslatableText::Translate lookup() const;
     void updateLocale2(const QString &locale);
     void updateDocumentTranslator();
@@ -105,16 +106,17 @@ private:
     HintMerge::Hint secondHint() const;
     TranslationSource::Messages hintsOf(const QDomDocument &document) const;
     QSet<QString> staleKeysOf(const QDomDocument &document) const;
-    bool feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint, bool &taken);
-    /// What the file of the second hints says of an item, and how it was when it was read or saved.
-    struct Stored
+    bool refresh(const QString &locale, QDomDocument &document);
+    /// What the file of a language says before the hints of all items are handed to it, and which of them took that
+    /// over.
+    struct Feedback
     {
-        const TranslationSource::Messages &former;
-        const TranslationSource::Messages onDisk;
-        const QSet<QString> formerStale;
-        const QSet<QString> staleOnDisk;
+        TranslationSource::Messages onDisk;
+        QSet<QString> staleOnDisk;
+        QSet<QString> taken;
     };
-    bool feedbackStale(QDomDocument &document, const Stored &stored);
+    Feedback feedback(const QString &locale, QDomDocument &document, HintMerge::Hint hint);
+    bool feedbackStale(const Feedback &first, const Feedback &second);
     bool write(const QString &locale, const QDomDocument &document);
 
     const bool mAuthoring;
