@@ -314,6 +314,10 @@ Change %2 to %1 ?</source>
             <translation>#%1 のヒントになっています。qsTr("#%2") と書いてください。</translation>
         </message>
         <message>
+            <source>The id must be a whole number from 0 up: give the item one of its own.</source>
+            <translation>ID は 0 以上の整数でなければなりません。この項目だけの ID を付けてください。</translation>
+        </message>
+        <message>
             <source>A translation call can't be read (%1): write it as qsTr("#12"), with the id of its step.</source>
             <translation>翻訳の呼び出しが読めません（%1）。項目の ID を使って qsTr("#12") の形で書いてください。</translation>
         </message>

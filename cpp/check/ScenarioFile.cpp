@@ -38,6 +38,7 @@ Problem problemOf(const Loss &loss)
     Problem problem;
     problem.itemId = loss.id;
     problem.itemName = loss.name;
+    problem.key = loss.key;
     switch (loss.kind) {
     case Loss::Kind::Characters:
         problem.rule = QStringLiteral("not-utf8");
@@ -99,13 +100,8 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
         Problem problem = problemOf({ Loss::Kind::Characters });
         addProblem("not-utf8", problem.text, mLines.lineAt(script.indexOf(QChar::ReplacementCharacter)));
     }
-    for (const TranslatableText::Failure &failure : qAsConst(failures)) {
-        addProblem("translation-call",
-                   TutorialCheck::tr("A translation call can't be read (%1): write it as qsTr(\"#12\"), with the id of "
-                                     "its step.")
-                       .arg(failure.message.trimmed()),
-                   mLines.lineAt(failure.position));
-    }
+    for (const TranslatableText::Failure &failure : qAsConst(failures))
+        addTranslationCall(failure.message.trimmed(), failure.position);
     const int swallowed = addSwallowedTexts(script);
     QStringList leftOut;
     QVector<Loss> losses;
@@ -116,6 +112,7 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
         return;
     }
     addLostKeys();
+    addIds();
     addHintKeys(script);
     for (const Loss &loss : qAsConst(losses)) {
         Problem problem = problemOf(loss);
@@ -135,6 +132,15 @@ void ScenarioFile::readBytes(const QString &filename, const QByteArray &bytes,
 void ScenarioFile::addProblem(const char *rule, const QString &text, int line)
 {
     mProblems.append({ QString::fromLatin1(rule), Problem::Severity::Error, -1, QString(), text, mFilename, line });
+}
+
+void ScenarioFile::addTranslationCall(const QString &message, int position)
+{
+    addProblem("translation-call",
+               TutorialCheck::tr("A translation call can't be read (%1): write it as qsTr(\"#12\"), with the id of "
+                                 "its step.")
+                   .arg(message),
+               mLines.lineAt(position));
 }
 
 void ScenarioFile::addItemProblem(const char *rule, const QString &text, const ScenarioLines::Item &item, int position,
@@ -167,6 +173,17 @@ void ScenarioFile::addLostKeys()
                                   "away."));
             break;
         }
+    }
+}
+
+void ScenarioFile::addIds()
+{
+    for (const ScenarioLines::Item &item : mLines.items()) {
+        if (item.id >= 0 && !item.isIdMissing)
+            continue;
+        addItemProblem("id-invalid",
+                       TutorialCheck::tr("The id must be a whole number from 0 up: give the item one of its own."),
+                       item, item.position, QStringLiteral("id"));
     }
 }
 
@@ -207,11 +224,13 @@ void ScenarioFile::addSyntaxError(const QString &array, int swallowed)
     const QByteArray json = array.toUtf8();
     QJsonParseError error;
     QJsonDocument::fromJson(json, &error);
-    if (error.error == QJsonParseError::NoError) {
+    const auto isNoSpace = [](QChar character) { return !character.isSpace(); };
+    const auto first = std::find_if(array.begin(), array.end(), isNoSpace);
+    if (first == array.end() || *first != QLatin1Char('[')) {
         addProblem("no-list",
                    TutorialCheck::tr("The file holds no list of steps: write \"var scenario = [\" before them, "
                                      "and \"];\" after them."),
-                   mLines.lineInArray(0));
+                   mLines.lineInArray(first == array.end() ? 0 : int(first - array.begin())));
         return;
     }
     const int position = QString::fromUtf8(json.constData(), qBound(0, error.offset, json.size())).size();
@@ -219,6 +238,11 @@ void ScenarioFile::addSyntaxError(const QString &array, int swallowed)
     // That may come of what was swallowed.
     if (mLines.inScript(place) > swallowed)
         return;
+    const QString rest = array.mid(place, array.indexOf(QLatin1Char('\n'), place) - place);
+    if (rest.startsWith(QLatin1String("qsTr"))) {
+        addTranslationCall(rest.left(rest.indexOf(QLatin1Char(')')) + 1), mLines.inScript(place));
+        return;
+    }
     addProblem("syntax",
                TutorialCheck::tr("The file can't be read from here on (%1): mend what stands here, or just before.")
                    .arg(error.errorString()),

@@ -32,9 +32,12 @@ private:
     Q_DISABLE_COPY(ScenarioFile)
 
     void addProblem(const char *rule, const QString &text, int line);
+    /// The position is one in the script.
+    void addTranslationCall(const QString &message, int position);
     void addItemProblem(const char *rule, const QString &text, const ScenarioLines::Item &item, int position,
                         const QString &key);
     void addLostKeys();
+    void addIds();
     void addHintKeys(const QString &script);
     /// Where the first of them stands in the script, or its end.
     int addSwallowedTexts(const QString &script);

@@ -118,6 +118,7 @@ void ScenarioLines::scanItem(int &position, int depth)
         skipValue(position);
         return;
     }
+    mItems[index].isIdMissing = true;
     ++position;
     const std::vector<KnownKey> &known = knownKeys();
     quint64 seen = 0;
@@ -150,7 +151,7 @@ void ScenarioLines::scanItem(int &position, int depth)
         const bool isTrue = text.trimmed() == QLatin1String("true");
         if (key == QLatin1String("id")) {
             mItems[index].id = QJsonValue(text.toDouble()).toInt();
-            mItems[index].hasId = true;
+            mItems[index].isIdMissing = false;
         } else if (key == QLatin1String("folder")) {
             isFolder = isTrue;
         } else if (key == QLatin1String("hint")) {

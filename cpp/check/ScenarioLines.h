@@ -29,7 +29,7 @@ public:
     {
         int position = 0; ///< in the array
         int id = 0; ///< as the reader has it for an item without one
-        bool hasId = false;
+        bool isIdMissing = false;
         int hint = -1; ///< position of a step's hint in the array, -1 where it has none
         // The list of its children, so that it needs not be walked again for what stands after it.
         int childrenBegin = -1;

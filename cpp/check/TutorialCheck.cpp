@@ -16,6 +16,11 @@ namespace
 /// In the order of the tree. Items that share an id have one record, whose problems count once.
 QVector<Problem> sorted(QVector<Problem> problems, const TreeDataTemplate<TutorialItemData> &document)
 {
+    // An item whose id is invalid would pass for the tutorial as a whole.
+    if (document.getData(-1)) {
+        const auto isWhole = [](const Problem &problem) { return problem.itemId == -1; };
+        problems.erase(std::remove_if(problems.begin(), problems.end(), isWhole), problems.end());
+    }
     if (problems.size() < 2)
         return problems;
     QHash<int, int> positions;

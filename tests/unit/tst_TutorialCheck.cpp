@@ -148,6 +148,7 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\"hint\":qsTr(\"#3\"),\n", "key-twice 2 X.js:4");
     // What is left out, at the line of the value.
     step("\n\"x\":1,\n\"y\":\"1\",", "value-left-out 2 X.js:5");
+    step("\n\"jump\":\"99\",", "value-left-out 2 X.js:4");
     step("\n\"showArrow\":1,", "value-left-out 2 X.js:4");
     step("\n\"folow\":\n{\"id\":9},", "key-unknown 2 X.js:5");
     step("\"followWindow\":\"a\",", "");
@@ -166,12 +167,17 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     };
     file("var scenario = [\n{\"id\":1,\"name\":\"a\"},\n{\"id\":2,\"name\":\"b\"},\n{\"id\":1,\"name\":\"c\"}\n];",
          "id-twice 1 X.js:4");
+    file("[\n{\"id\":-1,\"name\":\"a\"},\n{\"id\":0,\"name\":\"b\"},\n{\"id\":-1,\"jump\":99},{\"id\":-2}]",
+         "id-invalid -1 X.js:2, id-invalid -1 X.js:4, id-invalid -2 X.js:4");
+    file("[\n{\"name\":\"a\"}]", "id-invalid 0 X.js:2");
     file("// a\n\nvar scenario = [\n/* b\n */ {\"id\":1} // c\n];\n", "syntax -1 X.js:5");
     file("[\n{\"id\":1},\n\n]", "syntax -1 X.js:4");
     file("var scenario = [\n{\"id\":1,\"hint\":qsTr(\"%1\").arg(\"a\")},\n{\"id\":\"\n", "syntax -1 X.js:3");
-    file("\nvar x = {\"id\":1}", "syntax -1 X.js:2");
+    file("\nconst scenario = [\n{\"id\":1}\n];", "no-list -1 X.js:2");
+    file("", "no-list -1 X.js:1");
     file("{\"id\":1}", "no-list -1 X.js:1");
     file("[\n{\"id\":1,\"hint\":\nqsTr(\"#1)}\n]", "translation-call -1 X.js:3");
+    file("[\n{\"id\":1,\"hint\":\nqsTr('#1')}\n]", "translation-call -1 X.js:3");
     file("[\n{\"id\":1}\n],\n[]", "after-steps -1 X.js:3");
     file("[\n{\"id\":1,\"name\":\"\xe9\"}]", "not-utf8 -1 X.js:2");
     file("\xef\xbb\xbf[\r\n{\"id\":1,\"name\":\"\xc3\xa9\xef\xbf\xbd\"}]", "");
@@ -227,9 +233,11 @@ void tst_TutorialCheck::findsEachFaultAlone()
     QFETCH(Hints, first);
     QFETCH(Hints, second);
     QFETCH(QString, found);
-    const bool isRefused = found.contains(QRegularExpression(QStringLiteral("^(syntax|translation-call)")))
+    const bool isRefused =
+        found.contains(QRegularExpression(QStringLiteral("^(syntax|translation-call|no-list -1 X.js:2)")))
         || scenario.count("];") > 1; // that in a text ends the list
     mWarnings.expect(QStringLiteral("Json parse error"), int(isRefused));
+    mWarnings.expect(QStringLiteral("jsonStr is empty"), int(scenario.isEmpty()));
     mWarnings.expect(QStringLiteral(" for kValue"), found.count(QStringLiteral("item-unreadable")));
     TutorialFiles files;
     const QString file = write(scenario, first, second);
