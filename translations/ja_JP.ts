@@ -660,6 +660,10 @@ Change %2 to %1 ?</source>
             <translation>原文が変わったため要確認: %1</translation>
         </message>
         <message>
+            <source>Taken over changes of yours: %1</source>
+            <translation>こちらの変更に上書き: %1</translation>
+        </message>
+        <message>
             <source>Taken: %1</source>
             <translation>取り込み: %1</translation>
         </message>

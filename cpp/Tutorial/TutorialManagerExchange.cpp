@@ -25,9 +25,16 @@ struct Outcome
     int taken = 0;
     int confirmed = 0;
     int untranslated = 0;
-    QStringList unknown;
+    QStringList overwritten;
     QStringList outdated;
+    QStringList unknown;
 };
+
+/// The second hint of an item as a file holds it.
+QString translationOf(int id, const QString &hint)
+{
+    return StaleHints::isMissing(id, hint) ? QString() : HintExchange::cleaned(hint);
+}
 } // namespace
 
 QString TutorialManager::exportTranslation(const QString &path) const
@@ -44,9 +51,9 @@ QString TutorialManager::exportTranslation(const QString &path) const
         const TutorialItemData *record = item.mFolder ? nullptr : document.getData(item.mId);
         if (!record || StaleHints::isMissing(item.mId, record->mHint))
             return;
-        const bool missing = StaleHints::isMissing(item.mId, record->mHint2);
-        entries.append({ item.mId, record->mName, record->mHint, missing ? QString() : record->mHint2,
-                         !missing && !stale.contains(item.mId) });
+        const QString translation = translationOf(item.mId, record->mHint2);
+        entries.append({ item.mId, record->mName, record->mHint, translation,
+                         !translation.isEmpty() && !stale.contains(item.mId), QString() });
     });
     return HintExchange::write(file, { mTutorialName, locale(), locale2() }, entries);
 }
@@ -60,31 +67,39 @@ QVariantMap TutorialManager::importTranslation(const QString &path)
         return { { QStringLiteral("error"), error } };
     TreeDataTemplate<TutorialItemData> &document = mEditorManager->mData;
     mTranslation->followDocument();
+    const QSet<int> stale = mTranslation->staleIds();
     Outcome outcome;
-    QVector<HintExchange::Entry> taken;
+    QHash<int, QString> madeFrom; // of those that are taken
     history->beginSequence(QStringLiteral("importTranslation"));
     for (const HintExchange::Entry &entry : qAsConst(entries)) {
         const TreeItem<TutorialItemData> *item = document.findItem(entry.id);
         TutorialItemData *record = item && !item->mFolder ? document.getData(entry.id) : nullptr;
         if (!record) {
             outcome.unknown.append(entry.id < 0 ? entry.source.left(20) : StaleHints::key(entry.id));
-        } else if (entry.translation == record->mHint2) {
-            const bool stands = entry.finished && entry.source == record->mHint;
-            if (stands && mTranslation->confirmTranslation(entry.id))
+            continue;
+        }
+        const QString current = translationOf(entry.id, record->mHint2);
+        const bool isOfCurrentHint = entry.source == HintExchange::cleaned(record->mHint);
+        if (!entry.translation.isEmpty() && entry.translation == current) {
+            if (!entry.finished && stale.contains(entry.id))
+                ++outcome.untranslated;
+            else if (entry.finished && isOfCurrentHint && mTranslation->confirmTranslation(entry.id))
                 ++outcome.confirmed;
-        } else if (entry.translation.isEmpty() || !entry.changed) {
+        } else if (entry.translation.isEmpty() || HintExchange::isAsWritten(entry, entry.translation)) {
             ++outcome.untranslated;
         } else {
+            if (!entry.mark.isEmpty() && !HintExchange::isAsWritten(entry, current))
+                outcome.overwritten.append(StaleHints::key(entry.id));
             record->setValue(QStringLiteral("hint2"), entry.translation);
-            taken.append(entry);
+            madeFrom.insert(entry.id, isOfCurrentHint ? record->mHint : entry.source);
             ++outcome.taken;
-            if (entry.source != record->mHint)
+            if (!isOfCurrentHint)
                 outcome.outdated.append(StaleHints::key(entry.id));
         }
     }
     history->endSequence();
-    for (const HintExchange::Entry &entry : qAsConst(taken))
-        mTranslation->setMadeFrom(entry.id, entry.source);
+    for (auto made = madeFrom.cbegin(); made != madeFrom.cend(); ++made)
+        mTranslation->setMadeFrom(made.key(), made.value());
     if (outcome.confirmed > 0)
         history->markUnsaved();
     mRecovery->noteChange();
@@ -95,6 +110,8 @@ QVariantMap TutorialManager::importTranslation(const QString &path)
         lines.append(tr("Not stale any more: %1").arg(outcome.confirmed));
     if (outcome.untranslated > 0)
         lines.append(tr("Not translated: %1").arg(outcome.untranslated));
+    if (!outcome.overwritten.isEmpty())
+        lines.append(tr("Taken over changes of yours: %1").arg(listOf(outcome.overwritten)));
     if (!outcome.outdated.isEmpty())
         lines.append(tr("Stale, for the text to be translated has changed: %1").arg(listOf(outcome.outdated)));
     if (!outcome.unknown.isEmpty())

@@ -223,19 +223,20 @@ void tst_HintTranslation::goesToATranslatorAndBack()
     edit(1, "hint2", "own");
     writeAll(file, xliff);
     QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
-             QStringLiteral("Taken: 0\nNot translated: 3"));
+             QStringLiteral("Taken: 0\nNot translated: 4"));
     QCOMPARE(hints(), QStringLiteral("own B #3 #4"));
 
-    // The first is changed, the second approved, the third translated from what has changed since; an item is gone.
+    // The first is changed on both sides, the second approved, the third translated from what has changed since; an
+    // item is gone.
     replace(">A</target>", ">AA &lt;b&gt;\n&quot;</target>");
-    replace("id=\"#2\"", "id=\"#2\" approved=\"yes\"");
+    replace("state=\"needs-review-translation\">B<", "state=\"signed-off\">B<");
     const int third = xliff.indexOf("</target>", xliff.indexOf("id=\"#3\""));
     xliff.insert(third, "CC");
     replace(">#4 ", ">#99 ");
     writeAll(file, xliff);
     edit(3, "hint", "cc");
     QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
-             QStringLiteral("Taken: 2\nNot stale any more: 1\n"
+             QStringLiteral("Taken: 2\nNot stale any more: 1\nTaken over changes of yours: #1\n"
                             "Stale, for the text to be translated has changed: #3\n"
                             "Skipped, for there is no such item: #99"));
     QCOMPARE(hints(), QStringLiteral("AA <b>\n\" B CC #4"));
@@ -253,17 +254,29 @@ void tst_HintTranslation::readsWhatToolsMake()
     const QString file = QStringLiteral("hints.xlf");
     QCOMPARE(mManager->exportTranslation(file), QString());
     QByteArray xliff = readAll(file);
-    // Sentences and codes in elements, elements and attributes of the tool's own, and a source in place of a target.
+    // Sentences and codes in elements, elements and attributes of the tool's own, another comment, and a source in
+    // place of a target.
     xliff.replace(">A</target>",
                   "><mrk mtype=\"seg\">One.</mrk> <mrk mtype=\"seg\">Two.</mrk></target>"
                   "<alt-trans><target>no</target></alt-trans><o:meta xmlns:o=\"urn:o\" o:a=\"1\">m</o:meta>");
     xliff.replace(">B</target>", ">Press <g id=\"1\">O<bpt id=\"2\">&lt;b></bpt>K</g> now</target>");
     xliff.replace(">C</target>", ">Press<x id=\"1\"/> now</target>");
+    xliff.replace(">#3 ", ">T #3 ");
     xliff.insert(xliff.indexOf("</target>", xliff.indexOf("id=\"#4\"")), "d");
     writeAll(file, xliff);
     QCOMPARE(mManager->importTranslation(file).value(QStringLiteral("report")).toString(),
              QStringLiteral("Taken: 3\nNot translated: 1"));
     QCOMPARE(hints(), QStringLiteral("One. Two. Press O<b>K now Press now #4"));
+    // What XML can't hold is not in the file, and that is no change.
+    edit(1, "hint", "a\1b");
+    edit(1, "name", "\2");
+    edit(1, "hint2", "A\1\rB");
+    QCOMPARE(mManager->exportTranslation(QStringLiteral("other.xlf")), QString());
+    xliff = readAll(QStringLiteral("other.xlf"));
+    QVERIFY(xliff.contains(">ab</source>") && xliff.contains(">A\nB</target>"));
+    QCOMPARE(mManager->importTranslation(QStringLiteral("other.xlf")).value(QStringLiteral("report")).toString(),
+             QStringLiteral("Taken: 0\nNot translated: 1"));
+    QVERIFY(stale().isEmpty());
 }
 
 void tst_HintTranslation::refusesOtherFiles()

@@ -27,13 +27,15 @@ QString message(const char *text)
 QString markOf(const QString &translation)
 {
     return QString::fromLatin1(
-        QCryptographicHash::hash(translation.toUtf8(), QCryptographicHash::Sha1).toHex().left(8));
+        QCryptographicHash::hash(HintExchange::cleaned(translation).toUtf8(), QCryptographicHash::Sha1)
+            .toHex()
+            .left(8));
 }
 
 QDomElement append(QDomNode parent, const QString &name, const QString &text = QString())
 {
     QDomElement element = parent.ownerDocument().createElement(name);
-    TranslationXml::setText(element, text);
+    TranslationXml::setText(element, HintExchange::cleaned(text));
     parent.appendChild(element);
     return element;
 }
@@ -60,23 +62,30 @@ QDomDocument documentOf(const HintExchange::Header &header, const QVector<HintEx
     return document;
 }
 
+/// The number in a key, which may have more after it; -1 without one.
+int idOf(const QString &key)
+{
+    bool ok = false;
+    const int id = key.mid(1).section(QLatin1Char(' '), 0, 0).toInt(&ok);
+    return ok && key.startsWith(QLatin1Char('#')) ? id : -1;
+}
+
 HintExchange::Entry entryOf(const QDomElement &element)
 {
     HintExchange::Entry entry;
-    // Some tools keep the one, some the other.
-    QString key = TranslationXml::textOf(element.firstChildElement(kComment));
-    if (key.isEmpty())
-        key = element.attribute(QStringLiteral("id"));
-    if (key.startsWith(QLatin1Char('#')))
-        entry.id = key.mid(1).section(QLatin1Char(' '), 0, 0).toInt();
+    const QString comment = TranslationXml::textOf(element.firstChildElement(kComment));
+    entry.id = idOf(comment);
+    if (entry.id >= 0)
+        entry.mark = comment.section(QLatin1Char(' '), 1, 1);
+    else // Some tools keep the one, some the other.
+        entry.id = idOf(element.attribute(QStringLiteral("id")));
     const QDomElement translation = element.firstChildElement(kTranslation);
-    entry.source = TranslationXml::textOf(element.firstChildElement(QStringLiteral("source")));
-    entry.translation = TranslationXml::textOf(translation);
+    entry.source = HintExchange::cleaned(TranslationXml::textOf(element.firstChildElement(QStringLiteral("source"))));
+    entry.translation = HintExchange::cleaned(TranslationXml::textOf(translation));
     entry.finished = !translation.hasAttribute(kType);
     // Tools begin with the source where there is no target.
     if (!entry.finished && entry.translation == entry.source)
         entry.translation.clear();
-    entry.changed = key.section(QLatin1Char(' '), 1, 1) != markOf(entry.translation);
     return entry;
 }
 
@@ -86,6 +95,22 @@ bool isOfLanguage(const QString &name, const QString &locale)
     return name.isEmpty() || QLocale(name).language() == QLocale(locale).language();
 }
 } // namespace
+
+QString HintExchange::cleaned(const QString &text)
+{
+    QString lines = text;
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    // What XML can't hold stands in elements of their own, without text.
+    QDomDocument document;
+    QDomElement element = document.createElement(kTranslation);
+    TranslationXml::setText(element, lines);
+    return element.text();
+}
+
+bool HintExchange::isAsWritten(const Entry &entry, const QString &translation)
+{
+    return entry.mark == markOf(translation);
+}
 
 QString HintExchange::write(const QString &path, const Header &header, const QVector<Entry> &entries)
 {
@@ -132,7 +157,7 @@ QString HintExchange::read(const QString &path, const Header &header, QVector<En
     }
     for (QDomElement context = root.firstChildElement(QStringLiteral("context")); !context.isNull();
          context = context.nextSiblingElement(QStringLiteral("context"))) {
-        if (TranslationXml::textOf(context.firstChildElement(QStringLiteral("name"))) != header.context)
+        if (TranslationXml::textOf(context.firstChildElement(QStringLiteral("name"))) != cleaned(header.context))
             continue;
         for (QDomElement element = context.firstChildElement(kMessage); !element.isNull();
              element = element.nextSiblingElement(kMessage))

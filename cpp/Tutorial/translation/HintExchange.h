@@ -24,8 +24,13 @@ struct Entry
     QString source;
     QString translation;
     bool finished = false; ///< else it is missing, or to be looked at
-    bool changed = false; ///< when it is read: the translation is another one than when it was written
+    QString mark; ///< when it is read: of the translation when it was written; empty where a tool has dropped it
 };
+
+/// A text as a file gives it back: without the characters that XML can't hold, and with line feeds as its line ends.
+QString cleaned(const QString &text);
+/// Whether an entry that was read was written with that translation. Without a mark it is none.
+bool isAsWritten(const Entry &entry, const QString &translation);
 
 /// Writes the file. The reason for a failure, for the user; empty when it is done.
 QString write(const QString &path, const Header &header, const QVector<Entry> &entries);
