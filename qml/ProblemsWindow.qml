@@ -30,6 +30,8 @@ Window {
         property alias height: root.height
     }
 
+    DocumentKeys {}
+
     Shortcut {
         sequence: "Escape"
         onActivated: root.hide()

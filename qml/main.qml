@@ -65,7 +65,8 @@ ApplicationWindow {
     // A field that is being edited hands over its text when it loses the focus.
     // Afterwards typing goes on where it was. False when a text was refused.
     function commitEditing() {
-        var item = activeFocusItem;
+        // While another window is active, none has the focus here.
+        var item = activeFocusItem || typingItem;
         var refusals = settingScreen ? settingScreen.refusals : 0;
         Qt.inputMethod.commit();
         if (parts)

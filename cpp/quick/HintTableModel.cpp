@@ -77,7 +77,7 @@ void HintTableModel::setFilter(Filter filter, const QString &text)
 {
     mFilter = filter;
     mText = text;
-    mTutorialName.clear();
+    mSource.clear();
     follow();
 }
 
@@ -166,11 +166,12 @@ void HintTableModel::follow()
     if (!mActive)
         return;
     QSet<int> shown;
-    if (mTutorialName == managerInstance->tutorialName()) {
+    const QStringList source{ managerInstance->tutorialName(), managerInstance->locale2() };
+    if (mSource == source) {
         for (const HintRow &row : qAsConst(mRows))
             shown.insert(row.id);
     }
-    mTutorialName = managerInstance->tutorialName();
+    mSource = source;
     const QVector<HintRow> all =
         HintRows::read(TutorialEditor::Manager::instance()->mData, managerInstance->staleIds());
     mAllCount = all.size();

@@ -72,7 +72,7 @@ private:
     QVector<HintRow> mRows;
     Filter mFilter = All;
     QString mText;
-    QString mTutorialName; // whose rows these are
+    QStringList mSource; // the tutorial and the second language of the rows
     bool mActive = false;
     bool mDue = false;
     int mAllCount = 0;

@@ -12,8 +12,9 @@ FocusScope {
     signal stepRequested(int itemId)
 
     function request(row) {
-        if (row >= 0)
-            stepRequested(problems.itemIdAt(row));
+        var id = problems.itemIdAt(row);
+        if (id >= 0)
+            stepRequested(id);
     }
 
     function goTo(row) {

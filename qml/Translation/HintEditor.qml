@@ -132,6 +132,8 @@ Rectangle {
     }
 
     objectName: "hintEditor"
+    // Where there is no cell, the keys are the window's.
+    enabled: visible
     color: Theme.normalBack1
     border.width: 2
     border.color: Theme.focusFrame

@@ -1,8 +1,8 @@
 import QtQuick 2.9
 import Morvi.kess 1.0
+import ".."
 
-/// The keys of the translation's window. Those of the menu bar act in its own
-/// window alone.
+/// The keys of the translation's window.
 Item {
     id: root
 
@@ -11,21 +11,7 @@ Item {
     signal nextRequested()
     signal confirmRequested()
 
-    Shortcut {
-        sequences: [StandardKey.Save]
-        onActivated: applicationWindow.saveTutorial()
-    }
-
-    // Where no text has the keys.
-    Shortcut {
-        sequences: [StandardKey.Undo]
-        onActivated: applicationWindow.undo()
-    }
-
-    Shortcut {
-        sequences: [StandardKey.Redo]
-        onActivated: applicationWindow.redo()
-    }
+    DocumentKeys {}
 
     Shortcut {
         sequences: [StandardKey.Find]

@@ -78,6 +78,7 @@ void tst_Translation::translatesWithoutTheMouse()
         hints.append({ hintKey(id), QStringLiteral("first %1").arg(id) });
     load(QStringLiteral("1 2 3[4 5] ") + longShape(kHints + 2).section(QLatin1Char(' '), 5));
     loadHints(hints, { { hintKey(2), QStringLiteral("done") } });
+    selectInTree(1);
     QVERIFY(showTranslation());
     key(Qt::CTRL + Qt::Key_2);
     QCOMPARE(rows()->rowCount(), kHints);
@@ -109,7 +110,13 @@ void tst_Translation::translatesWithoutTheMouse()
     QCOMPARE(editorText(), expected.value(hintKey(kHints + 2)));
     key(Qt::CTRL + Qt::Key_2);
     QCOMPARE(rows()->rowCount(), 0);
+    // Without a cell the keys are the window's, and those of the main window are where they were.
+    key(Qt::CTRL + Qt::Key_Z);
+    QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
     window()->close();
+    QVERIFY(activate());
+    press(Qt::Key_Up);
+    QTRY_COMPARE(currentId(), kHints + 1);
 }
 
 void tst_Translation::followsTheDocument()
