@@ -82,6 +82,10 @@ Change %2 to %1 ?</source>
             <translation>削除： %1</translation>
         </message>
         <message>
+            <source>Stale: %1</source>
+            <translation>要確認： %1</translation>
+        </message>
+        <message>
             <source>The copy can't be read as a tutorial.</source>
             <translation>控えをチュートリアルとして読み込めません。</translation>
         </message>
@@ -92,6 +96,10 @@ Change %2 to %1 ?</source>
         <message>
             <source>The file was changed since then.</source>
             <translation>ファイルはその後に変更されています。</translation>
+        </message>
+        <message>
+            <source>Translation stands: %1</source>
+            <translation>確認済みの訳： %1</translation>
         </message>
     </context>
     <context>

@@ -47,6 +47,14 @@ QString arrayOf(const Document &document)
     TutorialEditor::Manager::getJsonText(0, document.mRoot, document, array, false);
     return array;
 }
+
+QSet<QString> staleKeys(const StaleHints &known, const Document &document)
+{
+    QSet<QString> keys;
+    for (const int id : known.staleIds(document))
+        keys.insert(StaleHints::key(id));
+    return keys;
+}
 } // namespace
 
 QObject *TutorialManager::recovery() const
@@ -86,9 +94,7 @@ UnsavedWork TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
         whole.state.array = arrayOf(*document);
         for (auto language = hints.cbegin(); language != hints.cend(); ++language)
             whole.state.hints.insert(language.key(), HintMerge::hints(*document, language.value()));
-        QSet<QString> &keys = whole.stale[staleLocale];
-        for (const int id : stale.staleIds(*document))
-            keys.insert(StaleHints::key(id));
+        whole.state.stale.insert(staleLocale, staleKeys(stale, *document));
         return whole;
     };
 }
@@ -96,7 +102,8 @@ UnsavedWork TutorialManager::unsavedWork(const QList<TypedValue> &typed) const
 TutorialState TutorialManager::storedState(const QString &path) const
 {
     const QString name = baseName(path);
-    const TutorialTranslation::Hints hints = mTranslation->storedHints(name);
+    TutorialTranslation::StaleKeys marked;
+    const TutorialTranslation::Hints hints = mTranslation->storedHints(name, marked);
     const TranslationSource::Messages messages = hints.value(locale());
     QByteArray bytes;
     if (DataSupport::fileExists(path))
@@ -112,9 +119,12 @@ TutorialState TutorialManager::storedState(const QString &path) const
     if (!array.isEmpty())
         ScenarioReader::read(array, document, leftOut);
     HintMerge::readHints(document, &TutorialItemData::mHint2, hints.value(locale2()));
+    StaleHints known;
+    known.begin(document, marked.value(locale2()));
     TutorialState state{ arrayOf(document),
                          { { locale(), HintMerge::hints(document, &TutorialItemData::mHint) },
-                           { locale2(), HintMerge::hints(document, &TutorialItemData::mHint2) } } };
+                           { locale2(), HintMerge::hints(document, &TutorialItemData::mHint2) } },
+                         { { locale2(), staleKeys(known, document) } } };
     qDeleteAll(document.mDataList);
     return state;
 }
@@ -128,7 +138,7 @@ bool TutorialManager::takeUp(const RecoveryCopy &copy)
         history->clear();
     const QString name = baseName(copy.path);
     mTranslation->beginLoad(name);
-    mTranslation->endLoad(copy.state.hints, copy.loadedHints, copy.stale);
+    mTranslation->endLoad(copy.state.hints, copy.loadedHints, copy.state.stale);
     setTutorialName(name);
     if (history)
         history->markUnsaved();

@@ -164,7 +164,7 @@ void tst_HintTranslation::standsInTheFile()
         mManager->unsavedWork({ { 1, QStringLiteral("hint2"), QStringLiteral("A%1").arg(i) } })();
     edit(4, "hint2", "DD");
     RecoveryCopy copy = mManager->unsavedWork({ { 4, QStringLiteral("hint"), QStringLiteral("dd") } })();
-    QCOMPARE(copy.stale.value(QStringLiteral("en_US")).size(), 3);
+    QCOMPARE(copy.state.stale.value(QStringLiteral("en_US")).size(), 3);
     edit(4, "hint2", "#4");
     QVERIFY(copy.read(mManager->unsavedWork({})().toBytes()));
     QCOMPARE(mManager->loadTutorial(kScenario), QString());

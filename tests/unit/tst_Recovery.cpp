@@ -18,6 +18,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void differencesAreTold();
+    void staleTranslationsAreTold();
     void copyGoesWithTheChanges();
     void copyIsOfItsMoment();
     void fileOfTheCopyIsLookedAt();
@@ -129,6 +130,44 @@ void tst_Recovery::differencesAreTold()
     QCOMPARE(folders(), QStringList());
     writer = begin();
     QCOMPARE(writer->picture(), after);
+}
+
+void tst_Recovery::staleTranslationsAreTold()
+{
+    auto writer = begin();
+    for (const int id : { 1, 2 }) {
+        writer->set(id, "hint", QStringLiteral("first"));
+        writer->set(id, "hint2", QStringLiteral("second"));
+    }
+    QCOMPARE(writer->manager().save(), QString());
+    writer->set(1, "hint", QStringLiteral("other"));
+    QCOMPARE(writer->manager().save(), QString());
+    // No text is unsaved.
+    writer->manager().confirmTranslation(1);
+    writer->recovery().flush();
+    writer.reset();
+    writer = begin();
+    QCOMPARE(writer->recovery().differences(), QStringList(QStringLiteral("Translation stands: name1 (#1)")));
+    QCOMPARE(writer->recovery().restore(), QString());
+    writer->set(2, "hint", QStringLiteral("other"));
+    writer->recovery().flush();
+    writer.reset();
+    // What is known of a translation is not true of the one that others have put there.
+    const QString english = RecoverySession::language("en_US");
+    QByteArray theirs = readAll(english);
+    QCOMPARE(theirs.count("<translation>second"), 1);
+    writeAll(english, theirs.replace("<translation>second", "<translation>theirs"));
+    writer = begin();
+    QCOMPARE(writer->recovery().differences(),
+             QStringList({ QStringLiteral("Translation stands: name1 (#1)"),
+                           QStringLiteral("Changed: name2 (#2), hint (ja_JP): \"first\" -> \"other\"") }));
+    writeAll(english, theirs.replace("<translation>theirs", "<translation>second"));
+    QCOMPARE(writer->recovery().differences().value(1), QStringLiteral("Stale: name2 (#2)"));
+    QCOMPARE(writer->recovery().restore(), QString());
+    QCOMPARE(writer->manager().save(), QString());
+    QCOMPARE(readAll(english).count("unfinished"), 1);
+    writer.reset();
+    QCOMPARE(folders(), QStringList());
 }
 
 void tst_Recovery::copyGoesWithTheChanges()

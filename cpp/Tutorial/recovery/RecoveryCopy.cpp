@@ -68,7 +68,7 @@ TutorialState::Hints readHints(const QJsonObject &object)
 QJsonObject staleObject(const RecoveryCopy &copy)
 {
     QJsonObject object;
-    for (auto keys = copy.stale.cbegin(); keys != copy.stale.cend(); ++keys)
+    for (auto keys = copy.state.stale.cbegin(); keys != copy.state.stale.cend(); ++keys)
         object.insert(keys.key(), QJsonArray::fromStringList(keys->values()));
     return object;
 }
@@ -113,10 +113,10 @@ bool RecoveryCopy::read(const QByteArray &bytes)
     state.hints = readHints(object.value(QLatin1String("hints")).toObject());
     loadedHints = readHints(object.value(QLatin1String("loadedHints")).toObject());
     fileHash = QByteArray::fromHex(object.value(QLatin1String("fileHash")).toString().toLatin1());
-    stale.clear();
+    state.stale.clear();
     const QJsonObject languages = object.value(QLatin1String("stale")).toObject();
     for (auto language = languages.constBegin(); language != languages.constEnd(); ++language) {
-        QSet<QString> &keys = stale[language.key()];
+        QSet<QString> &keys = state.stale[language.key()];
         for (const QJsonValue key : language->toArray())
             keys.insert(key.toString());
     }

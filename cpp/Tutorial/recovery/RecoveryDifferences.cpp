@@ -20,7 +20,7 @@ public:
         bool folder;
     };
 
-    explicit Items(const TutorialState &state) : mHints(state.hints)
+    explicit Items(const TutorialState &state) : mHints(state.hints), mStale(state.stale)
     {
         QStringList leftOut;
         ScenarioReader::read(state.array, mDocument, leftOut);
@@ -50,12 +50,19 @@ public:
         return mHints.value(locale).value(key, key);
     }
     QStringList locales() const { return mHints.keys(); }
+    bool knowsStale(const QString &locale) const { return mStale.contains(locale); }
+    bool isStale(const QString &locale, int id) const
+    {
+        const auto keys = mStale.constFind(locale);
+        return keys != mStale.cend() && keys->contains(QLatin1Char('#') + QString::number(id));
+    }
     bool hasSharedIds() const { return mPlaces.size() < mIds.size(); }
 
 private:
     Q_DISABLE_COPY(Items)
 
     const TutorialState::Hints mHints;
+    const TutorialState::StaleKeys mStale;
     TreeDataTemplate<TutorialItemData> mDocument;
     QHash<int, Place> mPlaces;
     QVector<int> mIds;
@@ -147,8 +154,15 @@ void appendChanges(QStringList &lines, int id, const Items &before, const Items 
     for (const QString &locale : qAsConst(locales)) {
         const QString old = before.hint(locale, id);
         const QString recent = after.hint(locale, id);
-        if (!folder && old != recent)
+        if (folder)
+            continue;
+        if (old != recent)
             lines.append(changeOf(item, QStringLiteral("hint (%1)").arg(locale), quoted(old), quoted(recent)));
+        else if (before.knowsStale(locale) && after.knowsStale(locale)
+                 && before.isStale(locale, id) != after.isStale(locale, id))
+            lines.append(
+                (after.isStale(locale, id) ? Recovery::tr("Stale: %1") : Recovery::tr("Translation stands: %1"))
+                    .arg(item));
     }
 }
 } // namespace
@@ -162,6 +176,20 @@ TutorialState RecoveryDifferences::merged(const RecoveryCopy &copy, const Tutori
         for (auto hint = language->begin(); hint != language->end(); ++hint) {
             if (hint.value() == loaded.value(hint.key(), hint.key()))
                 hint.value() = onDisk.value(hint.key(), hint.value());
+        }
+    }
+    for (auto language = state.stale.begin(); language != state.stale.end(); ++language) {
+        const QHash<QString, QString> own = copy.state.hints.value(language.key());
+        const QHash<QString, QString> merged = state.hints.value(language.key());
+        const QSet<QString> onDisk = stored.stale.value(language.key());
+        for (auto hint = merged.cbegin(); hint != merged.cend(); ++hint) {
+            // What the copy knows is of its own text.
+            if (hint.value() == own.value(hint.key()))
+                continue;
+            if (onDisk.contains(hint.key()))
+                language->insert(hint.key());
+            else
+                language->remove(hint.key());
         }
     }
     return state;

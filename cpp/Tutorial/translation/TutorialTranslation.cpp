@@ -155,14 +155,16 @@ QHash<QString, HintMerge::Hint> TutorialTranslation::hintsOfItems() const
     return { { mLocale, firstHint() }, { mLocale2, secondHint() } };
 }
 
-TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutorialName) const
+TutorialTranslation::Hints TutorialTranslation::storedHints(const QString &tutorialName, StaleKeys &stale) const
 {
     Hints hints;
     for (const QString &locale : { mLocale, mLocale2 }) {
         const QString path = TranslationFile::path(locale, mAuthoring);
         QDomDocument document;
-        if (DataSupport::fileExists(path) && TranslationFile::read(path, document))
-            hints.insert(locale, TranslationSource::readMessages(document).value(tutorialName));
+        if (!DataSupport::fileExists(path) || !TranslationFile::read(path, document))
+            continue;
+        hints.insert(locale, TranslationSource::readMessages(document).value(tutorialName));
+        stale.insert(locale, TranslationSource::staleSources(document, tutorialName));
     }
     return hints;
 }

@@ -74,8 +74,8 @@ public:
     void setMadeFrom(int id, const QString &hint);
     /// What the files had said of this tutorial when they were read or saved.
     const Hints &loadedHints() const { return mLoadedHints; }
-    /// What they say now of the tutorial of that name.
-    Hints storedHints(const QString &tutorialName) const;
+    /// What they say now of the tutorial of that name, and the keys that they mark as stale.
+    Hints storedHints(const QString &tutorialName, StaleKeys &stale) const;
     /// The folder of the files, as an absolute path.
     QString folder() const;
 
