@@ -14,6 +14,7 @@
 namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial";
+const QString kStale = QStringLiteral("staleHint2");
 
 using Item = TreeItem<TutorialItemData>;
 using Document = TreeDataTemplate<TutorialItemData>;
@@ -24,7 +25,7 @@ Document &document()
 }
 
 /// Appends the text of the node with all below it; false if a record is missing.
-bool appendText(const Item &item, QStringList &texts)
+bool appendText(const Item &item, const QSet<int> &staleIds, QStringList &texts)
 {
     const TutorialItemData *record = document().getData(item.mId);
     if (!record) {
@@ -35,11 +36,13 @@ bool appendText(const Item &item, QStringList &texts)
     if (item.mFolder && !item.mChildren.isEmpty()) {
         QStringList children;
         for (const Item &child : item.mChildren) {
-            if (!appendText(child, children))
+            if (!appendText(child, staleIds, children))
                 return false;
         }
         extra += QStringLiteral(",\"children\":[") + children.join(QLatin1Char(',')) + QLatin1Char(']');
     }
+    if (staleIds.contains(item.mId))
+        extra += QStringLiteral(",\"%1\":true").arg(kStale);
     texts.append(record->toJsonText(extra));
     return true;
 }
@@ -79,6 +82,7 @@ public:
         QList<TutorialItemData *> records;
         const std::unique_ptr<Item> item(Item::createFromJson(json, &records));
         mRecords.clear();
+        mStale.clear();
         mNext = 0;
         for (TutorialItemData *record : qAsConst(records))
             mRecords.emplace_back(record);
@@ -90,13 +94,18 @@ public:
         return insert(*item, document().mRoot.mId);
     }
 
+    const QHash<int, bool> &staleById() const { return mStaleById; }
+
 private:
     /// The reader looks the second hint up by its key, which is that of another item here.
     void readSecondHints(const Item &item, const JsonWrapper &json)
     {
         TutorialItemData &record = *mRecords[mNext++];
+        const QJsonObject object = json.toObject();
         if (!item.mFolder)
-            TutorialItemField::find(&TutorialItemData::mHint2).readJson(record, json.toObject());
+            TutorialItemField::find(&TutorialItemData::mHint2).readJson(record, object);
+        if (object.value(kStale).toBool())
+            mStale.insert(&record);
         if (item.mChildren.isEmpty())
             return;
         const JsonWrapper children = json[QStringLiteral("children")];
@@ -109,6 +118,8 @@ private:
         std::unique_ptr<TutorialItemData> record = std::move(mRecords[mNext++]);
         const int newId = mIds.next();
         record->setId(newId);
+        if (!item.mFolder)
+            mStaleById.insert(newId, mStale.contains(record.get()));
         // Past the setter: the record is not in the document yet.
         record->mName = mNames.next(record->mName, -1);
         if (mHistory)
@@ -146,10 +157,12 @@ private:
     // inserted. Ids would not do: two may be the same.
     std::vector<std::unique_ptr<TutorialItemData>> mRecords;
     std::size_t mNext = 0;
+    QSet<const TutorialItemData *> mStale; // of those records
+    QHash<int, bool> mStaleById; // of all elements
 };
 } // namespace
 
-bool ItemClipboard::makePayload(const QList<int> &idList, QString &payload)
+bool ItemClipboard::makePayload(const QList<int> &idList, QString &payload, const QSet<int> &staleIds)
 {
     QStringList texts;
     for (const int id : idList) {
@@ -158,14 +171,14 @@ bool ItemClipboard::makePayload(const QList<int> &idList, QString &payload)
             Log::warning(kFolder, "ItemClipboard::makePayload", __LINE__) << "treeItem not found" << id;
             return false;
         }
-        if (!appendText(*item, texts))
+        if (!appendText(*item, staleIds, texts))
             return false;
     }
     payload = QStringLiteral("[ ") + texts.join(QStringLiteral(", ")) + QStringLiteral(" ]");
     return true;
 }
 
-QList<int> ItemClipboard::insertPayload(const QString &payload, SecondHints secondHints)
+QList<int> ItemClipboard::insertPayload(const QString &payload, SecondHints secondHints, QHash<int, bool> *staleById)
 {
     QList<int> idList;
     const JsonWrapper json(payload);
@@ -178,5 +191,7 @@ QList<int> ItemClipboard::insertPayload(const QString &payload, SecondHints seco
         if (newId >= 0)
             idList.append(newId);
     }
+    if (staleById)
+        *staleById = insertion.staleById();
     return idList;
 }

@@ -181,7 +181,7 @@ void TutorialManager::setTutorialName(const QString &name)
 void TutorialManager::copyTutorialItemList(const QList<int> &idList)
 {
     QString payload;
-    if (ItemClipboard::makePayload(idList, payload))
+    if (ItemClipboard::makePayload(idList, payload, mTranslation->staleIds()))
         setMimeData(kItemListType, payload.toUtf8());
 }
 
@@ -189,7 +189,11 @@ QList<int> TutorialManager::pasteTutorialItemList()
 {
     const auto secondHints =
         isMakingSupported() ? ItemClipboard::SecondHints::Copied : ItemClipboard::SecondHints::LookedUp;
-    return ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)), secondHints);
+    QHash<int, bool> staleById;
+    const QList<int> ids =
+        ItemClipboard::insertPayload(QString::fromUtf8(mMimeData.data(kItemListType)), secondHints, &staleById);
+    mTranslation->setStale(staleById);
+    return ids;
 }
 
 void TutorialManager::clearMimeData()

@@ -201,6 +201,14 @@ bool TutorialTranslation::confirmTranslation(int id)
     return mAuthoring && record && mStaleHints.confirm(*record);
 }
 
+void TutorialTranslation::setStale(const QHash<int, bool> &staleById)
+{
+    for (auto stale = staleById.cbegin(); mAuthoring && stale != staleById.cend(); ++stale) {
+        if (const TutorialItemData *record = mDocument.getData(stale.key()))
+            mStaleHints.setStale(*record, *stale);
+    }
+}
+
 void TutorialTranslation::setMadeFrom(int id, const QString &hint)
 {
     if (const TutorialItemData *record = mDocument.getData(id))
@@ -267,8 +275,8 @@ bool TutorialTranslation::feedbackTranslation()
     if (refreshed) {
         const Feedback one = feedback(mLocale, mTranslationDocument, firstHint());
         const Feedback other = feedback(mLocale2, mTranslationDocument2, secondHint());
-        const bool swapped = firstHint() == &TutorialItemData::mHint2;
-        const bool marked = mAuthoring && (swapped ? feedbackStale(other, one) : feedbackStale(one, other));
+        const bool inOrder = staleLocale() == mLocale2;
+        const bool marked = mAuthoring && (inOrder ? feedbackStale(one, other) : feedbackStale(other, one));
         taken = marked || !one.taken.isEmpty() || !other.taken.isEmpty();
     }
     updateDocumentTranslator();
@@ -280,10 +288,10 @@ bool TutorialTranslation::feedbackTranslation()
 bool TutorialTranslation::refresh(const QString &locale, QDomDocument &document)
 {
     const QString path = TranslationFile::path(locale, mAuthoring);
-    const bool refreshed = TranslationFile::refresh(path, locale, document);
-    if (!refreshed)
-        Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__) << "Failed to save" << path;
-    return refreshed;
+    if (TranslationFile::refresh(path, locale, document))
+        return true;
+    Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__) << "Failed to save" << path;
+    return false;
 }
 
 TutorialTranslation::Feedback TutorialTranslation::feedback(const QString &locale, QDomDocument &document,
@@ -322,8 +330,8 @@ bool TutorialTranslation::feedbackStale(const Feedback &first, const Feedback &s
         if (!StaleHints::isMissing(record->mId, record->mHint2))
             marks.insert(key, mStaleHints.isStale(*record));
     }
-    const bool swapped = firstHint() == &TutorialItemData::mHint2;
-    TranslationSource::markStale(swapped ? mTranslationDocument : mTranslationDocument2, mTranslationContext, marks);
+    QDomDocument &document = staleLocale() == mLocale2 ? mTranslationDocument2 : mTranslationDocument;
+    TranslationSource::markStale(document, mTranslationContext, marks);
     return taken;
 }
 

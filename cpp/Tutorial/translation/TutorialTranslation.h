@@ -70,6 +70,8 @@ public:
     QString staleLocale() const { return mHintLocale == mLocale2 ? mLocale : mLocale2; }
     /// The second hint of the item suits the first one of now. False if it did so before.
     bool confirmTranslation(int id);
+    /// The second hints of items suit the first ones of now, or none.
+    void setStale(const QHash<int, bool> &staleById);
     /// The second hint of the item was made from that first one.
     void setMadeFrom(int id, const QString &hint);
     /// What the files had said of this tutorial when they were read or saved.
