@@ -173,6 +173,14 @@ void TutorialManager::confirmTranslation(int id)
     Q_EMIT staleIdsChanged();
 }
 
+void TutorialManager::noteTranslated(int id)
+{
+    if (!mTranslation->confirmTranslation(id))
+        return;
+    mRecovery->noteChange();
+    Q_EMIT staleIdsChanged();
+}
+
 void TutorialManager::followHistory()
 {
     if (UndoRedo *history = UndoRedo::instance()) {

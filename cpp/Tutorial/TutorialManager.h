@@ -143,6 +143,8 @@ public:
     QSet<int> staleIds() const;
     /// The second hint of the item stands although the first one has changed. A save then says so in the file.
     Q_INVOKABLE void confirmTranslation(int id);
+    /// The writer has made the second hint of the item from the first one of now.
+    void noteTranslated(int id);
     /// Writes the hints as an XLIFF file for a translator. The reason for a failure, if any.
     Q_INVOKABLE QString exportTranslation(const QString &path) const;
     /// Takes over what was translated in such a file, as one step of the history. "error" has the reason for a failure,

@@ -127,6 +127,8 @@ void HintTableModel::setHint(int id, bool second, const QString &text)
     mHistory->beginSequence(second ? QStringLiteral("setHint2") : QStringLiteral("setHint"));
     item->setValue(fieldOf(second), text);
     mHistory->endSequence();
+    if (second)
+        managerInstance->noteTranslated(id);
     follow();
 }
 

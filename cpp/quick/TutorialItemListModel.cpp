@@ -1,6 +1,7 @@
 #include "quick/TutorialItemListModel.h"
 
 #include "tool/Log.h"
+#include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
 #include "UndoRedo/AddFolderCommand.h"
@@ -92,6 +93,8 @@ void TutorialItemListModel::setValue(int id, const QString &propertyName, const 
     if (record->getValue(propertyName) == value)
         return;
     record->setValue(propertyName, value);
+    if (managerInstance && propertyName == QLatin1String("hint2"))
+        managerInstance->noteTranslated(id);
     const int role = roleOf(propertyName);
     if (role >= 0)
         row->setData(record->getValue(propertyName), role);

@@ -1,3 +1,5 @@
+#include "quick/HintTableModel.h"
+#include "quick/TutorialItemListModel.h"
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
 #include "Tutorial/ProcessGlobals.h"
@@ -11,6 +13,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace
@@ -48,6 +51,8 @@ private Q_SLOTS:
     void cleanup();
 
     void followsEdits();
+    void typedAnewIsNotStale();
+    void goesWithCopies();
     void standsInTheFile();
     void takesOverWhatOthersMarked();
     void goesToATranslatorAndBack();
@@ -150,6 +155,60 @@ void tst_HintTranslation::followsEdits()
     QCOMPARE(stale(), QList<int>({ 2 }));
     mManager->confirmTranslation(2);
     edit(2, "hint2", "");
+    QCOMPARE(stale(), QList<int>());
+}
+
+void tst_HintTranslation::typedAnewIsNotStale()
+{
+    load("1 A|2 B");
+    managerInstance = mManager.get();
+    TutorialItemListModel form;
+    form.refresh();
+    HintTableModel table;
+    table.setHistory(mHistory.get());
+    const std::function<void(int, const char *)> ways[] = {
+        [&](int id, const char *text) { table.setHint(id, true, QLatin1String(text)); },
+        [&](int id, const char *text) {
+            mHistory->beginSequence(QStringLiteral("setHint2"));
+            form.setValue(id, QStringLiteral("hint2"), QLatin1String(text));
+            mHistory->endSequence();
+        },
+    };
+    int id = 0;
+    for (const auto &type : ways) {
+        const char *former = ++id == 1 ? "A" : "B";
+        edit(id, "hint", "other");
+        type(id, "X");
+        QCOMPARE(stale(), QList<int>());
+        edit(id, "hint", "third");
+        QCOMPARE(stale(), QList<int>({ id }));
+        type(id, former);
+        QCOMPARE(stale(), QList<int>());
+        mHistory->undo();
+        QCOMPARE(stale(), QList<int>({ id }));
+        mHistory->redo();
+        QCOMPARE(stale(), QList<int>());
+    }
+}
+
+void tst_HintTranslation::goesWithCopies()
+{
+    load("1 A|2 ?B");
+    const auto paste = [this](const QList<int> &ids) {
+        mManager->copyTutorialItemList(ids);
+        mHistory->beginSequence(QStringLiteral("paste"));
+        mManager->pasteTutorialItemList();
+        mHistory->endSequence();
+    };
+    paste({ 1, 2 });
+    QCOMPARE(stale(), QList<int>({ 2, 6 }));
+    mHistory->undo();
+    mHistory->redo();
+    QCOMPARE(saved(), source("1 A|2 ?B|5 A|6 ?B"));
+    // Another copy under the same id.
+    mHistory->undo();
+    mManager->confirmTranslation(2);
+    paste({ 1, 2 });
     QCOMPARE(stale(), QList<int>());
 }
 
