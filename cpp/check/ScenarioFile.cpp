@@ -3,11 +3,9 @@
 #include "check/SwallowedText.h"
 #include "check/TutorialCheck.h"
 #include "tool/DataSupport.h"
-#include "Tutorial/translation/StaleHints.h"
 #include "TutorialEditor/ScenarioReader.h"
 
 #include <QJsonDocument>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -68,6 +66,29 @@ Problem problemOf(const Loss &loss)
         break;
     }
     return problem;
+}
+
+/// The digits of a hint that is a key, as a call or as a text; else empty.
+QString hintKeyAt(const QString &script, int position)
+{
+    const auto skip = [&](const QLatin1String &part) {
+        const bool found = script.midRef(position, part.size()) == part;
+        position += found ? part.size() : 0;
+        return found;
+    };
+    skip(QLatin1String("qsTr("));
+    if (!skip(QLatin1String("\"#")))
+        return QString();
+    const int begin = position;
+    while (position < script.size() && script.at(position).isDigit())
+        ++position;
+    const QString digits = script.mid(begin, position - begin);
+    return skip(QLatin1String("\"")) ? digits : QString();
+}
+
+bool hasValidId(const ScenarioLines::Item &item)
+{
+    return item.id >= 0 && !item.isIdMissing;
 }
 } // namespace
 
@@ -179,7 +200,7 @@ void ScenarioFile::addLostKeys()
 void ScenarioFile::addIds()
 {
     for (const ScenarioLines::Item &item : mLines.items()) {
-        if (item.id >= 0 && !item.isIdMissing)
+        if (hasValidId(item))
             continue;
         addItemProblem("id-invalid",
                        TutorialCheck::tr("The id must be a whole number from 0 up: give the item one of its own."),
@@ -189,20 +210,16 @@ void ScenarioFile::addIds()
 
 void ScenarioFile::addHintKeys(const QString &script)
 {
-    // As it stands in the file: a translation hides the key.
-    static const QRegularExpression expression(QStringLiteral("(?:qsTr\\()?\"#(\\d+)\""));
     for (const ScenarioLines::Item &item : mLines.items()) {
-        if (item.hint < 0)
+        if (item.hint < 0 || !hasValidId(item))
             continue;
-        const QRegularExpressionMatch match =
-            expression.match(script, mLines.inScript(item.hint), QRegularExpression::NormalMatch,
-                             QRegularExpression::AnchoredMatchOption);
-        if (!match.hasMatch() || StaleHints::key(item.id).midRef(1) == match.capturedRef(1))
+        // As it stands in the file: a translation hides the key.
+        const QString key = hintKeyAt(script, mLines.inScript(item.hint));
+        if (key.isEmpty() || key == QString::number(item.id))
             continue;
-        addItemProblem(
-            "hint-key",
-            TutorialCheck::tr("The hint is that of #%1: write qsTr(\"#%2\").").arg(match.captured(1)).arg(item.id),
-            item, item.hint, QStringLiteral("hint"));
+        addItemProblem("hint-key",
+                       TutorialCheck::tr("The hint is that of #%1: write qsTr(\"#%2\").").arg(key).arg(item.id), item,
+                       item.hint, QStringLiteral("hint"));
     }
 }
 

@@ -167,7 +167,8 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     };
     file("var scenario = [\n{\"id\":1,\"name\":\"a\"},\n{\"id\":2,\"name\":\"b\"},\n{\"id\":1,\"name\":\"c\"}\n];",
          "id-twice 1 X.js:4");
-    file("[\n{\"id\":-1,\"name\":\"a\"},\n{\"id\":0,\"name\":\"b\"},\n{\"id\":-1,\"jump\":99},{\"id\":-2}]",
+    file("[\n{\"id\":-1,\"name\":\"a\"},\n{\"id\":0,\"name\":\"b\"},\n{\"id\":-1,\"jump\":99},{\"id\":-2,\"hint\":\"#"
+         "1\"}]",
          "id-invalid -1 X.js:2, id-invalid -1 X.js:4, id-invalid -2 X.js:4");
     file("[\n{\"name\":\"a\"}]", "id-invalid 0 X.js:2");
     file("// a\n\nvar scenario = [\n/* b\n */ {\"id\":1} // c\n];\n", "syntax -1 X.js:5");
