@@ -317,9 +317,9 @@ bool TutorialTranslation::feedbackStale(const Feedback &first, const Feedback &s
     for (const TutorialItemData *record : qAsConst(mDocument.mDataList)) {
         const QString key = StaleHints::key(record->mId);
         const bool theirs = second.staleOnDisk.contains(key);
-        // They had the first hint of the file, which is not that of now where it was edited here.
+        // They did not know what was edited here, even if it is in the file by a save that was cut short.
         if (second.taken.contains(key))
-            mStaleHints.setMadeFrom(*record, first.onDisk.value(key, formerFirst.value(key, key)));
+            mStaleHints.setMadeFrom(*record, first.taken.contains(key) ? record->mHint : formerFirst.value(key, key));
         const bool own = mStaleHints.isStale(*record);
         // As with the texts: what only others have changed is taken over, and so is the mark on a text of theirs.
         const bool markTaken = second.taken.contains(key) ? theirs : formerStale.contains(key) == own;
