@@ -157,7 +157,7 @@ QString TutorialManager::save()
     // What is not the content of its file must not go into the translations either.
     if (mEditorManager->isSaveable() && !(feedbackTranslation() && saveTranslation()))
         return tr("Failed to save translation.");
-    const QString error = mEditorManager->save();
+    QString error = mEditorManager->save();
     if (error.isEmpty())
         Q_EMIT saved();
     return error;

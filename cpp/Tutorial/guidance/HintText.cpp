@@ -6,6 +6,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace
@@ -65,6 +66,37 @@ QString parsedPart(const QString &source)
     return source;
 }
 
+bool isLength(const QVariant &value)
+{
+    // More than any window has room for.
+    constexpr double kMostPixels = 4096;
+    // Flags are among the whole numbers.
+    constexpr int kMostCount = 32768;
+    switch (value.userType()) {
+    case QMetaType::Int:
+        return qAbs(value.toLongLong()) <= kMostCount;
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return std::abs(value.toDouble()) <= kMostPixels;
+    case QMetaType::QTextLength:
+        return std::abs(qvariant_cast<QTextLength>(value).value(100)) <= kMostPixels;
+    default:
+        break;
+    }
+    const auto lengths = value.value<QVector<QTextLength>>();
+    return std::all_of(lengths.begin(), lengths.end(), [](const QTextLength &length) { return isLength(length); });
+}
+
+/// Lengths that are too large for the numbers of the layout can keep it going without end.
+bool areLengthsSound(const QTextDocument &document)
+{
+    const QVector<QTextFormat> formats = document.allFormats();
+    return std::all_of(formats.begin(), formats.end(), [](const QTextFormat &format) {
+        const QMap<int, QVariant> properties = format.properties();
+        return std::all_of(properties.begin(), properties.end(), isLength);
+    });
+}
+
 bool areTablesCheap(const QTextDocument &document)
 {
     int cost = 0;
@@ -82,6 +114,12 @@ bool areTablesCheap(const QTextDocument &document)
             frames.append({ child, childCost });
     }
     return true;
+}
+
+/// Whether the shape of the text keeps the layout from coming to its end.
+bool isHostile(const QTextDocument &document)
+{
+    return !areLengthsSound(document) || !areTablesCheap(document);
 }
 } // namespace
 
@@ -107,7 +145,7 @@ void showIn(QTextEdit *textEdit, const QString &text)
     const QString parsed = parsedPart(text);
     ClosedDocument document;
     document.setHtml(parsed);
-    if (document.characterCount() <= kMostCharacters && areTablesCheap(document))
+    if (document.characterCount() <= kMostCharacters && !isHostile(document))
         textEdit->setHtml(parsed);
     else
         textEdit->setPlainText(visiblePart(document.toPlainText()));
@@ -119,7 +157,7 @@ QString withoutLoading(const QString &richText)
         return richText;
     ClosedDocument document;
     document.setHtml(richText);
-    return document.wouldLoad() ? toRichText(document.toPlainText()) : richText;
+    return document.wouldLoad() || isHostile(document) ? toRichText(document.toPlainText()) : richText;
 }
 
 QString toRichText(const QString &text)

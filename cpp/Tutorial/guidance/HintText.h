@@ -19,7 +19,8 @@ QString visiblePart(const QString &text);
 /// layout could take without end is shown as the beginning of its plain text.
 void showIn(QTextEdit *textEdit, const QString &text);
 
-/// A rich text for who would load what it names. Where it does name something, it is its plain text as rich text.
+/// A rich text for who would load what it names. Where it does name something, or could take
+/// without end to be laid out, it is its plain text as rich text.
 QString withoutLoading(const QString &richText);
 
 /// A plain text as rich text that shows every character as it stands: markup is escaped, a backslash

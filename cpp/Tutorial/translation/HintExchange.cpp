@@ -120,7 +120,7 @@ QString HintExchange::write(const QString &path, const Header &header, const QVe
     QByteArray bytes;
     if (!folder.isValid() || !DataSupport::writeFile(source, documentOf(header, entries).toByteArray(4)))
         return message(QT_TRANSLATE_NOOP("TutorialManager", "Failed to write %1.")).arg(folder.path());
-    const QString error = Lconvert::convert(source, QStringLiteral("ts"), converted, QStringLiteral("xlf"));
+    QString error = Lconvert::convert(source, QStringLiteral("ts"), converted, QStringLiteral("xlf"));
     if (!error.isEmpty())
         return error;
     if (!DataSupport::readFile(converted, bytes) || !DataSupport::writeFile(path, bytes))

@@ -303,7 +303,7 @@ TutorialTranslation::Feedback TutorialTranslation::feedback(const QString &local
         Log::warning(kFolder, "TutorialTranslation::feedbackTranslation", __LINE__)
             << "changed here and in the file" << locale << theirs.source << theirs.translation;
     }
-    const Feedback feedback{ onDisk, staleKeysOf(document), result.taken };
+    Feedback feedback{ onDisk, staleKeysOf(document), result.taken };
     TranslationSource::writeMessages(document, mTranslationContext, result.entries);
     return feedback;
 }
