@@ -2,6 +2,8 @@
 
 #include "model/TutorialItemField.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonValue>
 
 #include <algorithm>
@@ -35,6 +37,14 @@ const std::vector<KnownKey> &knownKeys()
         return known;
     }();
     return keys;
+}
+/// A key as the reader reads it.
+QString unescaped(const QString &key)
+{
+    if (!key.contains(QLatin1Char('\\')))
+        return key;
+    const QString list = QLatin1String("[\"") + key + QLatin1String("\"]");
+    return QJsonDocument::fromJson(list.toUtf8()).array().first().toString(key);
 }
 } // namespace
 
@@ -96,7 +106,7 @@ int ScenarioLines::lineOfItem(int item, const QString &key) const
         return lineInArray(position);
     int line = lineInArray(position);
     ++position;
-    QStringRef name;
+    QString name;
     for (int value = nextValue(position, name); value >= 0; value = nextValue(position, name)) {
         if (name == key)
             line = lineInArray(value);
@@ -124,12 +134,12 @@ void ScenarioLines::scanItem(int &position, int depth)
     quint64 seen = 0;
     bool isFolder = false;
     QVector<LostKey> stepKeys;
-    QStringRef key;
+    QString key;
     for (int value = nextValue(position, key); value >= 0; value = nextValue(position, key)) {
         const auto found =
             std::find_if(known.begin(), known.end(), [&key](const KnownKey &each) { return each.name == key; });
         if (found == known.end()) {
-            mLostKeys.append({ LostKey::Kind::Unknown, key.toString(), value, index });
+            mLostKeys.append({ LostKey::Kind::Unknown, key, value, index });
             skipValue(position);
             continue;
         }
@@ -194,7 +204,7 @@ void ScenarioLines::scanItems(int &position, int depth)
     ++position;
 }
 
-int ScenarioLines::nextValue(int &position, QStringRef &key) const
+int ScenarioLines::nextValue(int &position, QString &key) const
 {
     skipSpace(position);
     if (at(position) == QLatin1Char(',')) {
@@ -207,7 +217,7 @@ int ScenarioLines::nextValue(int &position, QStringRef &key) const
     }
     const int begin = position + 1;
     skipString(position);
-    key = mArray.midRef(begin, position - 1 - begin);
+    key = unescaped(mArray.mid(begin, position - 1 - begin));
     skipSpace(position);
     if (at(position) == QLatin1Char(':'))
         ++position;

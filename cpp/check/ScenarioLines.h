@@ -68,7 +68,7 @@ private:
     void skipSpace(int &position) const;
     QChar at(int position) const { return position < mArray.size() ? mArray.at(position) : QChar(); }
     /// The first character of the value of the next key, whose name goes to key; -1 at the end of the object.
-    int nextValue(int &position, QStringRef &key) const;
+    int nextValue(int &position, QString &key) const;
 
     QString mArray;
     TextMap mMap;

@@ -152,6 +152,7 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     step("\n\"showArrow\":1,", "value-left-out 2 X.js:4");
     step("\n\"folow\":\n{\"id\":9},", "key-unknown 2 X.js:5");
     step("\"followWindow\":\"a\",", "");
+    step("\n\"j\\u0075mp\":\n99,", "jump-missing 2 X.js:5");
     step("\"command\":\"\\\"}\",\n\"showArrow\":\"\",", "value-left-out 2 X.js:4");
     step("\"folder\":true,\"children\":[{\"id\":8}],\n\"children\":[{\"id\":9,\"prohibited\":true,\n\"x\":\"\"}],",
          "key-twice 2 X.js:4, key-unknown 2 X.js:5, value-left-out 9 X.js:5");
