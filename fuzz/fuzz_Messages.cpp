@@ -74,6 +74,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         for (const QByteArray &message : bytes.split(HostRecord::kEnd))
             carryOut(manager, QString::fromUtf8(message));
         tickAll(manager);
+        // A stop while nothing runs leaves what a late step shows.
+        manager.onReceived(HostMessages::FromHost::kStart);
         manager.onReceived(HostMessages::FromHost::kStop);
         QCoreApplication::processEvents();
         for (const QWidget *window : QApplication::topLevelWidgets())
