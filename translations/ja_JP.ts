@@ -390,6 +390,10 @@ Change %2 to %1 ?</source>
             <translation>%1に "%2" が含まれるため、保存したファイルを読み直せなくなります。取り除いてください。</translation>
         </message>
         <message>
+            <source>This comment holds "%1", so that all from there to the next "*/" is left out: write it without.</source>
+            <translation>このコメントに "%1" が含まれるため、そこから次の "*/" までが無視されます。取り除いてください。</translation>
+        </message>
+        <message>
             <source>Another item has the id #%1, too, so that both are one: give one of them an id of its own.</source>
             <translation>ID #%1 の項目が他にもあり、同じ項目として扱われます。どちらかに別の ID を付けてください。</translation>
         </message>

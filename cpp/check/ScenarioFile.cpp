@@ -227,6 +227,14 @@ int ScenarioFile::addSwallowedTexts(const QString &script)
 {
     const QVector<SwallowedText::Place> places = SwallowedText::find(script);
     for (const SwallowedText::Place &place : places) {
+        if (place.isInLineComment) {
+            addProblem("comment-open",
+                       TutorialCheck::tr("This comment holds \"%1\", so that all from there to the next \"*/\" is left "
+                                         "out: write it without.")
+                           .arg(place.part),
+                       mLines.lineAt(place.position));
+            continue;
+        }
         addProblem(
             "text-unreadable",
             TutorialCheck::tr("%1 holds \"%2\", with which the saved file could not be read again: write it without.")

@@ -1,5 +1,7 @@
 #include "check/SwallowedText.h"
 
+#include <algorithm>
+
 namespace
 {
 const QLatin1String kOpening("/*");
@@ -39,7 +41,7 @@ public:
             if (isClosedComment(position)) {
                 position = mScript.indexOf(kClosing, position + kOpening.size()) + kClosing.size();
             } else if (isBlank && standsAt(position, QLatin1String("//"))) {
-                position = nextLine(mScript, position);
+                position = scanLineComment(position);
             } else if (character == QLatin1Char('"')) {
                 isBlank = false;
                 position = scanString(position);
@@ -64,6 +66,32 @@ private:
         return position + kOpening.size() <= mLastClosing && standsAt(position, kOpening);
     }
 
+    /// To the end of its line, or after the block comment that the reader sees begin in it.
+    int scanLineComment(int begin)
+    {
+        const int lineEnd = nextLine(mScript, begin);
+        for (int i = mScript.indexOf(kOpening, begin); i >= 0 && i < lineEnd; i = mScript.indexOf(kOpening, i)) {
+            if (!isClosedComment(i))
+                break;
+            const int closing = mScript.indexOf(kClosing, i + kOpening.size());
+            if (closing > lineEnd) {
+                if (hasMoreThanLineComments(lineEnd, closing))
+                    mPlaces.append({ kOpening, i, true });
+                return closing + kClosing.size();
+            }
+            i = closing + kClosing.size();
+        }
+        return lineEnd;
+    }
+    bool hasMoreThanLineComments(int begin, int end) const
+    {
+        const QVector<QStringRef> lines = mScript.midRef(begin, end - begin).split(QLatin1Char('\n'));
+        return std::any_of(lines.begin(), lines.end(), [](const QStringRef &line) {
+            const QStringRef text = line.trimmed();
+            return !text.isEmpty() && !text.startsWith(QLatin1String("//"));
+        });
+    }
+
     int scanString(int begin)
     {
         const int end = endOfString(mScript, begin);
@@ -72,10 +100,10 @@ private:
         for (int i = begin; i < end; ++i) {
             if (!mHasComment && isClosedComment(i)) {
                 mHasComment = true;
-                mPlaces.append({ kOpening, i });
+                mPlaces.append({ kOpening, i, false });
             } else if (!mHasEnd && standsAt(i, kListEnd)) {
                 mHasEnd = true;
-                mPlaces.append({ kListEnd, i });
+                mPlaces.append({ kListEnd, i, false });
             }
         }
         return end;

@@ -189,6 +189,8 @@ void tst_TutorialCheck::findsEachFaultAlone_data()
     file("var scenario = [\n{\"id\":1,\"name\":\"a/*b\"},\n{\"id\":2,\"name\":\"b*/c\"}\n];",
          "text-unreadable -1 X.js:2");
     file("var scenario = [\n{\"id\":1},\n{\"id\":2,\"name\":\"\\\"a];\"}\n];", "text-unreadable -1 X.js:3");
+    file("var scenario = [\n{\"id\":1},\n // a /* b\n{\"id\":2},\n// */\n{\"id\":3}\n];", "comment-open -1 X.js:3");
+    file("var scenario = [\n// /* a */ b\n// /*\n// {},\n// */\n{\"id\":1,\"hint\":\"\"}\n];", "");
     file("[\n// \"];\"\n/* \" /* */{\"id\":1,\"name\":\"*/\"}\n]", "");
     file("[\n{\"id\":1,\"name\":\"a},\n/* b */\n{\"id\":2}\n];", "syntax -1 X.js:4");
     file("[\n{\"id\":1,\"hint\":\n/* \"#1\" */qsTr(\"#2\")},\n{\"id\":2,\"name\":\"b\",\"hint\":\"#2\"},"
