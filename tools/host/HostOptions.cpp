@@ -26,6 +26,9 @@ void addOptions(QCommandLineParser &parser)
         option("suffix", "Listen on the local server qelm<suffix>. Default: a fresh one.", "suffix"),
         option("program", "The program to start. Default: trelvane beside this executable.", "path"),
         option("author", "Start trelvane-author, the authoring mode, instead."),
+        option("documents",
+               "With --author: work in the folder Trelvane of the user's documents, which begins with "
+               "copies of the installed tutorials. Default: the current folder."),
         option("no-program", "Start no program, wait for one that is started by hand."),
         option("program-log", "Pass the program's own log on to standard error."),
         option("event-log", "Tell the program what the user does. --author implies it."),
@@ -70,6 +73,9 @@ void readProgram(const QCommandLineParser &parser, const QString &folder, HostOp
 {
     const bool author = parser.isSet(QStringLiteral("author"));
     options.program = parser.value(QStringLiteral("program"));
+    options.inDocuments = parser.isSet(QStringLiteral("documents"));
+    if (options.inDocuments && !author)
+        options.error = QStringLiteral("--documents goes with --author.");
     if (parser.isSet(QStringLiteral("no-program"))) {
         if (author || !options.program.isEmpty())
             options.error = QStringLiteral("--no-program goes with neither --program nor --author.");

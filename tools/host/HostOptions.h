@@ -13,6 +13,8 @@ struct HostOptions
     QString suffix;
     /// Path of the program, empty to wait for one that is started by hand.
     QString program;
+    /// Whether the program works in the writer's folder of the user's documents, else in the current one.
+    bool inDocuments = false;
     /// Whether the program's own log goes to standard error.
     bool programLog = false;
     /// Whether the program is told what the user does, for the writer of a tutorial.

@@ -3,6 +3,7 @@
 #include "ScriptDialog.h"
 #include "Transcript.h"
 #include "Tutorial/link/HostMessages.h"
+#include "WritersFolder.h"
 
 #include <QApplication>
 #include <QDir>
@@ -91,6 +92,14 @@ QString HostSession::begin()
     }
     if (!mOptions.pictureFolder.isEmpty() && !QDir().mkpath(mOptions.pictureFolder))
         return QStringLiteral("cannot make the folder \"%1\"").arg(mOptions.pictureFolder);
+    if (mOptions.inDocuments) {
+        const QString folder = WritersFolder::path();
+        const QString obstacle = WritersFolder::layOut(folder, WritersFolder::samples());
+        if (!obstacle.isEmpty())
+            return obstacle;
+        mProgram.setWorkingDirectory(folder);
+        Transcript::remark(QStringLiteral("the tutorials lie in %1").arg(folder));
+    }
     QString error = mLink.listen(mOptions.suffix);
     if (!error.isEmpty())
         return error;

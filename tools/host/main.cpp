@@ -3,6 +3,7 @@
 #include "Transcript.h"
 
 #include <QApplication>
+#include <QMessageBox>
 
 #include <cstdio>
 
@@ -39,6 +40,9 @@ int main(int argc, char **argv)
     const QString error = session.begin();
     if (!error.isEmpty()) {
         std::fprintf(stderr, "trelvane-host: %s\n", qPrintable(error));
+        // Who comes from the desktop's menu sees no standard error.
+        if (options.inDocuments)
+            QMessageBox::critical(nullptr, QStringLiteral("Trelvane"), error);
         return 1;
     }
     return QApplication::exec();

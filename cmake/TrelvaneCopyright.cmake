@@ -1,0 +1,62 @@
+# The copyright file of an installation: our own part, and the licences of what the programs carry, each as its package
+# brings it.
+
+# trelvane_paragraph(<out variable> <text>): as Debian's copyright files want it, each line indented by a blank, an
+# empty one marked by a dot.
+function(trelvane_paragraph out text)
+    string(STRIP "${text}" text)
+    string(REGEX REPLACE "[ \t\r]*\n" "\n" text "${text}")
+    string(REPLACE "\n" "\n " text " ${text}")
+    string(REGEX REPLACE "\n +\n" "\n .\n" text "${text}")
+    string(REGEX REPLACE "\n +\n" "\n .\n" text "${text}")
+    set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+# The fonts' licence: OFL.txt of TRELVANE_LICENCES_DIR, else a paragraph of the package's copyright file.
+function(trelvane_read_font_licence out)
+    set(file /usr/share/doc/fonts-mplus/copyright)
+    if(TRELVANE_LICENCES_DIR)
+        set(file ${TRELVANE_LICENCES_DIR}/OFL.txt)
+    endif()
+    if(NOT EXISTS ${file})
+        message(FATAL_ERROR "The licence text ${file} is missing. Install it with: apt-get install fonts-mplus, "
+            "or name a folder that has it with -DTRELVANE_LICENCES_DIR=")
+    endif()
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(READ ${file} text)
+    if(TRELVANE_LICENCES_DIR)
+        trelvane_paragraph(text "${text}")
+    else()
+        set(heading "\nLicense: OFL-1.1\n ")
+        string(FIND "${text}" "${heading}" begin)
+        if(begin LESS 0)
+            message(FATAL_ERROR "${file} holds no text of the fonts' licence.")
+        endif()
+        string(LENGTH "${heading}" length)
+        math(EXPR begin "${begin} + ${length} - 1")
+        string(SUBSTRING "${text}" ${begin} -1 text)
+        string(FIND "${text}" "\n\n" end)
+        string(SUBSTRING "${text}" 0 ${end} text)
+    endif()
+    set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+# trelvane_write_copyright(<file>): call it after the resources, which fetch the script compiler where it is wanted.
+function(trelvane_write_copyright output)
+    trelvane_read_font_licence(font_licence)
+    set(licences "License: OFL-1.1\n${font_licence}")
+    set(compiler "")
+    set(compiler_licence ${CMAKE_BINARY_DIR}/npm/node_modules/coffee-script/LICENSE)
+    if(EXISTS ${compiler_licence})
+        file(READ ${compiler_licence} text)
+        string(REGEX MATCH "Copyright \\(c\\) ([^\n]+)" notice "${text}")
+        set(holder ${CMAKE_MATCH_1})
+        string(REPLACE "${notice}" "" text "${text}")
+        trelvane_paragraph(text "${text}")
+        string(CONCAT compiler "Files: coffee-script.js\nCopyright: ${holder}\nLicense: Expat\n"
+            "Comment: The script compiler, carried inside of the programs.\n\n")
+        string(PREPEND licences "License: Expat\n${text}\n\n")
+    endif()
+    file(READ ${CMAKE_SOURCE_DIR}/packaging/copyright text)
+    file(GENERATE OUTPUT ${output} CONTENT "${text}\n${compiler}${licences}\n")
+endfunction()
