@@ -2,6 +2,37 @@
 <!DOCTYPE TS>
 <TS language="en_US" version="2.1">
     <context>
+        <name>StepSpeech</name>
+        <message>
+            <source>Click</source>
+            <translation>Click</translation>
+        </message>
+        <message>
+            <source>Double-click</source>
+            <translation>Double-click</translation>
+        </message>
+        <message>
+            <source>Right-click</source>
+            <translation>Right-click</translation>
+        </message>
+        <message>
+            <source>Look</source>
+            <translation>Look</translation>
+        </message>
+        <message>
+            <source>Wait</source>
+            <translation>Wait</translation>
+        </message>
+        <message>
+            <source>Use the keyboard</source>
+            <translation>Use the keyboard</translation>
+        </message>
+        <message>
+            <source>The arrow points at %1</source>
+            <translation>The arrow points at %1</translation>
+        </message>
+    </context>
+    <context>
         <name>TutorialSideViewStep0</name>
         <message>
             <source>#2</source>

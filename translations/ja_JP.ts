@@ -589,6 +589,37 @@ Change %2 to %1 ?</source>
         </message>
     </context>
     <context>
+        <name>StepSpeech</name>
+        <message>
+            <source>Click</source>
+            <translation>クリック</translation>
+        </message>
+        <message>
+            <source>Double-click</source>
+            <translation>ダブルクリック</translation>
+        </message>
+        <message>
+            <source>Right-click</source>
+            <translation>右クリック</translation>
+        </message>
+        <message>
+            <source>Look</source>
+            <translation>見る</translation>
+        </message>
+        <message>
+            <source>Wait</source>
+            <translation>待つ</translation>
+        </message>
+        <message>
+            <source>Use the keyboard</source>
+            <translation>キーボードを使う</translation>
+        </message>
+        <message>
+            <source>The arrow points at %1</source>
+            <translation>矢印の先: %1</translation>
+        </message>
+    </context>
+    <context>
         <name>TutorialIndicator</name>
         <message>
             <source>Next</source>

@@ -109,6 +109,7 @@ void TutorialManager::onIndicator(const QStringList &fields)
         indicator->init(step.nextVisible, step.yesNoVisible);
         indicator->mIconType = step.iconType;
         mGuidanceWindows.showTooltip();
+        indicator->announceStep();
     } else if (command == FromHost::kUpdateXy) {
         indicator->mTargetX = number(fields, 2);
         indicator->mTargetY = number(fields, 3);

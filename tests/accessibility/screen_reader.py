@@ -50,7 +50,6 @@ class Event:
         self.source = event.source
         self.value = event.detail1
         self.role = event.source.getRoleName()
-        event.source.clearCache()
         self.name = event.source.name
         self.description = event.source.description
 
@@ -61,13 +60,20 @@ class Event:
 
 
 class ScreenReader:
-    """Follows one program, by its process id. Every event is kept in `heard`, in order."""
+    """Follows one program, which is started after it: a toolkit may miss who begins to listen while it starts.
 
-    def __init__(self, process_id):
-        self.process_id = process_id
+    Every event is kept in `heard`, in order.
+    """
+
+    def __init__(self):
+        self.process_id = None
+        self.meanwhile = lambda: None  # called often while something is waited for
         self.heard = []
         for kind in EVENTS:
             pyatspi.Registry.registerEventListener(self.on_event, kind)
+
+    def follow(self, process_id):
+        self.process_id = process_id
 
     def on_event(self, event):
         try:
@@ -81,6 +87,7 @@ class ScreenReader:
         end = time.monotonic() + LIMIT
         while True:
             self.take_events()
+            self.meanwhile()
             try:
                 result = condition()
             except GLib.Error:
@@ -91,6 +98,11 @@ class ScreenReader:
                 sys.exit("%s did not come in %d seconds; heard:\n  %s\nto be seen:\n%s" % (
                     what, LIMIT, "\n  ".join(map(str, self.heard)), "\n".join(self.tree())))
             time.sleep(0.02)
+
+    def announcements(self):
+        """What was spoken without the user's doing: the notifications that were shown."""
+        return [event for event in self.heard
+                if event.role == "notification" and event.type.endswith("showing") and event.value]
 
     def take_events(self):
         context = GLib.MainContext.default()

@@ -5,6 +5,7 @@
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/HintText.h"
 #include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/StepSpeech.h"
 #include "Tutorial/guidance/WindowPlatform.h"
 #include "Tutorial/guidance/WindowShape.h"
 
@@ -77,8 +78,11 @@ void EditorTooltip::advance()
             mFadeTicks = kFade;
     } else if (mHoldTicks > 0) {
         if (mFadeTicks > 0) {
+            const bool first = mFadeTicks == kFade;
             --mFadeTicks;
             setOpacity(float(kFade - mFadeTicks) / kFade);
+            if (first)
+                Spoken::announce(this);
         } else if (--mHoldTicks == 0) {
             mFadeTicks = kFade;
         }
@@ -86,6 +90,16 @@ void EditorTooltip::advance()
         --mFadeTicks;
         setOpacity(float(mFadeTicks) / kFade);
     }
+}
+
+Speech EditorTooltip::speech() const
+{
+    return { isSeen() ? mTextEdit->toPlainText() : QString(), QString() };
+}
+
+bool EditorTooltip::isSeen() const
+{
+    return mTextEdit && !mTextEdit->isHidden() && windowOpacity() > 0;
 }
 
 void EditorTooltip::closeEvent(QCloseEvent *event)
@@ -112,7 +126,6 @@ void EditorTooltip::updateShape()
 {
     WindowShape::update(this, [this] {
         // Nothing fades there either.
-        const bool isSeen = mTextEdit && !mTextEdit->isHidden() && windowOpacity() > 0;
-        return isSeen ? QRegion(mTextEdit->geometry()) : QRegion();
+        return isSeen() ? QRegion(mTextEdit->geometry()) : QRegion();
     });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tutorial/guidance/Spoken.h"
+
 #include <QWidget>
 
 class GuidanceContext;
@@ -9,7 +11,7 @@ class QTextEdit;
 /// stays for five and fades out; it lets all input through. It is not shown by its construction.
 ///
 /// Closing it tells the context to forget it; its owner frees it later.
-class EditorTooltip : public QWidget
+class EditorTooltip : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -20,6 +22,10 @@ public:
     /// Shows a plain or rich text centred on a point in screen pixels, from the beginning of its delay.
     /// Hides the base class's `show()` by name: `setVisible(true)` shows the window as it was.
     void show(const QString &text, int x, int y);
+
+    /// The text while it is seen.
+    Speech speech() const override;
+    QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
     QTextEdit *mTextEdit; ///< a child; null once the window was closed
     GuidanceContext *mManager; ///< not owned
@@ -40,5 +46,6 @@ private:
 
     void advance();
     void setOpacity(float opacity);
+    bool isSeen() const;
     void updateShape();
 };

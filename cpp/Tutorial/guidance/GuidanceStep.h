@@ -26,6 +26,7 @@ struct GuidanceStep
     QPixmap mKeyboardPixmap; ///< icon 5
 
     int mIconType = 6; ///< 0 to 5, any other number draws no icon
+    QString mWindowKey; ///< what the step points at
     QString mHint; ///< the whole text as it was received
     int mHintHeight = 64; ///< height of the text edit in pixels
     GuidanceContext *mManager; ///< not owned

@@ -29,6 +29,7 @@ void GuidanceWindows::begin()
     }
     showTooltip();
     mIndicator->showButtons();
+    mIndicator->forgetAnnounced();
 }
 
 void GuidanceWindows::setGuidanceVisible(bool visible)

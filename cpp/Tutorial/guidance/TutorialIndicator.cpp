@@ -1,9 +1,9 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 
 #include "tool/Log.h"
-#include "Tutorial/guidance/GuidanceContext.h"
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/HintView.h"
+#include "Tutorial/guidance/StepSpeech.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 #include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowPlatform.h"
@@ -107,6 +107,17 @@ void TutorialIndicator::setHint(const QString &hint)
     mHintChanged = true;
 }
 
+void TutorialIndicator::announceStep()
+{
+    if (!mTooltip)
+        return;
+    const QVariantList step{ mTooltip->speech().text(), mOffsetX, mOffsetY, mNextVisible, mYesNoVisible };
+    if (step == mAnnounced)
+        return;
+    mAnnounced = step;
+    Spoken::announce(mTooltip);
+}
+
 void TutorialIndicator::hideButtons()
 {
     for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
@@ -127,17 +138,23 @@ void TutorialIndicator::showButtons()
 
 void TutorialIndicator::nextClicked()
 {
-    mManager->pressed(GuidanceContext::Button::Next);
+    press(GuidanceContext::Button::Next);
 }
 
 void TutorialIndicator::yesClicked()
 {
-    mManager->pressed(GuidanceContext::Button::Yes);
+    press(GuidanceContext::Button::Yes);
 }
 
 void TutorialIndicator::noClicked()
 {
-    mManager->pressed(GuidanceContext::Button::No);
+    press(GuidanceContext::Button::No);
+}
+
+void TutorialIndicator::press(GuidanceContext::Button button)
+{
+    forgetAnnounced();
+    mManager->pressed(button);
 }
 
 void TutorialIndicator::timerEvent(QTimerEvent *)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Tutorial/guidance/GuidanceContext.h"
 #include "Tutorial/guidance/GuidanceStep.h"
 
+#include <QVariantList>
 #include <QWidget>
 
 #include <array>
@@ -30,6 +32,11 @@ public:
     void setTargetWindowOffset(int x, int y, const QString &windowKey, bool arrowVisible);
     /// Shows a plain text as the hint; an empty one hides it. Markup in it is shown as it stands.
     void setHint(const QString &hint);
+    /// Has a screen reader speak of the step. A step that was announced is not again, as long as no button was
+    /// pressed.
+    void announceStep();
+    /// The next step is announced whatever the last one was.
+    void forgetAnnounced() { mAnnounced.clear(); }
     /// Hides the buttons that exist; the step still wants them.
     void hideButtons();
     /// Shows those buttons that the step wants.
@@ -38,7 +45,6 @@ public:
     int mTimerId = 0; ///< 0 once the widget was closed
     int mOffsetX;
     int mOffsetY;
-    QString mWindowKey;
     QPushButton *mNextButton = nullptr; ///< null once the widget was closed, as the two below
     QPushButton *mYesButton = nullptr;
     QPushButton *mNoButton = nullptr;
@@ -69,10 +75,12 @@ private:
     bool measureHint();
     void moveWindows(int x, int y);
     void repaintTooltip();
+    void press(GuidanceContext::Button button);
 
     // The document outlives every text edit that shows it.
     std::unique_ptr<QTextDocument> mHintDocument;
     std::unique_ptr<TutorialTooltip> mTooltipOwner;
     std::array<std::unique_ptr<QPushButton>, 3> mButtonOwners;
     int mPaintedIconType;
+    QVariantList mAnnounced; // all that tells a step from another
 };

@@ -7,6 +7,7 @@
 #include "Tutorial/guidance/HintText.h"
 #include "Tutorial/guidance/HintView.h"
 #include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/StepSpeech.h"
 #include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowShape.h"
 
@@ -98,6 +99,12 @@ void TutorialTooltip::updateShape()
         const QRegion drawn = WindowShape::opaquePart(image);
         return mTextEdit && !mTextEdit->isHidden() ? drawn | mTextEdit->geometry() : drawn;
     });
+}
+
+Speech TutorialTooltip::speech() const
+{
+    return StepSpeech::ofStep(mIndicator->mHint, mIndicator->mIconType,
+                              mIndicator->mArrowVisible ? mIndicator->mWindowKey : QString());
 }
 
 void TutorialTooltip::closeEvent(QCloseEvent *event)

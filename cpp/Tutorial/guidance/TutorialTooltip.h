@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tutorial/guidance/Spoken.h"
+
 #include <QWidget>
 
 class QPainter;
@@ -10,7 +12,7 @@ struct GuidanceStep;
 /// all input through to the windows beneath it, and has no state of its own.
 ///
 /// Closing it takes it out of the step (`mTooltip` becomes null); its owner frees it later.
-class TutorialTooltip : public QWidget
+class TutorialTooltip : public QWidget, public Spoken
 {
     Q_OBJECT
 
@@ -25,6 +27,10 @@ public:
 
     /// Brings the window's shape in line with what it draws, where the screen isn't composed.
     void updateShape();
+
+    /// The step in words.
+    Speech speech() const override;
+    QAccessible::Role accessibleRole() const override { return QAccessible::AlertMessage; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
