@@ -118,6 +118,42 @@ MenuBar {
 
         MenuSeparator {}
 
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Move up")
+            shortcut: "Alt+Up"
+            activeMenu: root.window.activeMenu
+            member: "moveUpMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Move down")
+            shortcut: "Alt+Down"
+            activeMenu: root.window.activeMenu
+            member: "moveDownMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Move into the folder")
+            shortcut: "Alt+Right"
+            activeMenu: root.window.activeMenu
+            member: "moveInMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Move out of the folder")
+            shortcut: "Alt+Left"
+            activeMenu: root.window.activeMenu
+            member: "moveOutMi"
+        }
+
+        ForwardedMenuItem {
+            text: qsTranslate("main", "Prohibit or permit (Space)")
+            activeMenu: root.window.activeMenu
+            member: "prohibitMi"
+        }
+
+        MenuSeparator {}
+
         MenuItem {
             objectName: "undo"
             text: qsTranslate("main", "&Undo")

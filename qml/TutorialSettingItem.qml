@@ -148,6 +148,18 @@ ItemFields {
             treeListView.setSelectedIdList(idList);
     }
 
+    // A name that is being typed in the tree would go with its row.
+
+    function moveItems(step) {
+        if (applicationWindow.commitEditing())
+            treeListView.edits.moveByStep(step);
+    }
+
+    function toggleProhibited() {
+        if (applicationWindow.commitEditing())
+            treeListView.edits.toggleProhibited();
+    }
+
     function changeName(sequence, index, name) {
         UndoRedo.beginSequence(sequence);
         tutorialItemListModel.changeItemName(index, name);
@@ -284,6 +296,8 @@ ItemFields {
         onCopyRequested: root.copyItems()
         onPasteRequested: root.pasteItems()
         onDeleteRequested: root.deleteIdList(root.selectedIdList)
+        onMoveRequested: root.moveItems(step)
+        onProhibitRequested: root.toggleProhibited()
     }
 
     TutorialItemListModel {

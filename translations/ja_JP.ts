@@ -888,6 +888,26 @@ Do you save tutorial?</source>
             <source>empty</source>
             <translation>未入力</translation>
         </message>
+        <message>
+            <source>Move up</source>
+            <translation>上へ移動</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>下へ移動</translation>
+        </message>
+        <message>
+            <source>Move into the folder</source>
+            <translation>フォルダーの中へ移動</translation>
+        </message>
+        <message>
+            <source>Move out of the folder</source>
+            <translation>フォルダーの外へ移動</translation>
+        </message>
+        <message>
+            <source>Prohibit or permit (Space)</source>
+            <translation>禁止または許可（Space）</translation>
+        </message>
     </context>
     <context>
         <name>TutorialSideViewStep0</name>
@@ -1187,6 +1207,26 @@ Do you save tutorial?</source>
 Yes writes over it. No opens it again, without your changes.</source>
             <translation>開いた後に、ファイルがほかで変更されました。
 「はい」で上書きします。「いいえ」で変更を破棄して開き直します。</translation>
+        </message>
+        <message>
+            <source>Move up</source>
+            <translation>上へ移動</translation>
+        </message>
+        <message>
+            <source>Move down</source>
+            <translation>下へ移動</translation>
+        </message>
+        <message>
+            <source>Move into the folder</source>
+            <translation>フォルダーの中へ移動</translation>
+        </message>
+        <message>
+            <source>Move out of the folder</source>
+            <translation>フォルダーの外へ移動</translation>
+        </message>
+        <message>
+            <source>Prohibit or permit (Space)</source>
+            <translation>禁止または許可（Space）</translation>
         </message>
     </context>
 </TS>

@@ -1,7 +1,8 @@
-// Where rows that are dragged in the tree would go.
+// Where rows that are dragged in the tree, or moved by keys, would go.
 
 #include "quick/TreeDropRules.h"
 #include "quick/TutorialItemListModel.h"
+#include "tool/IdSet.h"
 
 namespace
 {
@@ -23,6 +24,82 @@ void collectRows(const QModelIndex &index, QHash<int, TreeDropRow> &wanted)
         *hit = dropRow(index);
     for (int i = 0; i < index.model()->rowCount(index); ++i)
         collectRows(index.model()->index(i, 0, index), wanted);
+}
+
+int idOf(const QStandardItem &row)
+{
+    return row.data(Model::RoleId).toInt();
+}
+
+/// The nearest neighbour of a row in its folder, upwards or downwards, that does not move itself.
+const QStandardItem *neighbour(const QStandardItem &row, int direction, const QSet<int> &moved)
+{
+    const QStandardItem *folder = row.parent();
+    if (!folder)
+        return nullptr;
+    int place = row.row() + direction;
+    while (folder->child(place) && moved.contains(idOf(*folder->child(place))))
+        place += direction;
+    return folder->child(place);
+}
+
+TreeDrop before(const QStandardItem &row)
+{
+    TreeDrop drop;
+    drop.kind = TreeDrop::Before;
+    drop.targetId = idOf(row);
+    drop.folderId = idOf(*row.parent());
+    return drop;
+}
+
+TreeDrop atEndOf(const QStandardItem &folder)
+{
+    TreeDrop drop;
+    drop.kind = TreeDrop::Into;
+    drop.targetId = drop.folderId = idOf(folder);
+    return drop;
+}
+
+TreeDrop after(const QStandardItem &row, const QSet<int> &moved)
+{
+    const QStandardItem *next = neighbour(row, 1, moved);
+    return next ? before(*next) : atEndOf(*row.parent());
+}
+
+/// Into the folder above the rows, as its last ones, else into the one below, as its first ones.
+TreeDrop into(const QStandardItem *above, const QStandardItem *below)
+{
+    const auto isFolder = [](const QStandardItem *row) { return row && row->data(Model::RoleFolder).toBool(); };
+    if (isFolder(above))
+        return atEndOf(*above);
+    if (!isFolder(below))
+        return {};
+    return below->hasChildren() ? before(*below->child(0)) : atEndOf(*below);
+}
+
+TreeDrop decideStep(const QStandardItem &first, const QStandardItem &last, Model::Step step, const QSet<int> &moved)
+{
+    const QStandardItem *above = neighbour(first, -1, moved);
+    const QStandardItem *below = neighbour(last, 1, moved);
+    const QStandardItem *folder = first.parent();
+    switch (step) {
+    case Model::StepUp:
+        return above ? before(*above) : TreeDrop();
+    case Model::StepDown:
+        return below ? after(*below, moved) : TreeDrop();
+    case Model::StepIn:
+        return into(above, below);
+    case Model::StepOut:
+        return folder && folder->parent() ? after(*folder, moved) : TreeDrop();
+    }
+    return {};
+}
+
+QVariantMap place(const TreeDrop &drop)
+{
+    return { { QStringLiteral("before"), drop.kind == TreeDrop::Before },
+             { QStringLiteral("targetId"), drop.targetId },
+             { QStringLiteral("folderId"), drop.folderId } };
 }
 } // namespace
 
@@ -47,8 +124,17 @@ QVariantMap TutorialItemListModel::calcDrop(const QList<int> &idList, const QMod
         if (drop.kind == TreeDrop::Refused)
             return {};
     }
-    return { { QStringLiteral("before"), drop.kind == TreeDrop::Before },
-             { QStringLiteral("targetId"), drop.targetId },
-             { QStringLiteral("folderId"), drop.folderId },
-             { QStringLiteral("x"), treeDropX(drop.depth) } };
+    QVariantMap result = place(drop);
+    result.insert(QStringLiteral("x"), treeDropX(drop.depth));
+    return result;
+}
+
+QVariantMap TutorialItemListModel::calcStep(const QList<int> &idList, Step step) const
+{
+    const QStandardItem *first = idList.isEmpty() ? nullptr : findItemById(idList.first());
+    const QStandardItem *last = idList.isEmpty() ? nullptr : findItemById(idList.last());
+    if (!first || !last || !first->parent() || !last->parent())
+        return {};
+    const TreeDrop drop = decideStep(*first, *last, step, idSet(idList));
+    return drop.kind == TreeDrop::Refused ? QVariantMap() : place(drop);
 }

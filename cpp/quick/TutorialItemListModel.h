@@ -38,6 +38,11 @@ public:
         RoleFolder
     };
 
+    /// A step of rows among their neighbours: past one of them, to the end or the beginning of a folder
+    /// beside them, and out of their own to the place after it.
+    enum Step { StepUp, StepDown, StepIn, StepOut };
+    Q_ENUM(Step)
+
     explicit TutorialItemListModel(QObject *parent = nullptr);
 
     static int roleName() { return RoleName; }
@@ -91,6 +96,9 @@ public:
     /// "folderId" that the rows would stand in, and the "x" of their new level.
     Q_INVOKABLE QVariantMap calcDrop(const QList<int> &idList, const QModelIndex &indexUp, const QModelIndex &indexLow,
                                      qreal x) const;
+    /// Where those rows, given in tree order, would go with a step, as calcDrop tells it but for the
+    /// level; empty where there is no such place. As with a drop, they stand together afterwards.
+    Q_INVOKABLE QVariantMap calcStep(const QList<int> &idList, Step step) const;
     /// The tree as JSON text with id, name and folder flag of each item.
     Q_INVOKABLE QString getTreeJson() const;
 

@@ -3,6 +3,7 @@ import QtQuick.Controls 1.4
 import QtQml.Models 2.2
 import Morvi.kess 1.0
 import "TreeList"
+import "../QtControls/toolkit.js" as Toolkit
 import "../Singletons"
 
 /// A tree of named items with folders: reordering by drag, selection of several
@@ -68,6 +69,7 @@ Rectangle {
 
     readonly property alias selection: selectionModel
     readonly property alias dropArea: dropArea
+    readonly property alias edits: edits
     readonly property alias selected: selectedRow
 
     signal itemClicked(int itemId)
@@ -217,8 +219,11 @@ Rectangle {
         return view.indexAt(x < 0 ? 64 : x, y < 0 ? 4 : y);
     }
 
-    function popupContextMenu() {
-        if (contextMenu)
+    /// At the mouse, or at that place of an item.
+    function popupContextMenu(item, place) {
+        if (contextMenu && item)
+            Toolkit.popupAt(contextMenu, item, place);
+        else if (contextMenu)
             contextMenu.popup();
     }
 
@@ -265,6 +270,7 @@ Rectangle {
         view: view
         timers: timers
         marker: marker
+        edits: edits
     }
 
     FocusScope {
@@ -308,6 +314,15 @@ Rectangle {
         tree: root
         timers: timers
         selection: selectionModel
+    }
+
+    TreeListEdits {
+        id: edits
+        tree: root
+        view: view
+        timers: timers
+        keys: keys
+        rows: rows
     }
 
     TreeListRows {

@@ -45,3 +45,13 @@ function layArrowsSideBySide(control) {
     });
     return true;
 }
+
+/// Opens a menu at that place of an item, where the toolkit lets it, else at the mouse.
+function popupAt(menu, item, place) {
+    if (!menu.__popup) {
+        menu.popup();
+        return;
+    }
+    var point = item.mapToItem(null, place.x, place.y);
+    menu.__popup(Qt.rect(point.x, point.y, 0, 0), 0);
+}

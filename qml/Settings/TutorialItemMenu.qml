@@ -15,12 +15,19 @@ Menu {
     readonly property alias cutMi: cutItem
     readonly property alias pasteMi: pasteItem
     readonly property alias deleteMi: deleteItem
+    readonly property alias moveUpMi: moveUpItem
+    readonly property alias moveDownMi: moveDownItem
+    readonly property alias moveInMi: moveInItem
+    readonly property alias moveOutMi: moveOutItem
+    readonly property alias prohibitMi: prohibitItem
 
     signal folderRequested()
     signal itemRequested()
     signal copyRequested()
     signal pasteRequested()
     signal deleteRequested()
+    signal moveRequested(int step)
+    signal prohibitRequested()
 
     title: qsTranslate("TutorialSettingItem", "Tutorial item menu")
 
@@ -65,5 +72,42 @@ Menu {
         text: qsTranslate("TutorialSettingItem", "Delete")
         enabled: root.anySelected
         onTriggered: root.deleteRequested()
+    }
+
+    MenuSeparator {}
+
+    MenuItem {
+        id: moveUpItem
+        text: qsTranslate("TutorialSettingItem", "Move up")
+        enabled: root.anySelected
+        onTriggered: root.moveRequested(TutorialItemListModel.StepUp)
+    }
+
+    MenuItem {
+        id: moveDownItem
+        text: qsTranslate("TutorialSettingItem", "Move down")
+        enabled: root.anySelected
+        onTriggered: root.moveRequested(TutorialItemListModel.StepDown)
+    }
+
+    MenuItem {
+        id: moveInItem
+        text: qsTranslate("TutorialSettingItem", "Move into the folder")
+        enabled: root.anySelected
+        onTriggered: root.moveRequested(TutorialItemListModel.StepIn)
+    }
+
+    MenuItem {
+        id: moveOutItem
+        text: qsTranslate("TutorialSettingItem", "Move out of the folder")
+        enabled: root.anySelected
+        onTriggered: root.moveRequested(TutorialItemListModel.StepOut)
+    }
+
+    MenuItem {
+        id: prohibitItem
+        text: qsTranslate("TutorialSettingItem", "Prohibit or permit (Space)")
+        enabled: root.anySelected
+        onTriggered: root.prohibitRequested()
     }
 }

@@ -16,6 +16,8 @@ class tst_TreeListView : public AuthoringTest
 private Q_SLOTS:
     void goesByMouseAndKeys_data();
     void goesByMouseAndKeys();
+    void movesByKeys_data();
+    void movesByKeys();
     void renames();
     void showsAnotherDocument();
     void showsEditsAndSteps();
@@ -105,6 +107,52 @@ void tst_TreeListView::run(const QString &word)
         settle();
     else
         press(QKeySequence(verb));
+}
+
+void tst_TreeListView::movesByKeys_data()
+{
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<int>("steps");
+    const auto row = [](const char *script, const char *expected, int steps) {
+        QTest::newRow(script) << QString::fromLatin1(expected) << steps;
+    };
+    row("click:9 Alt+Up Alt+Up", "1 9 2[3 4[5 6] 7] 8[]", 2);
+    row("click:1 Alt+Up Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 0);
+    row("click:1 Alt+Down Alt+Down", "2[3 4[5 6] 7] 8[] 1 9", 2);
+    row("click:9 Alt+Right Alt+Up Alt+Right", "1 2[3 4[5 6] 7] 8[9]", 1);
+    // Into the folder below where there is none above, and to its beginning.
+    row("click:1 Alt+Right", "2[1 3 4[5 6] 7] 8[] 9", 1);
+    row("click:9 Alt+Right Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 2);
+    row("click:2 Right settle click:7 Alt+Up Alt+Up Alt+Left", "1 2[3 4[5 6]] 7 8[] 9", 3);
+    row("click:2 Right settle click:4 Right settle Alt+Left", "1 2[3 7] 4[5 6] 8[] 9", 1);
+    row("click:2 Alt+Down Alt+Right", "1 8[2[3 4[5 6] 7]] 9", 2);
+    // Several go together, as with a drop.
+    row("click:1 ctrl:8 Alt+Down", "2[3 4[5 6] 7] 9 1 8[]", 1);
+    row("click:8 ctrl:9 Alt+Up Alt+Up", "8[] 9 1 2[3 4[5 6] 7]", 2);
+    row("click:-1 Alt+Down", "1 2[3 4[5 6] 7] 8[] 9", 0);
+    // A name that is being typed counts.
+    row("click:9 F2 X Alt+Up", "1 2[3 4[5 6] 7] 9 8[]", 2);
+}
+
+void tst_TreeListView::movesByKeys()
+{
+    QFETCH(QString, expected);
+    QFETCH(int, steps);
+    load(kShape);
+    for (const QString &word : QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')))
+        run(word);
+    QCOMPARE(shape(), expected);
+    QCOMPARE(record(9)->mName, QLatin1String(expected.endsWith(QLatin1String("7] 9 8[]")) ? "x" : "name9"));
+    settle();
+    // The keys stay with the first of the rows, which is in view.
+    const QString moved = selected();
+    QVERIFY(steps == 0 || row(moved.section(QLatin1Char(' '), 0, 0).toInt())->hasActiveFocus());
+    for (int step = 0; step < steps; ++step)
+        undo();
+    QCOMPARE(shape(), kShape);
+    QVERIFY(!UndoRedo::instance()->canUndo());
+    settle();
+    QCOMPARE(selected(), moved);
 }
 
 void tst_TreeListView::renames()

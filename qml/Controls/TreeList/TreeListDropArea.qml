@@ -11,6 +11,7 @@ DropArea {
     property TreeListTree view: null
     property TreeListTimers timers: null
     property TreeListMarker marker: null
+    property TreeListEdits edits: null
 
     readonly property bool dragging: enteredIndex !== null
     /// The row where the drag began. There is no type for an index but var.
@@ -158,27 +159,6 @@ DropArea {
         lastHoverId = -1;
     }
 
-    function carryOut(beforeIndex, intoIndex) {
-        var model = tree.treeListModel;
-        var idList = tree.selection.getTreeSelectedIdList();
-        if (beforeIndex !== null) {
-            UndoRedo.beginSequence("moveTreeItem(1)");
-            model.moveIdListBeforeIndex(beforeIndex, idList);
-            UndoRedo.endSequence();
-            tree.follow();
-        } else {
-            var folderId = tree.getIdByIndex(intoIndex);
-            UndoRedo.beginSequence("moveTreeItem(2)");
-            model.moveIdListIntoIndex(intoIndex, idList);
-            UndoRedo.endSequence();
-            tree.follow();
-            view.expand(model.getModelIndexById(folderId));
-        }
-        tree.selection.setSelectedIdList(idList);
-        timers.startAutoSelect(idList);
-        tree.treeItemMoved();
-    }
-
     function reset() {
         moveBeforeIndex = null;
         moveIntoIndex = null;
@@ -238,7 +218,7 @@ DropArea {
         // What moves the rows from now on is no longer part of the drag.
         reset();
         if (beforeIndex !== null || intoIndex !== null)
-            carryOut(beforeIndex, intoIndex);
+            edits.move(beforeIndex, intoIndex);
     }
 
     Timer {

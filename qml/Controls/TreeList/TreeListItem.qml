@@ -63,6 +63,13 @@ MouseArea {
         return tree.signTextOf ? tree.signTextOf(rowId, ownSign < 0) : "";
     }
 
+    /// Shows the words of the sign, or hides them, and says whether there is a sign.
+    function toggleSignText() {
+        if (signLoader.item)
+            signLoader.item.toggleText();
+        return signLoader.item !== null;
+    }
+
     function copyFolderFlag() {
         var row = view.rowIndexMapper[rowNumber];
         if (row)
@@ -255,6 +262,7 @@ MouseArea {
         }
 
         Loader {
+            id: signLoader
             objectName: "sign"
             anchors.right: prohibition.left
             anchors.rightMargin: 2

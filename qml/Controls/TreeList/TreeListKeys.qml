@@ -14,8 +14,11 @@ QtObject {
     property int leadId: -2
 
     function press(event) {
-        if (event.modifiers & (Qt.AltModifier | Qt.MetaModifier))
+        if (event.modifiers & (Qt.AltModifier | Qt.MetaModifier)) {
+            // Where there is nothing to move, the toolkit would open a menu.
+            event.accepted = [Qt.Key_Up, Qt.Key_Down, Qt.Key_Left, Qt.Key_Right].indexOf(event.key) >= 0;
             return;
+        }
         if (dropArea.dragging) {
             event.accepted = true;
             if (event.key === Qt.Key_Escape)
@@ -32,6 +35,12 @@ QtObject {
         case Qt.Key_PageDown: target = row + rowsOfPage(); break;
         case Qt.Key_Home: target = 0; break;
         case Qt.Key_End: target = view.flickableItem.count - 1; break;
+        case Qt.Key_Menu:
+            event.accepted = popupMenu();
+            return;
+        case Qt.Key_F10:
+            event.accepted = event.modifiers === Qt.ShiftModifier && popupMenu();
+            return;
         default:
             event.accepted = control ? pressWithControl(event.key) : pressOther(event.key);
             return;
@@ -68,10 +77,23 @@ QtObject {
             if (!delegate || !delegate.renamable)
                 return false;
             delegate.startRename();
+        } else if (key === Qt.Key_Space) {
+            tree.edits.toggleProhibited();
+        } else if (key === Qt.Key_F1) {
+            var signed = showRow(rowOf(index));
+            return signed !== null && signed.toggleSignText();
         } else {
             return false;
         }
         return true;
+    }
+
+    function popupMenu() {
+        var index = tree.selection.currentIndex;
+        var delegate = index.valid && !renaming() ? showRow(rowOf(index)) : null;
+        if (delegate)
+            tree.popupContextMenu(delegate, Qt.point(24, delegate.height));
+        return delegate !== null;
     }
 
     function pressPlusOrMinus(key) {

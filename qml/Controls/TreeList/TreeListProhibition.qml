@@ -1,5 +1,4 @@
 import QtQuick 2.9
-import Morvi.kess 1.0
 
 /// The prohibition toggle of a row.
 Row {
@@ -7,6 +6,10 @@ Row {
 
     /// The TreeListItem, which knows this type.
     property MouseArea delegate: null
+
+    function toggled() {
+        delegate.tree.edits.setProhibited([delegate.rowId], !delegate.prohibited);
+    }
 
     Image {
         width: 20
@@ -16,14 +19,7 @@ Row {
 
         MouseArea {
             anchors.fill: parent
-            onClicked: {
-                var tree = toggle.delegate.tree;
-                var id = toggle.delegate.rowId;
-                UndoRedo.beginSequence("changeProhibited");
-                tree.treeListModel.setValue(id, "prohibited", !toggle.delegate.prohibited);
-                UndoRedo.endSequence();
-                tree.itemUpdated(id);
-            }
+            onClicked: toggle.toggled()
         }
     }
 }
