@@ -50,6 +50,7 @@ class Event:
         self.source = event.source
         self.value = event.detail1
         self.role = event.source.getRoleName()
+        self.process_id = event.source.get_process_id()
         self.name = event.source.name
         self.description = event.source.description
 
@@ -62,29 +63,39 @@ class Event:
 class ScreenReader:
     """Follows one program, which is started after it: a toolkit may miss who begins to listen while it starts.
 
-    Every event is kept in `heard`, in order.
+    Every event of the program is in `heard`, in order.
     """
 
     def __init__(self):
         self.process_id = None
         self.meanwhile = lambda: None  # called often while something is waited for
-        self.heard = []
+        self.all_heard = []
         for kind in EVENTS:
             pyatspi.Registry.registerEventListener(self.on_event, kind)
 
     def follow(self, process_id):
         self.process_id = process_id
 
+    def follow_named(self, name):
+        """The same for a program that another one starts."""
+        def find():
+            found = [application for application in pyatspi.Registry.getDesktop(0) if application.name == name]
+            return found and found[0].get_process_id()
+        self.follow(self.wait_for(find, name))
+
+    @property
+    def heard(self):
+        return [event for event in self.all_heard if event.process_id == self.process_id]
+
     def on_event(self, event):
         try:
-            if event.source.get_process_id() == self.process_id:
-                self.heard.append(Event(event))
+            self.all_heard.append(Event(event))
         except GLib.Error:
             pass  # gone before it could be asked
 
-    def wait_for(self, condition, what):
+    def wait_for(self, condition, what, limit=LIMIT):
         """The first true value of the condition; the events that come meanwhile are taken."""
-        end = time.monotonic() + LIMIT
+        end = time.monotonic() + limit
         while True:
             self.take_events()
             self.meanwhile()
@@ -96,7 +107,7 @@ class ScreenReader:
                 return result
             if time.monotonic() > end:
                 sys.exit("%s did not come in %d seconds; heard:\n  %s\nto be seen:\n%s" % (
-                    what, LIMIT, "\n  ".join(map(str, self.heard)), "\n".join(self.tree())))
+                    what, limit, "\n  ".join(map(str, self.heard)), "\n".join(self.tree())))
             time.sleep(0.02)
 
     def announcements(self):
