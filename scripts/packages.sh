@@ -31,7 +31,7 @@ packages_to_draw=(graphviz)
 packages_to_listen=(at-spi2-core dbus-bin dbus-daemon python3-pyatspi)
 
 # shellcheck disable=SC2034
-packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3)
+packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3 xsettingsd)
 
 # shellcheck disable=SC2034
 packages_to_measure=(libbenchmark-dev)

@@ -23,6 +23,7 @@ const QLatin1String kDevelopPortFixedKey("developPortFixed");
 const QLatin1String kDevelopPortKey("developPort");
 const QLatin1String kPlayerPathnameKey("playerPathname");
 const QLatin1String kRuntimePathnameKey("runtimePathname");
+const QLatin1String kReducedMotionKey("reducedMotion");
 
 SystemService *systemServiceInstance = nullptr;
 
@@ -184,6 +185,11 @@ QString SystemService::getRuntimePathname()
 void SystemService::setRuntimePathname(const QString &pathname)
 {
     writeSetting(kRuntimePathnameKey, pathname);
+}
+
+QString SystemService::getReducedMotion()
+{
+    return readSetting(kReducedMotionKey, QString()).toString();
 }
 
 QString SystemService::getDefaultLocale()

@@ -58,6 +58,9 @@ public:
     Q_INVOKABLE static QString getRuntimePathname();
     Q_INVOKABLE static void setRuntimePathname(const QString &pathname);
 
+    /// Whether the guidance keeps from moving and fading: "yes", "no", or what the desktop says.
+    static QString getReducedMotion();
+
     /// The locale that the program starts with, as long as no other was chosen.
     static QString getDefaultLocale();
     /// The language chosen by the user, one of getDebugLocaleList().

@@ -9,6 +9,7 @@
 #include <QtTest>
 #include <QWidget>
 
+#include <cmath>
 #include <memory>
 
 namespace
@@ -75,6 +76,26 @@ QImage drawing(const Step &step)
     }
     return image;
 }
+
+/// How the lightest and the darkest of some pixels contrast, as the guidelines for readable text reckon it: 1 to 21.
+double contrast(const QImage &image)
+{
+    const auto part = [](int value) {
+        return value <= 10 ? value / 255.0 / 12.92 : std::pow((value / 255.0 + 0.055) / 1.055, 2.4);
+    };
+    double least = 1;
+    double most = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            const double light =
+                0.2126 * part(qRed(pixel)) + 0.7152 * part(qGreen(pixel)) + 0.0722 * part(qBlue(pixel));
+            least = std::min(least, light);
+            most = std::max(most, light);
+        }
+    }
+    return (most + 0.05) / (least + 0.05);
+}
 } // namespace
 
 /// The guidance of the real program over a window of this process, with real keys and clicks, and
@@ -92,6 +113,7 @@ private Q_SLOTS:
     void staysAbove();
     void drawsEachStepAndLeavesNothing();
     void tipComesAndGoes();
+    void obeysTheDesktop();
 
 private:
     /// A step, its buttons and arrow by the flags.
@@ -318,6 +340,60 @@ void tst_GuidanceOnScreen::tipComesAndGoes()
     QTRY_VERIFY_WITH_TIMEOUT(isSeen(), kLimit);
     mHost->send(kHideTooltip);
     QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
+}
+
+// Still and in other colours while the desktop says so; what is told stays the same.
+void tst_GuidanceOnScreen::obeysTheDesktop()
+{
+    const Step nearby{ { 100, 200 }, false, false, kNoIcon };
+    const Step far{ { 600, 500 }, false, false, kNoIcon };
+    const auto send = [this](const Step &step) {
+        update(step.target, QStringLiteral("Click the button."), kNextButton | kArrow, step.icon);
+    };
+    const auto inside = [&](const QRect &part) {
+        return Screen::pixels(part.translated(places(kHintWindow).value(0).topLeft()));
+    };
+    // Words on their ground, without the frames.
+    const auto hint = [&] { return inside({ 131, 59, 100, 18 }); };
+    const auto button = [&] {
+        const QRect place = places(kButton).value(0).adjusted(8, 8, -8, -8);
+        return place.isValid() ? Screen::pixels(place) : QImage();
+    };
+    const auto isDark = [](const QImage &image) {
+        return qGray(image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0)) < 128;
+    };
+    const auto isReadable = [&] { return contrast(hint()) >= 4.5 && contrast(button()) >= 4.5; };
+
+    send(nearby);
+    QVERIFY(waitForStep(nearby, false));
+    QVERIFY(!isDark(hint()) && !isDark(button()));
+    QTRY_VERIFY_WITH_TIMEOUT(isReadable(), kLimit);
+
+    const QTemporaryDir folder;
+    QFile settings(folder.filePath(QStringLiteral("settings")));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    settings.write("Gtk/EnableAnimations 0\nNet/ThemeName \"HighContrastInverse\"\n");
+    settings.close();
+    QProcess manager;
+    manager.start(QStringLiteral("xsettingsd"), { QStringLiteral("-c"), settings.fileName() });
+    QTRY_VERIFY_WITH_TIMEOUT(isDark(hint()) && isDark(button()) && isReadable(), kLimit);
+
+    const QSet<int> ends{ nearby.target.x(), far.target.x() };
+    send(far);
+    QSet<int> seen;
+    while (!seen.contains(far.target.x())) {
+        seen.insert(places(kHintWindow).value(0).x());
+        QVERIFY2(ends.contains(seen), "the window was seen on its way");
+        QTest::qWait(5);
+    }
+    const QImage still = inside({ 0, 0, 128, 144 });
+    QElapsedTimer timer;
+    for (timer.start(); !timer.hasExpired(2000); QTest::qWait(20))
+        QVERIFY2(inside({ 0, 0, 128, 144 }) == still, "the arrow moves");
+
+    manager.terminate();
+    QTRY_COMPARE(manager.state(), QProcess::NotRunning);
+    QVERIFY(QTest::qWaitFor([&] { return !isDark(hint()) && inside({ 0, 0, 128, 144 }) != still; }, kLimit));
 }
 
 QTEST_MAIN(tst_GuidanceOnScreen)

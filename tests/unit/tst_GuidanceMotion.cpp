@@ -4,6 +4,8 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTextEdit>
 
 #include <limits>
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void aimsAtTheTarget();
     void flipsAtItsLimits();
     void comesToRest();
+    void isThereAtOnce();
 
 private:
     /// Hidden windows move too, and faster.
@@ -140,6 +143,34 @@ void tst_GuidanceMotion::comesToRest()
             QVERIFY(qAbs(find<EditorTooltip>()->x()) <= 1 << 24);
         }
     }
+}
+
+void tst_GuidanceMotion::isThereAtOnce()
+{
+    const QTemporaryDir folder;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+    QSettings().setValue(QStringLiteral("reducedMotion"), QStringLiteral("yes"));
+    startHidden(0, 0, 1000, 700);
+    // On the right side of the target, too, which else is decided on the way.
+    for (const QPoint &target : { QPoint(100, 100), QPoint(900, 600), QPoint(990, -50), QPoint(10, 300) }) {
+        mManager->receive(kIndicator, kUpdateXy, target.x(), target.y());
+        tick(mIndicator);
+        QCOMPARE(place(), restingPlace());
+        QVERIFY(isAtRest());
+        QCOMPARE(mIndicator->mFlipHorizontal, target.x() > 700);
+        QCOMPARE(mIndicator->mFlipVertical, target.y() < 0);
+    }
+
+    mManager->receive(kShowTooltip, kText, 100, 100);
+    auto *tip = find<EditorTooltip>();
+    QSet<qreal> seen;
+    for (int i = 0; i < 700; ++i) {
+        tick(tip);
+        seen.insert(tip->windowOpacity());
+    }
+    QCOMPARE(seen, (QSet<qreal>{ 0, 1 }));
+    QCOMPARE(tip->windowOpacity(), 0.0);
+    QSettings().clear();
 }
 
 int main(int, char *argv[])

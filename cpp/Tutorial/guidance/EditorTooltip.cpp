@@ -44,6 +44,7 @@ EditorTooltip::~EditorTooltip()
 
 void EditorTooltip::show(const QString &text, int x, int y)
 {
+    mPreferences.colour(this);
     if (text.isEmpty()) {
         mTextEdit->hide();
     } else {
@@ -79,7 +80,7 @@ void EditorTooltip::advance()
     } else if (mHoldTicks > 0) {
         if (mFadeTicks > 0) {
             const bool first = mFadeTicks == kFade;
-            --mFadeTicks;
+            mFadeTicks = nextFadeTicks();
             setOpacity(float(kFade - mFadeTicks) / kFade);
             if (first)
                 Spoken::announce(this);
@@ -87,9 +88,14 @@ void EditorTooltip::advance()
             mFadeTicks = kFade;
         }
     } else if (mFadeTicks > 0) {
-        --mFadeTicks;
+        mFadeTicks = nextFadeTicks();
         setOpacity(float(mFadeTicks) / kFade);
     }
+}
+
+int EditorTooltip::nextFadeTicks()
+{
+    return mPreferences.isMotionReduced() ? 0 : mFadeTicks - 1;
 }
 
 Speech EditorTooltip::speech() const

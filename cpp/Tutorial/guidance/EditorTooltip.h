@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tutorial/guidance/Spoken.h"
+#include "Tutorial/guidance/UserPreferences.h"
 
 #include <QWidget>
 
@@ -46,6 +47,9 @@ private:
 
     void advance();
     void setOpacity(float opacity);
+    int nextFadeTicks();
     bool isSeen() const;
     void updateShape();
+
+    UserPreferences mPreferences;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tutorial/guidance/UserPreferences.h"
+
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QString>
@@ -35,6 +37,7 @@ struct GuidanceStep
     bool mFlipHorizontal = false; ///< the windows lie to the left of the target
     bool mFullClear = false; ///< the next paint clears the whole window, and this flag
     bool mHintChanged = false; ///< the text edit waits to be measured
+    UserPreferences mPreferences;
     TutorialTooltip *mTooltip = nullptr; ///< null once the window was closed
     bool mArrowVisible = true;
 

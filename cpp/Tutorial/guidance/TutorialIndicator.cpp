@@ -159,20 +159,25 @@ void TutorialIndicator::press(GuidanceContext::Button button)
 
 void TutorialIndicator::timerEvent(QTimerEvent *)
 {
-    decideFlips();
-    const QPoint current(mCurrentX, mCurrentY);
-    const QPoint rest = GuidanceGeometry::restingPlace({ mTargetX, mTargetY }, { mFlipVertical, mFlipHorizontal });
-    const QPoint next = GuidanceGeometry::easingStep(current, rest);
+    const QPoint before(mCurrentX, mCurrentY);
+    const bool still = mPreferences.isMotionReduced();
+    const QPoint current = still ? restingPlace() : before;
+    decideFlips(current);
+    const QPoint rest = restingPlace();
+    const QPoint next = still ? rest : GuidanceGeometry::easingStep(current, rest);
     if (!mTooltip && mManager->isGuidanceRunning())
         makeTooltip();
     // Windows at rest are placed again too when the hint was measured: the buttons follow its height.
-    if (measureHint() || next != current)
+    if (measureHint() || next != before)
         moveWindows(next.x(), next.y());
     for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
-        if (button)
-            WindowShape::updateFixed(button);
+        if (!button)
+            continue;
+        mPreferences.colour(button);
+        WindowShape::updateFixed(button);
     }
     if (mTooltip) {
+        mPreferences.colour(mTooltip);
         mTooltip->updateShape();
         repaintTooltip();
     }
@@ -211,13 +216,18 @@ void TutorialIndicator::makeTooltip()
     mTooltip->move(mCurrentX, mCurrentY);
 }
 
-void TutorialIndicator::decideFlips()
+QPoint TutorialIndicator::restingPlace() const
 {
-    const QPoint target(mTargetX, mTargetY);
+    return GuidanceGeometry::restingPlace({ mTargetX, mTargetY }, { mFlipVertical, mFlipHorizontal });
+}
+
+void TutorialIndicator::decideFlips(const QPoint &current)
+{
     const GuidanceGeometry::Flips flips{ mFlipVertical, mFlipHorizontal };
-    if (!GuidanceGeometry::isNear({ mCurrentX, mCurrentY }, GuidanceGeometry::restingPlace(target, flips)))
+    if (!GuidanceGeometry::isNear(current, restingPlace()))
         return;
-    const GuidanceGeometry::Flips decided = GuidanceGeometry::decideFlips(target, mManager->hostRect(), flips);
+    const GuidanceGeometry::Flips decided =
+        GuidanceGeometry::decideFlips({ mTargetX, mTargetY }, mManager->hostRect(), flips);
     if (decided == flips)
         return;
     mFlipVertical = decided.vertical;

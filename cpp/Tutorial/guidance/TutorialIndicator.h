@@ -71,7 +71,8 @@ private:
     Q_DISABLE_COPY(TutorialIndicator)
 
     void makeTooltip();
-    void decideFlips();
+    QPoint restingPlace() const;
+    void decideFlips(const QPoint &current);
     bool measureHint();
     void moveWindows(int x, int y);
     void repaintTooltip();

@@ -79,7 +79,8 @@ void TutorialTooltip::drawStep(QPainter &painter) const
     if (mIndicator->mArrowVisible) {
         painter.save();
         painter.setTransform(arrowTransform(mIndicator->mFlipVertical, flipHorizontal), true);
-        painter.drawPixmap(0, bounceOffset(mIndicator->mElapsedTimer.elapsed()), mIndicator->mArrowPixmap);
+        const qint64 phase = mIndicator->mPreferences.isMotionReduced() ? 0 : mIndicator->mElapsedTimer.elapsed();
+        painter.drawPixmap(0, bounceOffset(phase), mIndicator->mArrowPixmap);
         painter.restore();
     }
     const QPixmap icon = mIndicator->icon();
