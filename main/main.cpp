@@ -3,6 +3,7 @@
 #include "Translators.h"
 #include "WebEngineFlags.h"
 
+#include "quick/ItemAccessible.h"
 #include "quick/ModalGuard.h"
 #include "tool/Log.h"
 #include "Tutorial/ProcessGlobals.h"
@@ -52,6 +53,8 @@ int main(int argc, char *argv[])
     int result = 0;
     {
         QQmlApplicationEngine engine;
+        if (TutorialManager::isMakingSupported())
+            ItemAccessible::install(engine);
         engine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
         const QList<QObject *> rootObjects = engine.rootObjects();
         Log::debug("main", "main", __LINE__) << rootObjects;

@@ -21,13 +21,35 @@ ScrollView {
         });
     }
 
+    // By the keys of a page, as there is no cursor to be seen.
+    function scroll(distance) {
+        var area = flickableItem;
+        area.contentY = Math.max(0, Math.min(area.contentY + distance, area.contentHeight - viewport.height));
+    }
+
     TextEdit {
         objectName: "licences"
+        Accessible.name: qsTranslate("main", "License")
+        activeFocusOnTab: true
         width: 560
         wrapMode: TextEdit.Wrap
         readOnly: true
         selectByMouse: true
         font.pixelSize: 16
         text: root.licences
+
+        Keys.onPressed: {
+            var page = root.viewport.height - 32;
+            switch (event.key) {
+            case Qt.Key_Up: root.scroll(-32); break;
+            case Qt.Key_Down: root.scroll(32); break;
+            case Qt.Key_PageUp: root.scroll(-page); break;
+            case Qt.Key_PageDown: root.scroll(page); break;
+            case Qt.Key_Home: root.scroll(-contentHeight); break;
+            case Qt.Key_End: root.scroll(contentHeight); break;
+            default: return;
+            }
+            event.accepted = true;
+        }
     }
 }

@@ -40,6 +40,8 @@ Window {
     Text {
         id: summary
         objectName: "problemsSummary"
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         anchors {
             top: parent.top
             left: parent.left

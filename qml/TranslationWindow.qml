@@ -35,6 +35,25 @@ Window {
         table.takeKeys();
     }
 
+    /// To the next of the filter, the search, the table and the buttons, since the Tab key goes from
+    /// hint to hint.
+    function goToNextPart() {
+        var item = activeFocusItem;
+        var leaving = isIn(item, filterBar) ? filterBar : isIn(item, buttons) ? buttons : table;
+        if (leaving === filterBar && !filterBar.searching)
+            filterBar.takeKeys();
+        else if (leaving === filterBar)
+            table.takeKeys();
+        else
+            (leaving === table ? buttons : filterBar).nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function isIn(item, ancestor) {
+        while (item && item !== ancestor)
+            item = item.parent;
+        return item === ancestor;
+    }
+
     function confirmTranslation() {
         table.commit();
         TutorialManager.confirmTranslation(table.currentId);
@@ -90,6 +109,7 @@ Window {
         onSearchRequested: filterBar.takeKeys()
         onNextRequested: table.goToNextWork()
         onConfirmRequested: root.confirmTranslation()
+        onPartRequested: root.goToNextPart()
     }
 
     FilterBar {
@@ -117,6 +137,8 @@ Window {
     }
 
     Text {
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         anchors {
             left: parent.left
             right: buttons.left
@@ -128,7 +150,7 @@ Window {
         elide: Text.ElideRight
         font.pixelSize: 12
         text: qsTr("Tab, Ctrl+Enter: next cell, next row. F2: into the text. Esc: give up. "
-                   + "Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search.")
+                   + "Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search. F6: next part.")
     }
 
     Row {
@@ -142,7 +164,6 @@ Window {
 
         Button {
             objectName: "exportButton"
-            activeFocusOnTab: false
             text: qsTr("Export XLIFF...")
             enabled: hintModel.allCount > 0
             onClicked: exportDialog.open()
@@ -150,7 +171,6 @@ Window {
 
         Button {
             objectName: "importButton"
-            activeFocusOnTab: false
             text: qsTr("Import XLIFF...")
             enabled: hintModel.allCount > 0
             onClicked: importDialog.open()
@@ -158,7 +178,6 @@ Window {
 
         Button {
             objectName: "nextButton"
-            activeFocusOnTab: false
             text: qsTr("Next to do (F3)")
             enabled: hintModel.missingCount + hintModel.staleCount > 0
             onClicked: table.goToNextWork()
@@ -166,7 +185,6 @@ Window {
 
         Button {
             objectName: "confirmButton"
-            activeFocusOnTab: false
             text: qsTr("The translation stands (F7)")
             enabled: hintModel.staleCount > 0
             onClicked: root.confirmTranslation()

@@ -195,8 +195,8 @@ Change %2 to %1 ?</source>
             <translation>要確認: %1</translation>
         </message>
         <message>
-            <source>Tab, Ctrl+Enter: next cell, next row. F2: into the text. Esc: give up. Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search.</source>
-            <translation>Tab、Ctrl+Enter: 次のセル、次の行　F2: 文字の編集　Esc: 取り消し　Ctrl+1、2、3: すべて、未訳、要確認　Ctrl+F: 検索</translation>
+            <source>Tab, Ctrl+Enter: next cell, next row. F2: into the text. Esc: give up. Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search. F6: next part.</source>
+            <translation>Tab、Ctrl+Enter: 次のセル、次の行　F2: 文字の編集　Esc: 取り消し　Ctrl+1、2、3: すべて、未訳、要確認　Ctrl+F: 検索 F6: 次の部分。</translation>
         </message>
         <message>
             <source>The translation stands (F7)</source>
@@ -217,6 +217,10 @@ Change %2 to %1 ?</source>
         <message>
             <source>stale</source>
             <translation>要確認</translation>
+        </message>
+        <message>
+            <source>Hints</source>
+            <translation>ヒントの一覧</translation>
         </message>
     </context>
     <context>
@@ -587,6 +591,14 @@ Change %2 to %1 ?</source>
             <source>Tutorial event</source>
             <translation>チュートリアルイベント</translation>
         </message>
+        <message>
+            <source>Coordinates</source>
+            <translation>座標</translation>
+        </message>
+        <message>
+            <source>Events</source>
+            <translation>イベント</translation>
+        </message>
     </context>
     <context>
         <name>StepSpeech</name>
@@ -908,6 +920,10 @@ Do you save tutorial?</source>
             <source>Prohibit or permit (Space)</source>
             <translation>禁止または許可（Space）</translation>
         </message>
+        <message>
+            <source>Track this window</source>
+            <translation>このウィンドウを追跡</translation>
+        </message>
     </context>
     <context>
         <name>TutorialSideViewStep0</name>
@@ -1227,6 +1243,68 @@ Yes writes over it. No opens it again, without your changes.</source>
         <message>
             <source>Prohibit or permit (Space)</source>
             <translation>禁止または許可（Space）</translation>
+        </message>
+    </context>
+    <context>
+        <name>TreeListItem</name>
+        <message>
+            <source>Level %1</source>
+            <translation>レベル %1</translation>
+        </message>
+        <message>
+            <source>open</source>
+            <translation>開いています</translation>
+        </message>
+        <message>
+            <source>closed</source>
+            <translation>閉じています</translation>
+        </message>
+        <message>
+            <source>prohibited</source>
+            <translation>禁止</translation>
+        </message>
+    </context>
+    <context>
+        <name>TreeListRenameField</name>
+        <message>
+            <source>Name</source>
+            <translation>名前</translation>
+        </message>
+    </context>
+    <context>
+        <name>TreeListProhibition</name>
+        <message>
+            <source>Prohibited</source>
+            <translation>禁止</translation>
+        </message>
+    </context>
+    <context>
+        <name>SplitView</name>
+        <message>
+            <source>Divider</source>
+            <translation>仕切り</translation>
+        </message>
+    </context>
+    <context>
+        <name>ProblemRow</name>
+        <message>
+            <source>Error</source>
+            <translation>エラー</translation>
+        </message>
+        <message>
+            <source>Warning</source>
+            <translation>警告</translation>
+        </message>
+        <message>
+            <source>Remark</source>
+            <translation>注意</translation>
+        </message>
+    </context>
+    <context>
+        <name>ProblemList</name>
+        <message>
+            <source>Problems</source>
+            <translation>問題の一覧</translation>
         </message>
     </context>
 </TS>

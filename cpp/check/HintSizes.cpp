@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QWindow>
 
 #include <limits>
 
@@ -64,6 +65,8 @@ int HintSizes::layOut(const QString &hint)
         mTextEdit = new QTextEdit(mWindow.get());
         HintView::setUp(mTextEdit, HintView::mostHeight());
         mWindow->show();
+        // Else a screen reader would come upon a window that nobody sees; it passes over popups.
+        mWindow->windowHandle()->setFlags(Qt::Popup);
     }
     HintView::show(mTextEdit, mDocument.get(), hint);
     return HintView::height(mTextEdit);

@@ -20,10 +20,30 @@ Button {
     style: IconButtonLook {}
 
     onIconSourceChanged: takeIconSource()
+    onActiveFocusChanged: if (!activeFocus) keyTooltip.active = false
     Component.onCompleted: takeIconSource()
 
     Image {
         id: image
         anchors.fill: parent
+    }
+
+    // The toolkit's tooltip comes with the mouse alone, and keys alone bring the focus here.
+    Timer {
+        interval: 700
+        running: root.activeFocus && !root.hovered && root.tooltip !== ""
+        onTriggered: keyTooltip.active = true
+    }
+
+    Loader {
+        id: keyTooltip
+        objectName: "keyTooltip"
+        active: false
+        sourceComponent: Component {
+            Tooltip {
+                target: root
+                text: root.tooltip
+            }
+        }
     }
 }

@@ -2,6 +2,7 @@ import QtQuick 2.9
 import QtQuick.Controls 1.4 as Toolkit
 import Morvi.kess 1.0
 import "../QtControls"
+import "../QtControls/toolkit.js" as Internals
 import "itemmenu.js" as ItemMenu
 
 /// A button that shows the name of the selected tutorial item and opens a
@@ -23,7 +24,13 @@ Button {
     property var nameOf: null
     /// The tree as objects.
     property var itemTree: ({})
+    /// What it chooses, for who can't see its label.
+    property string accessibleName: ""
     readonly property int popupItemId: lastPopup ? lastPopup.itemId : -1
+
+    function accessiblePressAction() {
+        Internals.pressByKey(root);
+    }
 
     function getName(itemId) {
         if (nameOf)
@@ -90,6 +97,10 @@ Button {
         if (old)
             old.destroy();
     }
+
+    Accessible.role: Accessible.ButtonMenu
+    Accessible.name: accessibleName || text
+    Accessible.description: accessibleName ? text : ""
 
     // The toolkit's own would take an ampersand in the text for the mark of a key.
     action: Toolkit.Action {

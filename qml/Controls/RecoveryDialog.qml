@@ -48,6 +48,8 @@ Window {
 
     Text {
         id: question
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
         anchors {
             top: parent.top
             left: parent.left
@@ -82,8 +84,15 @@ Window {
 
             ListView {
                 objectName: "differences"
+                Accessible.role: Accessible.List
+                Accessible.name: root.title
+                activeFocusOnTab: true
+                keyNavigationEnabled: true
+                highlightMoveDuration: 0
                 model: root.differences
                 delegate: Text {
+                    Accessible.role: Accessible.ListItem
+                    Accessible.name: text
                     x: 4
                     width: ListView.view.width - 8
                     textFormat: Text.PlainText

@@ -13,6 +13,8 @@ Rectangle {
     property alias selectByMouse: edit.selectByMouse
     property alias wrapMode: edit.wrapMode
     property string langCode: ""
+    /// What stands in it, for who can't see its label.
+    property string accessibleName: ""
     /// An item whose `text` follows this one's.
     property Item pair: null
     /// Called with this item on each change of the text.
@@ -25,6 +27,7 @@ Rectangle {
 
     TextEdit {
         id: edit
+        Accessible.name: root.accessibleName
         x: 2
         y: 2
         width: parent.width - 4

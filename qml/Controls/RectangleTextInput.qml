@@ -13,6 +13,8 @@ Rectangle {
     property alias selectByMouse: input.selectByMouse
     property alias maximumLength: input.maximumLength
 
+    /// What stands in it, for who can't see its label.
+    property string accessibleName: ""
     /// Gets the keys before the field does, if it is set.
     property Item keyFilter: null
 
@@ -24,6 +26,7 @@ Rectangle {
 
     TextInput {
         id: input
+        Accessible.name: root.accessibleName
         x: 2
         y: 2
         width: parent.width - 4

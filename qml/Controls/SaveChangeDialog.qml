@@ -67,6 +67,8 @@ Window {
 
             Text {
                 id: messageText
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
                 width: parent.width
                 wrapMode: Text.Wrap
             }

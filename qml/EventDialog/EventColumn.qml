@@ -14,16 +14,30 @@ Column {
 
     signal eventChosen(string eventText)
 
+    function choose(row) {
+        eventChosen(eventModel.getTagStrippedText(eventModel.data(eventModel.index(row, 0))));
+    }
+
     spacing: 4
+
+    ListKeys {
+        id: listKeys
+        list: list
+        onChosen: root.choose(row)
+    }
 
     RectangleTextInput {
         id: coordinatesField
         objectName: "coordinates"
+        accessibleName: qsTranslate("TutorialEventDialog", "Coordinates")
         width: parent.width
         height: 32
     }
 
     Rectangle {
+        objectName: "eventFrame"
+        border.width: list.activeFocus ? 1 : 0
+        border.color: Theme.focusFrame
         width: parent.width
         height: parent.height - coordinatesField.height - clearButton.height - 2 * root.spacing
 
@@ -37,6 +51,11 @@ Column {
             ListView {
                 id: list
                 objectName: "eventList"
+                Accessible.role: Accessible.List
+                Accessible.name: qsTranslate("TutorialEventDialog", "Events")
+                activeFocusOnTab: true
+                focus: true
+                highlightMoveDuration: 0
                 currentIndex: -1
                 highlightFollowsCurrentItem: false
                 model: root.eventModel
@@ -49,8 +68,13 @@ Column {
                     height: 32
                     content.anchors.verticalCenter: verticalCenter
                     text: name
-                    onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
+                    plainText: root.eventModel.getTagStrippedText(Gui.withoutLoading(name))
+                    onDoubleClicked: root.choose(index)
                 }
+
+                onCurrentIndexChanged: if (activeFocus) positionViewAtIndex(currentIndex, ListView.Contain)
+
+                Keys.forwardTo: listKeys
             }
         }
     }

@@ -11,9 +11,20 @@ Rectangle {
     property ListView view: null
     property int row: -1
     property string text
+    /// Without its markup, for a screen reader.
+    property string plainText: ""
     property alias content: content
 
     signal doubleClicked()
+
+    function accessiblePressAction() {
+        doubleClicked();
+    }
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: plainText
+    Accessible.selectable: true
+    Accessible.selected: view.currentIndex === row
 
     color: {
         if (view.currentIndex === row)
@@ -31,7 +42,10 @@ Rectangle {
 
     MouseArea {
         anchors.fill: parent
-        onClicked: root.view.currentIndex = root.row
+        onClicked: {
+            root.view.currentIndex = root.row;
+            root.view.forceActiveFocus();
+        }
         onDoubleClicked: root.doubleClicked()
     }
 }

@@ -12,7 +12,25 @@ Column {
 
     signal controlChosen(string controlName)
 
+    // The view scrolls the list as a whole.
+    function showCurrent() {
+        var area = scrollView.flickableItem;
+        var row = list.currentItem;
+        if (row)
+            area.contentY = Math.max(row.y + row.height - scrollView.viewport.height, Math.min(area.contentY, row.y));
+    }
+
+    function choose(row) {
+        controlChosen(trackingModel.data(trackingModel.index(row, 0)));
+    }
+
     spacing: 4
+
+    ListKeys {
+        id: listKeys
+        list: list
+        onChosen: root.choose(row)
+    }
 
     RectangleLabel {
         id: caption
@@ -30,10 +48,16 @@ Column {
             width: list.width
             height: list.height
             color: Theme.outsideArea
+            border.width: list.activeFocus ? 1 : 0
+            border.color: Theme.focusFrame
 
             ListView {
                 id: list
                 objectName: "trackingList"
+                Accessible.role: Accessible.List
+                Accessible.name: caption.text
+                activeFocusOnTab: true
+                focus: true
                 // As wide as the widest row, so that the view can scroll to its end.
                 width: Math.max(scrollView.width - 16, contentItem.childrenRect.width)
                 height: contentHeight
@@ -48,8 +72,13 @@ Column {
                     content.x: 1
                     content.y: 1
                     text: name
+                    plainText: name
                     onDoubleClicked: root.controlChosen(name)
                 }
+
+                onCurrentItemChanged: if (activeFocus) root.showCurrent()
+
+                Keys.forwardTo: listKeys
             }
         }
     }

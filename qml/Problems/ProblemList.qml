@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import Morvi.kess 1.0
+import "../Controls"
 import "../QtControls"
 import "../Singletons"
 
@@ -17,15 +18,17 @@ FocusScope {
             stepRequested(id);
     }
 
-    function goTo(row) {
-        list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+    ListKeys {
+        id: listKeys
+        list: list
+        onChosen: root.request(row)
     }
 
     Rectangle {
         anchors.fill: parent
         color: Theme.normalBack1
         border.width: 1
-        border.color: Theme.controlFrame
+        border.color: list.activeFocus ? Theme.focusFrame : Theme.controlFrame
     }
 
     // The list is what the view scrolls, so that only the rows in view exist.
@@ -38,9 +41,11 @@ FocusScope {
             id: list
             objectName: "rows"
             focus: true
+            activeFocusOnTab: true
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Problems")
             clip: true
             model: root.problems
-            keyNavigationEnabled: true
             highlightMoveDuration: 0
 
             delegate: ProblemRow {
@@ -54,21 +59,11 @@ FocusScope {
             // The list knows the height of a row only once that is there.
             onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
 
-            Keys.onReturnPressed: root.request(currentIndex)
-            Keys.onEnterPressed: root.request(currentIndex)
+            Keys.forwardTo: listKeys
             Keys.onPressed: {
-                if (event.matches(StandardKey.Copy))
-                    root.problems.copyRow(currentIndex);
-                else if (event.key === Qt.Key_Home)
-                    root.goTo(0);
-                else if (event.key === Qt.Key_End)
-                    root.goTo(count - 1);
-                else if (event.key === Qt.Key_PageUp)
-                    root.goTo(indexAt(0, contentY) - 1);
-                else if (event.key === Qt.Key_PageDown)
-                    root.goTo(indexAt(0, contentY + height - 1) + 1);
-                else
+                if (!event.matches(StandardKey.Copy))
                     return;
+                root.problems.copyRow(currentIndex);
                 event.accepted = true;
             }
         }

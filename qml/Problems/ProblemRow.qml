@@ -14,6 +14,19 @@ Rectangle {
 
     signal doubleClicked()
 
+    function severityText(severity) {
+        return [qsTr("Error"), qsTr("Warning"), qsTr("Remark")][severity] || "";
+    }
+
+    function accessiblePressAction() {
+        doubleClicked();
+    }
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [severityText(model.severity), step.text, sentence.text].filter(Boolean).join(", ")
+    Accessible.selectable: true
+    Accessible.selected: current
+
     height: Math.max(24, sentence.y * 2 + sentence.height)
     color: {
         if (current)

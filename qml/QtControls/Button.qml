@@ -10,6 +10,10 @@ Toolkit.Button {
     /// Width of the text, once it is fixed.
     property real textWidth: 0
 
+    Accessible.name: text || tooltip
+    Accessible.description: text && tooltip !== text ? tooltip : ""
+    Accessible.pressed: pressed
+
     height: Theme.controlHeight
     style: Theme.toolkitSurfaces ? toolkitLook : themedLook
 

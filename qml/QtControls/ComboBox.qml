@@ -3,10 +3,28 @@ import QtQuick.Controls 1.4 as Toolkit
 import QtQuick.Controls.Styles 1.4
 import "../Singletons"
 import "looks"
+import "toolkit.js" as Internals
 
 Toolkit.ComboBox {
     id: root
 
+    /// What it chooses, for who can't see its label.
+    property string accessibleName: ""
+
+    function accessiblePressAction() {
+        Internals.openList(root);
+    }
+
+    function accessibleIncreaseAction() {
+        currentIndex = Math.min(currentIndex + 1, count - 1);
+    }
+
+    function accessibleDecreaseAction() {
+        currentIndex = Math.max(currentIndex - 1, 0);
+    }
+
+    Accessible.name: accessibleName || currentText
+    Accessible.description: accessibleName ? currentText : ""
     style: Theme.toolkitSurfaces ? toolkitLook : themedLook
 
     Component {

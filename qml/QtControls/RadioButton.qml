@@ -6,6 +6,14 @@ import "looks"
 Toolkit.RadioButton {
     id: root
 
+    function accessiblePressAction() {
+        clicked();
+    }
+
+    function accessibleToggleAction() {
+        clicked();
+    }
+
     style: RadioButtonStyle {
         label: CheckableLabel {
             control: root

@@ -14,6 +14,8 @@ Toolkit.SpinBox {
     /// Arrows side by side; decided at completion.
     property bool horizontal: true
     property real lastValue: 0
+    /// What the number is, for who can't see its label.
+    property string accessibleName: ""
     property bool completed: false
     /// False where the toolkit can't lay the arrows side by side.
     property bool arrowsMovable: true
@@ -40,6 +42,8 @@ Toolkit.SpinBox {
         if (!arrowsMovable)
             console.warn("SpinBox: no arrow rectangles in this toolkit, the arrows stay above each other");
     }
+
+    Accessible.name: accessibleName
 
     width: 80
     style: {

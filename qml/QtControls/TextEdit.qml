@@ -4,6 +4,7 @@ import "../Singletons"
 Toolkit.TextEdit {
     id: root
 
+    Toolkit.Accessible.role: Toolkit.Accessible.EditableText
     selectByMouse: true
     selectionColor: Theme.selectedEdBack
     selectedTextColor: Theme.selectedEdText

@@ -2,6 +2,7 @@ import QtQuick 2.9 as Toolkit
 import "../Singletons"
 
 Toolkit.TextInput {
+    Toolkit.Accessible.role: Toolkit.Accessible.EditableText
     selectByMouse: true
     selectionColor: Theme.selectedEdBack
     selectedTextColor: Theme.selectedEdText

@@ -48,6 +48,7 @@ Rectangle {
         spacing: Theme.margin
 
         Label {
+            id: localeLabel
             anchors.verticalCenter: parent.verticalCenter
             text: qsTranslate("TutorialSettingItem", "Translation:")
         }
@@ -62,6 +63,7 @@ Rectangle {
             }
 
             objectName: "localeComboBox"
+            accessibleName: localeLabel.text
             anchors.verticalCenter: parent.verticalCenter
             width: 128
             model: root.localeList

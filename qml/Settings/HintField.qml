@@ -8,6 +8,9 @@ Rectangle {
     id: root
 
     property alias text: edit.text
+    /// What stands in it, and what is to be said of that, for who can't see the label.
+    property string accessibleName: ""
+    property string accessibleDescription: ""
 
     signal edited(string newText)
 
@@ -49,6 +52,8 @@ Rectangle {
 
         TextEdit {
             id: edit
+            Accessible.name: root.accessibleName
+            Accessible.description: root.accessibleDescription
             objectName: root.objectName + ".edit"
             width: Math.max(contentWidth + 8, root.width - 24)
             height: Math.max(contentHeight + 4, root.height - 24)

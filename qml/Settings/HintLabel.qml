@@ -8,6 +8,7 @@ FieldLabel {
     id: root
 
     property bool missing: false
+    readonly property string missingText: missing ? mark.text : ""
 
     anchors.verticalCenter: undefined
 

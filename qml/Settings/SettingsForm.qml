@@ -91,16 +91,20 @@ GroupBox {
                 spacing: 4
 
                 FieldLabel {
+                    id: windowLabel
                     text: qsTranslate("TutorialSettingItem", "Track:")
                 }
 
                 LineField {
                     objectName: "windowKey"
+                    accessibleName: windowLabel.text
                     width: 256
                 }
 
                 Button {
                     objectName: "takeWindowKey"
+                    Accessible.name: qsTranslate("TutorialSettingItem", "Track this window") + ": "
+                                     + TutorialManager.currentWindowKey
                     anchors.verticalCenter: parent.verticalCenter
                     width: 40
                     text: qsTranslate("TutorialSettingItem", "<=")
@@ -118,19 +122,23 @@ GroupBox {
                 spacing: 4
 
                 FieldLabel {
+                    id: xLabel
                     text: qsTranslate("TutorialSettingItem", "X:")
                 }
 
                 NumberField {
                     objectName: "x"
+                    accessibleName: xLabel.text
                 }
 
                 FieldLabel {
+                    id: yLabel
                     text: qsTranslate("TutorialSettingItem", "Y:")
                 }
 
                 NumberField {
                     objectName: "y"
+                    accessibleName: yLabel.text
                 }
             }
 
@@ -139,22 +147,26 @@ GroupBox {
                 spacing: 4
 
                 FieldLabel {
+                    id: iconLabel
                     text: qsTranslate("TutorialSettingItem", "Icon:")
                 }
 
                 IconField {
                     objectName: "icon"
+                    accessibleName: iconLabel.text
                     anchors.verticalCenter: parent.verticalCenter
                     width: 100
                     screen: root.screen
                 }
 
                 FieldLabel {
+                    id: commandLabel
                     text: qsTranslate("TutorialSettingItem", "Command:")
                 }
 
                 LineField {
                     objectName: "command"
+                    accessibleName: commandLabel.text
                     width: 384
                 }
             }
@@ -179,6 +191,8 @@ GroupBox {
 
                 HintField {
                     objectName: "hint"
+                    accessibleName: hintLabel.text
+                    accessibleDescription: hintLabel.missingText
                     width: Math.max(512, root.width - hintLabel.width - 64)
                     height: Math.max(192, root.height - 64 - root.otherRowsHeight)
                 }
@@ -197,6 +211,8 @@ GroupBox {
 
                 HintField {
                     objectName: "hint2"
+                    accessibleName: hintLabel.text + " " + hint2Label.text
+                    accessibleDescription: hint2Label.missingText
                     width: Math.max(512, root.width - hint2Label.width - 64)
                     height: 192
                 }
@@ -207,11 +223,13 @@ GroupBox {
                 spacing: 4
 
                 FieldLabel {
+                    id: conditionLabel
                     text: qsTranslate("TutorialSettingItem", "Condition:")
                 }
 
                 LineField {
                     objectName: "condition"
+                    accessibleName: conditionLabel.text
                     width: 416
                 }
             }
@@ -221,24 +239,28 @@ GroupBox {
                 spacing: 4
 
                 FieldLabel {
+                    id: jumpLabel
                     text: qsTranslate("TutorialSettingItem", "Jump:")
                 }
 
                 JumpButton {
                     id: jumpButton
                     objectName: "jump"
+                    accessibleName: jumpLabel.text
                     screen: root.screen
                     itemTreeJson: root.jumpTreeJson
                     onTreeRequested: root.jumpTreeRequested()
                 }
 
                 FieldLabel {
+                    id: jumpNoLabel
                     text: qsTranslate("TutorialSettingItem", "Jump(No):")
                 }
 
                 JumpButton {
                     id: jumpNoButton
                     objectName: "jumpNo"
+                    accessibleName: jumpNoLabel.text
                     screen: root.screen
                     itemTreeJson: root.jumpTreeJson
                     onTreeRequested: root.jumpTreeRequested()

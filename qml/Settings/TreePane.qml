@@ -25,6 +25,8 @@ FocusScope {
     }
 
     function signTextOf(id, inside) {
+        if (!problems || problems.revision === 0)
+            return "";
         return inside ? qsTranslate("TutorialSettingItem", "There are problems in this folder.") : problems.textOf(id);
     }
 

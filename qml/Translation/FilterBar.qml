@@ -11,6 +11,7 @@ Row {
     property HintTableModel hints: null
     property int filter: HintTableModel.All
     readonly property alias text: search.text
+    readonly property alias searching: searchScope.activeFocus
 
     /// It was chosen, be it for another time.
     signal chosen()
@@ -36,7 +37,6 @@ Row {
 
         RadioButton {
             anchors.verticalCenter: parent.verticalCenter
-            activeFocusOnTab: false
             text: modelData
             checked: root.filter === index
             onClicked: {
@@ -47,6 +47,7 @@ Row {
     }
 
     Label {
+        id: searchLabel
         anchors.verticalCenter: parent.verticalCenter
         text: qsTranslate("TranslationWindow", "Search:")
     }
@@ -60,6 +61,7 @@ Row {
         RectangleTextInput {
             id: search
             objectName: "hintSearch"
+            accessibleName: searchLabel.text
             anchors.fill: parent
             keyFilter: searchKeys
             onTextChanged: root.chosen()

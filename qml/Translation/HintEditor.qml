@@ -21,6 +21,8 @@ Rectangle {
     readonly property bool entered: edit.text !== shownText || edit.selectionEnd - edit.selectionStart < edit.length
     readonly property real contentHeight: edit.contentHeight + 8
     readonly property alias text: edit.text
+    /// What stands in it, for who can't see the header.
+    property string accessibleName: ""
     readonly property alias cursorRectangle: edit.cursorRectangle
 
     signal edited(string newText)
@@ -145,6 +147,7 @@ Rectangle {
     TextEdit {
         id: edit
         objectName: "hintEditor.edit"
+        Accessible.name: root.accessibleName
         x: 4
         y: 4
         width: parent.width - 8
@@ -154,6 +157,7 @@ Rectangle {
         color: Theme.normalText
         onTextChanged: if (!root.showing) root.noteTyped()
         onActiveFocusChanged: if (!activeFocus) root.commit()
+        onEditingFinished: root.commit()
 
         Keys.forwardTo: historyKeys
         Keys.onPressed: {

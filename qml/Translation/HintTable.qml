@@ -141,6 +141,8 @@ FocusScope {
             ListView {
                 id: list
                 objectName: "hintRows"
+                Accessible.role: Accessible.List
+                Accessible.name: qsTranslate("TranslationWindow", "Hints")
                 clip: true
                 focus: true
                 model: root.hints
@@ -162,6 +164,7 @@ FocusScope {
 
                 HintEditor {
                     id: editor
+                    accessibleName: "#" + itemId + " " + (second ? TutorialManager.locale2 : TutorialManager.locale)
                     parent: list.contentItem
                     z: 2
                     x: columnWidths.name + (second ? columnWidths.hint : 0)

@@ -16,9 +16,18 @@ Rectangle {
 
     signal pressed(bool second, real x, real y)
 
+    function accessiblePressAction() {
+        pressed(true, 0, 0);
+    }
+
     function isMissing(text) {
         return text === "" || text === key;
     }
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: [key + " " + model.itemName, model.firstHint, model.secondHint, mark.text].filter(Boolean).join(", ")
+    Accessible.selectable: true
+    Accessible.selected: ListView.isCurrentItem
 
     height: Math.max(28, first.contentHeight, second.contentHeight, editorHeight)
     color: row % 2 === 0 ? Theme.normalBack1 : Theme.normalBack2
@@ -61,6 +70,7 @@ Rectangle {
     }
 
     StateMark {
+        id: mark
         x: second.x + second.width + 4
         y: 5
         hintState: model.hintState

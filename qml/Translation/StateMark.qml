@@ -9,6 +9,7 @@ Rectangle {
 
     /// "missing", "stale", "same" or empty.
     property string hintState: ""
+    readonly property alias text: mark.text
 
     function textOf(hintState) {
         switch (hintState) {

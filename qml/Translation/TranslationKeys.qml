@@ -10,6 +10,7 @@ Item {
     signal searchRequested()
     signal nextRequested()
     signal confirmRequested()
+    signal partRequested()
 
     DocumentKeys {}
 
@@ -26,6 +27,11 @@ Item {
     Shortcut {
         sequence: "F7"
         onActivated: root.confirmRequested()
+    }
+
+    Shortcut {
+        sequence: "F6"
+        onActivated: root.partRequested()
     }
 
     Shortcut {

@@ -4,6 +4,7 @@
 
 #include "ProgramLink.h"
 #include "QmlTypes.h"
+#include "quick/ItemAccessible.h"
 #include "quick/ModalGuard.h"
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
@@ -74,6 +75,7 @@ protected Q_SLOTS:
             if (fields.first() == HostMessages::ToHost::kStart)
                 mStarts += fields.last();
         });
+        ItemAccessible::install(mEngine);
         mEngine.load(QUrl(QStringLiteral("qrc:/qml/main.qml")));
         mWindow = qobject_cast<QQuickWindow *>(mEngine.rootObjects().value(0));
         QVERIFY(mWindow);

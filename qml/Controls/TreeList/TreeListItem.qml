@@ -37,6 +37,36 @@ MouseArea {
     readonly property bool renamable: tree.onTextChanged !== null && rowId >= 0
     property bool wasRenaming: false
     property bool held: false
+    readonly property string name: live && rowModel.name !== undefined ? rowModel.name : "?"
+    // For a screen reader, which is told of no other change of a row than that of its words.
+    readonly property bool accessibleExpandable: folder
+    readonly property bool accessibleExpanded: rowData.isExpanded === true
+
+    function accessibleText() {
+        var words = [qsTr("Level %1").arg(depth + 2)];
+        if (folder)
+            words.push(accessibleExpanded ? qsTr("open") : qsTr("closed"));
+        if (prohibited)
+            words.push(qsTr("prohibited"));
+        return words.join(", ");
+    }
+
+    function accessiblePressAction() {
+        tree.selected.select(delegate);
+    }
+
+    function accessibleToggleAction() {
+        toggleOpen();
+    }
+
+    function toggleOpen() {
+        if (!folder)
+            return;
+        if (view.isExpanded(index))
+            view.collapse(index);
+        else
+            view.expand(index);
+    }
 
     function updateIcon() {
         if (!live || rowId < 0) {
@@ -140,6 +170,13 @@ MouseArea {
         tree.popupContextMenu();
     }
 
+    Accessible.role: Accessible.TreeItem
+    Accessible.name: sign < 0 ? name : name + ", " + signText()
+    Accessible.description: accessibleText()
+    Accessible.focusable: true
+    Accessible.selectable: true
+    Accessible.selected: rowData.selected === true
+
     acceptedButtons: Qt.LeftButton | Qt.RightButton
     drag.target: held && rowId >= 0 ? content : null
     // Else the row would lag behind the mouse by the distance that starts a drag.
@@ -188,12 +225,7 @@ MouseArea {
             return;
         renameTimer.stop();
         tree.itemDoubleClicked(rowId);
-        if (!folder)
-            return;
-        if (view.isExpanded(index))
-            view.collapse(index);
-        else
-            view.expand(index);
+        toggleOpen();
     }
 
     Item {
@@ -249,7 +281,7 @@ MouseArea {
             maximumLineCount: 1
             textFormat: Text.PlainText
             color: delegate.rowData.selected ? Theme.selectedRowText : Theme.normalText
-            text: delegate.live && delegate.rowModel.name !== undefined ? delegate.rowModel.name : "?"
+            text: delegate.name
         }
 
         TreeListRenameField {

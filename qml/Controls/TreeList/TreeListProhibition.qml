@@ -11,6 +11,19 @@ Row {
         delegate.tree.edits.setProhibited([delegate.rowId], !delegate.prohibited);
     }
 
+    function accessibleToggleAction() {
+        toggled();
+    }
+
+    function accessiblePressAction() {
+        toggled();
+    }
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: qsTr("Prohibited")
+    Accessible.checked: delegate.prohibited
+    Accessible.focusable: false
+
     Image {
         width: 20
         height: 20

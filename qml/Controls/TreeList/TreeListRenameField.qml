@@ -46,6 +46,7 @@ Rectangle {
 
     Kit.TextInput {
         id: input
+        Accessible.name: qsTr("Name")
         x: 2
         y: 2
         width: field.width - 4

@@ -51,6 +51,9 @@ Rectangle {
         return rowData.alternate ? Theme.normalBack2 : Theme.normalBack1;
     }
 
+    border.width: rowData && rowData.hasActiveFocus === true ? 1 : 0
+    border.color: Theme.focusFrame
+
     onRowNumberChanged: enter()
     Component.onCompleted: enter()
     Component.onDestruction: leave()

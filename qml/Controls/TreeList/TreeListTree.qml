@@ -83,6 +83,9 @@ TreeView {
             scrollTo(scrolled() + y + delegate.height - viewport.height);
     }
 
+    Accessible.role: Accessible.Tree
+    Accessible.name: tree.treeListViewTitle
+
     backgroundVisible: false
     selectionMode: tree.multiple ? SelectionMode.ExtendedSelection : SelectionMode.SingleSelection
     style: TreeListStyle {}

@@ -1,0 +1,303 @@
+#include "quick/ItemAccessible.h"
+
+#include "quick/TextAccessible.h"
+
+#include <QQmlComponent>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+#include <algorithm>
+
+namespace
+{
+constexpr char kAttached[] = "QQuickAccessibleAttached";
+
+/// The toolkit's attached properties of an item; null where it has no role.
+const QObject *attachedOf(const QObject *item)
+{
+    for (const QObject *child : item->children()) {
+        if (child->inherits(kAttached))
+            return child->property("ignored").toBool() ? nullptr : child;
+    }
+    return nullptr;
+}
+
+QAccessibleInterface *makeInterface(const QString &key, QObject *object)
+{
+    auto *item = key == QLatin1String("QQuickItem") ? qobject_cast<QQuickItem *>(object) : nullptr;
+    if (!item || !attachedOf(item))
+        return nullptr;
+    if (item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit"))
+        return new TextAccessible(item);
+    return new ItemAccessible(item);
+}
+
+void collectItems(const QQuickItem &parent, QVector<QQuickItem *> &items)
+{
+    for (QQuickItem *child : parent.childItems()) {
+        if (attachedOf(child))
+            items.append(child);
+        else
+            collectItems(*child, items);
+    }
+}
+
+QVector<QQuickItem *> childItemsOf(const QQuickItem &item, QAccessible::Role role)
+{
+    QVector<QQuickItem *> items;
+    collectItems(item, items);
+    if (role == QAccessible::List || role == QAccessible::Tree) {
+        const auto top = [&item](const QQuickItem *row) { return row->mapToItem(&item, QPointF()).y(); };
+        std::stable_sort(items.begin(), items.end(),
+                         [&top](const QQuickItem *a, const QQuickItem *b) { return top(a) < top(b); });
+    }
+    return items;
+}
+
+/// The actions that a control has by its role.
+QStringList usualActions(QAccessible::Role role)
+{
+    switch (role) {
+    case QAccessible::Button:
+    case QAccessible::ButtonMenu:
+    case QAccessible::MenuItem:
+        return { QAccessibleActionInterface::pressAction() };
+    case QAccessible::CheckBox:
+    case QAccessible::RadioButton:
+        return { QAccessibleActionInterface::toggleAction(), QAccessibleActionInterface::pressAction() };
+    case QAccessible::SpinBox:
+    case QAccessible::Slider:
+        return { QAccessibleActionInterface::increaseAction(), QAccessibleActionInterface::decreaseAction() };
+    default:
+        return {};
+    }
+}
+
+/// Whether the keys go to the item, or to a part of it that has no role of its own.
+bool hasKeys(const QQuickItem &item)
+{
+    const QQuickItem *focused = item.hasActiveFocus() ? item.window()->activeFocusItem() : nullptr;
+    while (focused && focused != &item && !attachedOf(focused))
+        focused = focused->parentItem();
+    return focused == &item;
+}
+
+QByteArray functionOf(const QString &action)
+{
+    return "accessible" + action.toLatin1() + "Action";
+}
+} // namespace
+
+void ItemAccessible::install(QQmlEngine &engine)
+{
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.9\nItem {}", QUrl());
+    delete component.create();
+    QAccessible::installFactory(makeInterface);
+}
+
+ItemAccessible::ItemAccessible(QQuickItem *item) : QAccessibleObject(item) { }
+
+QQuickItem *ItemAccessible::item() const
+{
+    return static_cast<QQuickItem *>(object());
+}
+
+QVariant ItemAccessible::attached(const char *property) const
+{
+    const QObject *attached = attachedOf(item());
+    return attached ? attached->property(property) : QVariant();
+}
+
+QWindow *ItemAccessible::window() const
+{
+    return item()->window();
+}
+
+QRect ItemAccessible::rect() const
+{
+    const QQuickWindow *window = item()->window();
+    if (!window)
+        return {};
+    const QPointF place = item()->mapToScene(QPointF());
+    return { window->mapToGlobal(place.toPoint()), QSizeF(item()->width(), item()->height()).toSize() };
+}
+
+QAccessibleInterface *ItemAccessible::parent() const
+{
+    QQuickItem *above = item()->parentItem();
+    while (above && !attachedOf(above))
+        above = above->parentItem();
+    return QAccessible::queryAccessibleInterface(above ? static_cast<QObject *>(above) : item()->window());
+}
+
+QAccessibleInterface *ItemAccessible::child(int index) const
+{
+    return QAccessible::queryAccessibleInterface(childItemsOf(*item(), role()).value(index));
+}
+
+int ItemAccessible::childCount() const
+{
+    return childItemsOf(*item(), role()).size();
+}
+
+int ItemAccessible::indexOfChild(const QAccessibleInterface *child) const
+{
+    return childItemsOf(*item(), role()).indexOf(qobject_cast<QQuickItem *>(child->object()));
+}
+
+QAccessible::Role ItemAccessible::role() const
+{
+    const auto role = static_cast<QAccessible::Role>(attached("role").toInt());
+    return role == QAccessible::NoRole ? QAccessible::Client : role;
+}
+
+/// Whether nothing of it is inside of the window and of what it is scrolled in.
+bool ItemAccessible::isOutOfSight() const
+{
+    QRectF seen = item()->mapRectToScene(QRectF(0, 0, item()->width(), item()->height()));
+    const QQuickWindow *window = item()->window();
+    seen &= QRectF(QPointF(), window ? window->size() : QSize());
+    for (const QQuickItem *above = item()->parentItem(); above && !seen.isEmpty(); above = above->parentItem()) {
+        if (above->clip())
+            seen &= above->mapRectToScene(QRectF(0, 0, above->width(), above->height()));
+    }
+    return seen.isEmpty();
+}
+
+bool ItemAccessible::isEditable() const
+{
+    return item()->isEnabled() && !item()->property("readOnly").toBool();
+}
+
+QAccessible::State ItemAccessible::state() const
+{
+    const auto has = [this](const char *property) { return attached(property).toBool(); };
+    QAccessible::State state;
+    state.disabled = !item()->isEnabled();
+    state.invisible = !item()->window() || !item()->window()->isVisible() || !item()->isVisible();
+    state.offscreen = isOutOfSight();
+    state.focusable =
+        item()->isEnabled() && (has("focusable") || item()->activeFocusOnTab() || role() == QAccessible::EditableText);
+    state.focused = hasKeys(*item());
+    state.checkable = has("checkable");
+    state.checked = has("checked");
+    state.pressed = has("pressed");
+    state.selectable = has("selectable");
+    state.selected = has("selected");
+    state.defaultButton = has("defaultButton");
+    state.editable = has("editable") && isEditable();
+    state.readOnly = has("readOnly");
+    state.multiLine = has("multiLine");
+    state.hasPopup = role() == QAccessible::ButtonMenu || role() == QAccessible::ComboBox;
+    if (item()->property("accessibleExpandable").toBool()) {
+        state.expandable = true;
+        state.expanded = item()->property("accessibleExpanded").toBool();
+        state.collapsed = !state.expanded;
+    }
+    return state;
+}
+
+QString ItemAccessible::text(QAccessible::Text kind) const
+{
+    if (kind == QAccessible::Description)
+        return attached("description").toString();
+    if (kind != QAccessible::Name)
+        return {};
+    // A field takes the name of its label, which ends with a colon.
+    QString name = attached("name").toString().trimmed();
+    if (name.endsWith(QLatin1Char(':')) || name.endsWith(QChar(0xff1a)))
+        name.chop(1);
+    return name.trimmed();
+}
+
+void *ItemAccessible::interface_cast(QAccessible::InterfaceType type)
+{
+    if (type == QAccessible::ActionInterface)
+        return static_cast<QAccessibleActionInterface *>(this);
+    if (type == QAccessible::ValueInterface && (role() == QAccessible::SpinBox || role() == QAccessible::Slider))
+        return static_cast<QAccessibleValueInterface *>(this);
+    return QAccessibleObject::interface_cast(type);
+}
+
+bool ItemAccessible::hasAction(const QString &name) const
+{
+    const QByteArray signature = functionOf(name) + "()";
+    return item()->metaObject()->indexOfMethod(signature.constData()) >= 0;
+}
+
+QStringList ItemAccessible::actionNames() const
+{
+    QStringList names = usualActions(role());
+    for (const QString &name :
+         { pressAction(), toggleAction(), showMenuAction(), increaseAction(), decreaseAction() }) {
+        if (hasAction(name) && !names.contains(name))
+            names.append(name);
+    }
+    if (state().focusable)
+        names.append(setFocusAction());
+    return names;
+}
+
+void ItemAccessible::doAction(const QString &name)
+{
+    if (!item()->isEnabled() || !actionNames().contains(name))
+        return;
+    if (name == setFocusAction())
+        item()->forceActiveFocus(Qt::OtherFocusReason);
+    else if (hasAction(name))
+        QMetaObject::invokeMethod(item(), functionOf(name).constData());
+    else if (role() == QAccessible::CheckBox || role() == QAccessible::RadioButton)
+        item()->setProperty("checked", role() == QAccessible::RadioButton || !item()->property("checked").toBool());
+    else if (name == increaseAction() || name == decreaseAction())
+        step(name == increaseAction() ? 1 : -1);
+    else
+        for (QObject *child : item()->children()) {
+            if (child->inherits(kAttached))
+                QMetaObject::invokeMethod(child, "pressAction");
+        }
+}
+
+QStringList ItemAccessible::keyBindingsForAction(const QString &) const
+{
+    return {};
+}
+
+void ItemAccessible::step(int direction)
+{
+    setCurrentValue(currentValue().toDouble() + direction * minimumStepSize().toDouble());
+}
+
+QVariant ItemAccessible::currentValue() const
+{
+    return item()->property("value");
+}
+
+void ItemAccessible::setCurrentValue(const QVariant &value)
+{
+    if (!item()->isEnabled())
+        return;
+    item()->setProperty("value", qBound(minimumValue().toDouble(), value.toDouble(), maximumValue().toDouble()));
+    finishEditing();
+}
+
+QVariant ItemAccessible::maximumValue() const
+{
+    return item()->property("maximumValue");
+}
+
+QVariant ItemAccessible::minimumValue() const
+{
+    return item()->property("minimumValue");
+}
+
+QVariant ItemAccessible::minimumStepSize() const
+{
+    return item()->property("stepSize");
+}
+
+void ItemAccessible::finishEditing() const
+{
+    if (!item()->hasActiveFocus() && item()->metaObject()->indexOfSignal("editingFinished()") >= 0)
+        QMetaObject::invokeMethod(item(), "editingFinished");
+}
