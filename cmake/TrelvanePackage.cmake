@@ -39,10 +39,12 @@ if(NOT text MATCHES "\npackages_to_run=\\(([^)]*)\\)")
     message(FATAL_ERROR "${packages_file} has no list of the packages to run with.")
 endif()
 string(REGEX MATCHALL "[^ \t\n]+" run_packages "${CMAKE_MATCH_1}")
+# The guidance has the system's font, and its texts are Japanese where nothing else is said.
+list(APPEND run_packages "fonts-ipafont-gothic | fonts-japanese-gothic | fonts-noto-cjk | fonts-mplus")
 list(JOIN run_packages ", " CPACK_DEBIAN_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The maps of tutorials, and the exchange with translators.
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "graphviz, qttools5-dev-tools")
+# For the maps of tutorials, the exchange with translators, and tutorials that play by themselves.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "graphviz, qttools5-dev-tools, xdotool")
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -33,6 +33,13 @@ packages_to_listen=(at-spi2-core dbus-bin dbus-daemon python3-pyatspi)
 # shellcheck disable=SC2034
 packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3 xsettingsd)
 
+# Make the packages and look into them, and a bare system to install one in.
+# shellcheck disable=SC2034
+packages_to_package=(dpkg-dev lintian appstream desktop-file-utils mmdebstrap)
+
+# shellcheck disable=SC2034
+packages_to_film=(python3-pil)
+
 # shellcheck disable=SC2034
 packages_to_measure=(libbenchmark-dev)
 
