@@ -2,6 +2,7 @@
 # edits, a mirror of the resource tree. What is there already is a writer's work and stays.
 foreach(folder qml/Tutorial translations)
     file(GLOB files RELATIVE ${SOURCE_DIR} ${SOURCE_DIR}/${folder}/*.js ${SOURCE_DIR}/${folder}/*.ts)
+    list(FILTER files EXCLUDE REGEX "/interface_")
     foreach(file ${files})
         if(NOT EXISTS ${OUTPUT_DIR}/${file})
             get_filename_component(output ${OUTPUT_DIR}/${file} DIRECTORY)

@@ -14,7 +14,8 @@ install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 set(samples ${CMAKE_INSTALL_DATADIR}/trelvane/tutorial-win)
 install(DIRECTORY qml/Tutorial/ DESTINATION ${samples}/qml/Tutorial FILES_MATCHING PATTERN *.js)
-install(DIRECTORY translations/ DESTINATION ${samples}/translations FILES_MATCHING PATTERN *.ts)
+install(DIRECTORY translations/ DESTINATION ${samples}/translations FILES_MATCHING PATTERN *.ts
+    PATTERN "interface_*" EXCLUDE)
 
 set(packaging ${CMAKE_SOURCE_DIR}/packaging)
 include(TrelvaneCopyright)

@@ -3,6 +3,7 @@
 #include "quick/DocumentFollower.h"
 #include "quick/Gui.h"
 #include "quick/HintTableModel.h"
+#include "quick/InterfaceLanguage.h"
 #include "quick/TreeListItemSelectionModel.h"
 #include "quick/TutorialEventListModel.h"
 #include "quick/TutorialItemListModel.h"
@@ -33,6 +34,7 @@ void registerQmlTypes()
     registerSingleton<TutorialManager>("TutorialManager");
     registerSingleton<UndoRedo>("UndoRedo");
     registerSingleton<Gui>("Gui");
+    registerSingleton<InterfaceLanguage>("InterfaceLanguage");
     qmlRegisterType<TutorialItemListModel>(kModule, 1, 0, "TutorialItemListModel");
     qmlRegisterType<HintTableModel>(kModule, 1, 0, "HintTableModel");
     qmlRegisterType<TutorialProblems>(kModule, 1, 0, "TutorialProblems");

@@ -1,29 +1,14 @@
 #include "Translators.h"
 
+#include "SystemService/InterfaceTranslator.h"
 #include "SystemService/SystemService.h"
 #include "tool/Log.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
 namespace
 {
-void installToolkitTranslators(QApplication &application)
-{
-    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-    const QLocale locale(SystemService::getDefaultLocale());
-    for (const char *catalog : { "qtbase", "qtdeclarative", "qtquickcontrols" }) {
-        auto *translator = new QTranslator(&application);
-        const QString name = QString::fromLatin1(catalog);
-        const bool loaded = translator->load(locale, name, QStringLiteral("_"), folder);
-        Log::debug("main", "installToolkitTranslators", __LINE__)
-            << QString(folder + QLatin1Char('/') + name) << locale.name() << loaded;
-        QCoreApplication::installTranslator(translator);
-    }
-}
-
 void installStandardTranslator(QApplication &application)
 {
     const QString folder = QStringLiteral(":/translations");
@@ -35,9 +20,9 @@ void installStandardTranslator(QApplication &application)
 }
 } // namespace
 
-void installTranslators(QApplication &application)
+void installTranslators(QApplication &application, const QString &language)
 {
-    // What is installed later is asked first.
-    installToolkitTranslators(application);
     installStandardTranslator(application);
+    // What is installed later is asked first.
+    (new InterfaceTranslator(&application))->setLanguage(language);
 }

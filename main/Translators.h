@@ -1,7 +1,8 @@
 #pragma once
 
 class QApplication;
+class QString;
 
-/// Installs the catalogs that the program starts with: Qt's own for its dialogs, where they are
-/// there, and the standard locale's, which takes precedence.
-void installTranslators(QApplication &application);
+/// Installs the catalogs that the program starts with: the standard locale's, and those of the interface's language,
+/// which take precedence.
+void installTranslators(QApplication &application, const QString &language);

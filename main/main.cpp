@@ -1,3 +1,4 @@
+#include "LanguageOption.h"
 #include "ProcessLog.h"
 #include "QmlTypes.h"
 #include "Translators.h"
@@ -5,6 +6,7 @@
 
 #include "quick/ItemAccessible.h"
 #include "quick/ModalGuard.h"
+#include "SystemService/InterfaceTranslator.h"
 #include "tool/Log.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/TutorialManager.h"
@@ -14,16 +16,32 @@
 #include <QQmlApplicationEngine>
 #include <QtWebEngine>
 
+#include <cstdio>
 #include <memory>
 
 namespace
 {
 // Qt::AA_X11InitThreads by its number: Qt 5.15 warns of the name, and older releases need the value.
 constexpr auto kX11InitThreads = static_cast<Qt::ApplicationAttribute>(10);
+constexpr int kBadArguments = 2;
+
+QString interfaceLanguage(const LanguageOption &option)
+{
+    // The guidance has no texts but those in the host editor's language.
+    if (!TutorialManager::isMakingSupported())
+        return InterfaceTranslator::standardLanguage();
+    return option.language.isEmpty() ? InterfaceTranslator::storedLanguage() : option.language;
+}
 } // namespace
 
 int main(int argc, char *argv[])
 {
+    const LanguageOption languageOption =
+        TutorialManager::isMakingSupported() ? takeLanguageOption(argc, argv) : LanguageOption();
+    if (!languageOption.error.isEmpty()) {
+        std::fprintf(stderr, "trelvane-author: %s\n", qPrintable(languageOption.error));
+        return kBadArguments;
+    }
     // Attributes of a translation source are saved in the order of a hash: one order for all saves.
     // The authoring mode has no page, and what it opens beside itself inherits its environment.
     if (TutorialManager::isMakingSupported())
@@ -44,7 +62,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationDomain(QStringLiteral("harnwick.example"));
     setupMessageHandler();
     closeLogFileHook = closeLogFile;
-    installTranslators(application);
+    installTranslators(application, interfaceLanguage(languageOption));
     applicationObject = &application;
     registerQmlTypes();
     // Numbers are formatted alike whatever the language of the texts is.

@@ -219,5 +219,25 @@ MenuBar {
             text: qsTranslate("main", "Tutorial &event")
             onTriggered: root.eventDialogRequested()
         }
+
+        MenuSeparator {}
+
+        Menu {
+            objectName: "language"
+            title: qsTranslate("main", "Lan&guage")
+
+            LanguageMenuItem {
+                // Each by its own name: who chooses may read no other.
+                text: "日本語"
+                language: "ja"
+                window: root.window
+            }
+
+            LanguageMenuItem {
+                text: "English"
+                language: "en"
+                window: root.window
+            }
+        }
     }
 }

@@ -20,6 +20,13 @@
         </message>
     </context>
     <context>
+        <name>InterfaceLanguage</name>
+        <message>
+            <source>The screens are in English from the next start on.</source>
+            <translation>画面は次の起動から日本語になります。</translation>
+        </message>
+    </context>
+    <context>
         <name>NameChangeDialog</name>
         <message>
             <source>There is the same tutorial item name.
@@ -1243,6 +1250,10 @@ Yes writes over it. No opens it again, without your changes.</source>
         <message>
             <source>Prohibit or permit (Space)</source>
             <translation>禁止または許可（Space）</translation>
+        </message>
+        <message>
+            <source>Lan&amp;guage</source>
+            <translation>言語 (Language)(&amp;G)</translation>
         </message>
     </context>
     <context>

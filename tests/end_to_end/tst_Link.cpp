@@ -42,6 +42,7 @@ private Q_SLOTS:
     void tutorials();
     void severalHosts();
     void hostThatDoesNotRead();
+    void languageOfTheScreens();
     void survivesHostileBytes();
 
 private:
@@ -171,6 +172,35 @@ void tst_Link::hostThatDoesNotRead()
     QCOMPARE(host.process().exitStatus(), QProcess::NormalExit);
     QCOMPARE(host.process().exitCode(), 0);
     QVERIFY(host.log().contains(QLatin1String("the host editor does not read 6")));
+}
+
+void tst_Link::languageOfTheScreens()
+{
+    const QString author = QStringLiteral(TRELVANE_AUTHOR_PROGRAM);
+    const auto isShown = [](const char *title) {
+        return !Screen::xdotool(QStringLiteral("search --onlyvisible --name ^%1$").arg(QString::fromUtf8(title)))
+                    .isEmpty();
+    };
+    HostPeer stored;
+    HostPeer named;
+    for (HostPeer *host : { &stored, &named }) {
+        QVERIFY(QDir().mkpath(QFileInfo(host->settingsFile()).path()));
+        writeAll(host->settingsFile(), "[General]\ninterfaceLanguage=en\n");
+    }
+    QVERIFY(stored.start(author));
+    QTRY_VERIFY_WITH_TIMEOUT(isShown("Events"), 20000);
+    // The link's suffix is the first argument that is left.
+    QVERIFY(named.start(author, { QStringLiteral("--language"), QStringLiteral("ja") }));
+    QTRY_VERIFY_WITH_TIMEOUT(isShown("チュートリアルイベント"), 20000);
+    QCOMPARE(QString::fromUtf8(readAll(named.settingsFile())).count(QStringLiteral("interfaceLanguage=en")), 1);
+
+    for (const QStringList &wrong : { QStringList{ QStringLiteral("--language"), QStringLiteral("fr") },
+                                      QStringList{ QStringLiteral("--language") } }) {
+        HostPeer refused;
+        QVERIFY(refused.startAlone(author, wrong));
+        QVERIFY(refused.waitForExit(20000));
+        QCOMPARE(refused.process().exitCode(), 2);
+    }
 }
 
 void tst_Link::survivesHostileBytes()

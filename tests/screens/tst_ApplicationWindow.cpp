@@ -11,6 +11,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QSettings>
 
 #include <cerrno>
 #include <functional>
@@ -109,6 +110,20 @@ void tst_ApplicationWindow::entriesOfNoScreen()
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
     choose("&Help", "&Version");
     QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("Version:VERSION"));
+    // A choice for the next start is told to somebody who may read no other language.
+    const QQmlListReference help(AuthoringTest::menus().at(2), "items");
+    const QQmlListReference entries(help.at(help.count() - 1), "items");
+    const auto languages = [&entries]() -> QString {
+        return entries.at(0)->property("checked").toString() + QLatin1Char(' ')
+            + entries.at(1)->property("checked").toString() + QLatin1Char(' ')
+            + QSettings().value(QStringLiteral("interfaceLanguage")).toString();
+    };
+    QMetaObject::invokeMethod(entries.at(1), "trigger");
+    QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("The screens are in English from the next start on."));
+    QCOMPARE(languages(), QStringLiteral("false true en"));
+    QMetaObject::invokeMethod(entries.at(0), "trigger");
+    QVERIFY(!messageBox());
+    QCOMPARE(languages(), QStringLiteral("true false ja"));
 }
 
 void tst_ApplicationWindow::saveCheck()

@@ -32,9 +32,11 @@ public:
         mProcess.waitForFinished();
     }
 
-    bool start(const QString &program)
+    /// `options` stand before all other arguments.
+    bool start(const QString &program, const QStringList &options = {})
     {
-        return listen(mSuffix) && startAlone(program, { mSuffix, QStringLiteral("ignored") }) && accept();
+        return listen(mSuffix) && startAlone(program, options + QStringList{ mSuffix, QStringLiteral("ignored") })
+            && accept();
     }
     /// Starts the program as a second one of another host.
     bool startBeside(HostPeer &other, const QString &program)
@@ -71,6 +73,8 @@ public:
     }
 
     QProcess &process() { return mProcess; }
+    /// Where the program keeps its settings.
+    QString settingsFile() const { return mHome.filePath(QStringLiteral(".config/Harnwick/Trelvane.conf")); }
     QString log() const
     {
         return QString::fromUtf8(readAll(mHome.filePath(mLogFolder + QLatin1String("/Trelvane.log"))));

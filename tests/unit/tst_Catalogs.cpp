@@ -1,12 +1,14 @@
 #include "../../main/Translators.h"
 #include "support/FileBytes.h"
+#include "SystemService/InterfaceTranslator.h"
+#include "Tutorial/translation/TutorialTranslation.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDomDocument>
 #include <QLibraryInfo>
 #include <QProcess>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -17,16 +19,18 @@ class tst_Catalogs : public QObject
 
 private Q_SLOTS:
     void messagesKeepTheirShape();
+    void everyTextOfTheProgramIsThere_data();
     void everyTextOfTheProgramIsThere();
-    void toolkitIsTranslated();
+    void interfaceHasItsLanguage();
 };
 
 void tst_Catalogs::messagesKeepTheirShape()
 {
-    for (const char *locale : { "ja_JP", "en_US" }) {
+    for (const char *name : { "ja_JP", "en_US", "interface_en" }) {
+        const bool isWhole = qstrcmp(name, "interface_en") == 0;
         QDomDocument document;
         document.setContent(
-            readAll(QFINDTESTDATA(QStringLiteral("../../translations/%1.ts").arg(QLatin1String(locale)))));
+            readAll(QFINDTESTDATA(QStringLiteral("../../translations/%1.ts").arg(QLatin1String(name)))));
         const QDomNodeList messages = document.elementsByTagName(QStringLiteral("message"));
         QVERIFY(!messages.isEmpty());
         for (int i = 0; i < messages.count(); ++i) {
@@ -34,6 +38,8 @@ void tst_Catalogs::messagesKeepTheirShape()
             const QString words = messages.at(i).firstChildElement(QStringLiteral("translation")).text();
             // The source text is shown then, which says nothing where it is the key of a hint.
             QVERIFY2(!words.isEmpty() || !source.startsWith(QLatin1Char('#')), qPrintable(source));
+            // The interface's English would fall through to the Japanese.
+            QVERIFY2(!words.isEmpty() || !isWhole, qPrintable(source));
             if (words.isEmpty())
                 continue;
             // Places for values, and the keys of menus.
@@ -45,29 +51,87 @@ void tst_Catalogs::messagesKeepTheirShape()
     }
 }
 
-void tst_Catalogs::everyTextOfTheProgramIsThere()
+void tst_Catalogs::everyTextOfTheProgramIsThere_data()
 {
-    const QString root = QFileInfo(QFINDTESTDATA("../../translations/ja_JP.ts")).path() + QLatin1String("/../");
-    const QTemporaryDir folder;
-    const QString copy = folder.filePath(QStringLiteral("ja_JP.ts"));
-    QVERIFY(QFile::copy(root + QLatin1String("translations/ja_JP.ts"), copy));
-    const QString tool = QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/lupdate");
-    QCOMPARE(QProcess::execute(tool,
-                               { QStringLiteral("-silent"), root + QLatin1String("cpp"), root + QLatin1String("main"),
-                                 root + QLatin1String("qml"), QStringLiteral("-ts"), copy }),
-             0);
-    // What the tool finds in the sources alone is added as a message without words.
-    const QByteArray updated = readAll(copy);
-    QVERIFY(updated.contains("</TS>"));
-    QVERIFY2(!updated.contains("unfinished"), updated.mid(updated.indexOf("unfinished") - 200, 200));
+    QTest::addColumn<bool>("forLearners");
+    QTest::newRow("ja_JP") << true;
+    // Tutorials and the guidance are in the language that the host editor names.
+    QTest::newRow("interface_en") << false;
 }
 
-void tst_Catalogs::toolkitIsTranslated()
+void tst_Catalogs::everyTextOfTheProgramIsThere()
 {
-    installTranslators(*qApp);
-    QDialogButtonBox box(QDialogButtonBox::Cancel);
-    QCOMPARE(box.button(QDialogButtonBox::Cancel)->text(), QStringLiteral("キャンセル"));
-    QCOMPARE(QCoreApplication::translate("main", "&File"), QStringLiteral("ファイル(&F)"));
+    QFETCH(bool, forLearners);
+    const QString name = QLatin1String(QTest::currentDataTag()) + QLatin1String(".ts");
+    const QString root = QFileInfo(QFINDTESTDATA("../../translations/ja_JP.ts")).path() + QLatin1String("/../");
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(name);
+    QVERIFY(QFile::copy(root + QLatin1String("translations/") + name, copy));
+    const QString tool = QLibraryInfo::location(QLibraryInfo::BinariesPath) + QLatin1String("/lupdate");
+    QCOMPARE(QProcess::execute(tool,
+                               { QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("absolute"),
+                                 root + QLatin1String("cpp"), root + QLatin1String("main"), root + QLatin1String("qml"),
+                                 QStringLiteral("-ts"), copy }),
+             0);
+    // What the tool finds in the sources alone is added as a message without words.
+    QDomDocument updated;
+    QVERIFY(updated.setContent(readAll(copy)));
+    const QDomNodeList messages = updated.elementsByTagName(QStringLiteral("message"));
+    for (int i = 0; i < messages.count(); ++i) {
+        const QDomElement message = messages.at(i).toElement();
+        const QDomElement place = message.firstChildElement(QStringLiteral("location"));
+        const QString file = place.attribute(QStringLiteral("filename"));
+        const bool isForLearners =
+            file.contains(QLatin1String("/guidance/")) || file.contains(QLatin1String("/qml/Tutorial/"));
+        const QString state =
+            message.firstChildElement(QStringLiteral("translation")).attribute(QStringLiteral("type"));
+        const QString source = message.firstChildElement(QStringLiteral("source")).text();
+        QVERIFY2((state == QLatin1String("unfinished")) == (isForLearners && !forLearners), qPrintable(source));
+    }
+}
+
+void tst_Catalogs::interfaceHasItsLanguage()
+{
+    const auto text = [](const char *context, const char *source) {
+        return QCoreApplication::translate(context, source);
+    };
+    const auto toolkit = [] { return QDialogButtonBox(QDialogButtonBox::Cancel).buttons().first()->text(); };
+    installTranslators(*qApp, QStringLiteral("ja"));
+    QCOMPARE(toolkit(), QStringLiteral("キャンセル"));
+    QCOMPARE(text("main", "&File"), QStringLiteral("ファイル(&F)"));
+    for (const char *name : { "fr", "", "EN", "en_US" })
+        QCOMPARE(InterfaceTranslator::languageOf(QLatin1String(name)),
+                 QLatin1String(name).mid(0, 2) == QLatin1String("en") ? QStringLiteral("en") : QString());
+    InterfaceTranslator::instance()->setLanguage(QStringLiteral("en"));
+    QCOMPARE(toolkit(), QStringLiteral("Cancel"));
+
+    // What a writer's files and the host editor bring comes first among the others only.
+    QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("tutorial-win/translations")));
+    QDir::setCurrent(folder.path());
+    QVERIFY(QFile::copy(QFINDTESTDATA("../../translations/ja_JP.ts"),
+                        QStringLiteral("tutorial-win/translations/ja_JP.ts")));
+    TreeDataTemplate<TutorialItemData> document;
+    TutorialTranslation translation(true, qApp, document);
+    const auto hint = [&translation] { return translation.translate(QStringLiteral("#2")); };
+    const auto words = [&translation] {
+        return translation.applyTranslation(QStringLiteral("main"), QStringLiteral("&File"));
+    };
+    translation.beginLoad(QStringLiteral("TutorialSideViewStep0"));
+    QVERIFY(hint().startsWith(QStringLiteral("ようこそ")));
+    for (const char *locale : { "ja_JP", "en_US" }) {
+        translation.installTranslator(QLatin1String(locale));
+        QCOMPARE(text("main", "&File"), QStringLiteral("&File"));
+        QVERIFY(hint().startsWith(QStringLiteral("ようこそ")));
+        // A script may name any context.
+        QCOMPARE(words(), QStringLiteral("ファイル(&F)"));
+        QCOMPARE(text("TutorialIndicator", "Next"), QStringLiteral("次へ"));
+        QCOMPARE(text("TutorialList", "Side-view"), QStringLiteral("サイドビュー"));
+    }
+    InterfaceTranslator::instance()->setLanguage(QStringLiteral("ja"));
+    QCOMPARE(text("main", "&File"), QStringLiteral("ファイル(&F)"));
+    QCOMPARE(toolkit(), QStringLiteral("キャンセル"));
+    QDir::setCurrent(QDir::rootPath());
 }
 
 QTEST_MAIN(tst_Catalogs)

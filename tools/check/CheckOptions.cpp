@@ -1,5 +1,7 @@
 #include "CheckOptions.h"
 
+#include "SystemService/InterfaceTranslator.h"
+
 #include <QCommandLineParser>
 #include <QLocale>
 
@@ -31,7 +33,7 @@ void addOptions(QCommandLineParser &parser)
                "Also draw the tutorial into that file, as SVG by Graphviz, or as Graphviz text if its name ends in "
                ".dot.",
                "file"),
-        option("language", "Language of the texts: ja_JP or en_US. Default: that of the system.", "locale"),
+        option("language", "Language of the texts: ja or en. Default: that of the system.", "language"),
     });
 }
 
@@ -41,9 +43,9 @@ bool isPicture(const QString &file)
     return file.endsWith(QLatin1String(".svg")) || file.endsWith(QLatin1String(".dot"));
 }
 
-QString systemLocale()
+QString systemLanguage()
 {
-    return QLocale::system().language() == QLocale::Japanese ? QStringLiteral("ja_JP") : QStringLiteral("en_US");
+    return QLocale::system().language() == QLocale::Japanese ? QStringLiteral("ja") : QStringLiteral("en");
 }
 } // namespace
 
@@ -65,10 +67,11 @@ CheckOptions parseOptions(const QStringList &arguments)
     options.json = parser.isSet(QStringLiteral("json"));
     options.walk = parser.isSet(QStringLiteral("walk"));
     options.map = parser.value(QStringLiteral("map"));
-    options.locale =
-        parser.isSet(QStringLiteral("language")) ? parser.value(QStringLiteral("language")) : systemLocale();
-    if (options.locale != QLatin1String("ja_JP") && options.locale != QLatin1String("en_US"))
-        options.error = QStringLiteral("--language takes ja_JP or en_US, not \"%1\".").arg(options.locale);
+    const QString language =
+        parser.isSet(QStringLiteral("language")) ? parser.value(QStringLiteral("language")) : systemLanguage();
+    options.language = InterfaceTranslator::languageOf(language);
+    if (options.language.isEmpty())
+        options.error = QStringLiteral("--language takes ja or en, not \"%1\".").arg(language);
     else if (options.files.isEmpty())
         options.error = QStringLiteral("No file is named.");
     else if (parser.isSet(QStringLiteral("map")) && (options.map.isEmpty() || options.files.size() > 1))

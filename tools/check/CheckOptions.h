@@ -8,7 +8,7 @@ struct CheckOptions
 {
     QStringList files;
     QString translations; ///< empty for what lies beside each file
-    QString locale; ///< of the texts
+    QString language; ///< of the texts, see InterfaceTranslator
     bool json = false;
     bool walk = false; ///< tell of the ways too
     QString map; ///< the file that gets the map; empty for none

@@ -7,6 +7,7 @@
 #include "check/WalkReport.h"
 #include "CheckOptions.h"
 #include "tool/DataSupport.h"
+#include "Translators.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -14,7 +15,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSysInfo>
-#include <QTranslator>
 
 #include <algorithm>
 #include <cstdio>
@@ -139,9 +139,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     if (isOffscreen)
         QApplication::setFont(guidanceFont());
-    QTranslator translator;
-    if (translator.load(options.locale, QStringLiteral(":/translations")))
-        QCoreApplication::installTranslator(&translator);
+    installTranslators(application, options.language);
     const int result = run(options);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return result;

@@ -33,6 +33,7 @@ void addOptions(QCommandLineParser &parser)
         option("program-log", "Pass the program's own log on to standard error."),
         option("event-log", "Tell the program what the user does. --author implies it."),
         option("locale", "Language of the tutorial: ja_JP or en_US. Default: that of the system.", "locale"),
+        option("language", "Language of the authoring mode's own texts: ja or en. Goes with --author.", "language"),
         option("tutorial", "The tutorial to play. Default: TutorialSideViewStep0; with --author none.", "name"),
         option("auto", "Play the tutorial without a user, then leave."),
         option("answer", "What --auto answers to questions: yes, no, or both (no first, then yes). Default: yes.",
@@ -126,6 +127,15 @@ HostOptions parseOptions(const QStringList &arguments)
     if (parser.isSet(QStringLiteral("locale")) && options.locale != QLatin1String("ja_JP")
         && options.locale != QLatin1String("en_US"))
         options.error = QStringLiteral("--locale takes ja_JP or en_US, not \"%1\".").arg(options.locale);
+
+    options.language = parser.value(QStringLiteral("language"));
+    if (parser.isSet(QStringLiteral("language")) && !parser.isSet(QStringLiteral("author")))
+        options.error = QStringLiteral("--language goes with --author.");
+    else if (parser.isSet(QStringLiteral("language"))
+             && !QStringList(
+                     { QStringLiteral("ja"), QStringLiteral("en"), QStringLiteral("ja_JP"), QStringLiteral("en_US") })
+                     .contains(options.language))
+        options.error = QStringLiteral("--language takes ja or en, not \"%1\".").arg(options.language);
 
     const bool ownTutorial = parser.isSet(QStringLiteral("author"));
     options.tutorial = parser.value(QStringLiteral("tutorial"));

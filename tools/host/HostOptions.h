@@ -20,6 +20,8 @@ struct HostOptions
     /// Whether the program is told what the user does, for the writer of a tutorial.
     bool eventLog = false;
     QString locale;
+    /// Of the program's own texts, empty to leave it to the program.
+    QString language;
     /// Empty to ask for no tutorial: the authoring mode has one of its own.
     QString tutorial;
     bool automatic = false;

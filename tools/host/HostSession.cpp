@@ -124,7 +124,10 @@ QString HostSession::begin()
     else
         mProgram.setStandardErrorFile(QProcess::nullDevice());
     mProgram.setStandardOutputFile(QProcess::nullDevice());
-    mProgram.start(mOptions.program, { mOptions.suffix });
+    QStringList arguments = { mOptions.suffix };
+    if (!mOptions.language.isEmpty())
+        arguments += { QStringLiteral("--language"), mOptions.language };
+    mProgram.start(mOptions.program, arguments);
     if (!mProgram.waitForStarted())
         return QStringLiteral("cannot start \"%1\": %2").arg(mOptions.program, mProgram.errorString());
     mPlayer.setProcess(mProgram.processId());

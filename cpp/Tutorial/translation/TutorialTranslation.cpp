@@ -1,5 +1,6 @@
 #include "Tutorial/translation/TutorialTranslation.h"
 
+#include "SystemService/InterfaceTranslator.h"
 #include "SystemService/SystemService.h"
 #include "tool/DataSupport.h"
 #include "tool/Log.h"
@@ -23,6 +24,13 @@ QString catalogOf(const QTranslator &translator, const QString &locale)
     return locale;
 #endif
 }
+
+/// The documents and catalogs of tutorials may hold texts of the program, too.
+void giveWayToInterface()
+{
+    if (InterfaceTranslator *translator = InterfaceTranslator::instance())
+        translator->comeFirst();
+}
 } // namespace
 
 TutorialTranslation::TutorialTranslation(bool authoring, QObject *translatorOwner, HintMerge::Document &document)
@@ -32,13 +40,16 @@ TutorialTranslation::TutorialTranslation(bool authoring, QObject *translatorOwne
     , mLocale(SystemService::getDebugLocale())
 {
     updateLocale2(mLocale);
-    if (mAuthoring)
+    if (mAuthoring) {
         QCoreApplication::installTranslator(&mDocumentTranslator);
+        giveWayToInterface();
+    }
 }
 
 QString TutorialTranslation::applyTranslation(const QString &context, const QString &sourceText) const
 {
     Log::debugEachText(kFolder, "TutorialTranslation::applyTranslation", __LINE__, { context, sourceText });
+    const InterfaceTranslator::Silence silence;
     return QCoreApplication::translate(context.toUtf8().constData(), sourceText.toUtf8().constData());
 }
 
@@ -119,6 +130,7 @@ void TutorialTranslation::installTranslator(const QString &locale)
         // What the writer edits takes precedence over all of them.
         QCoreApplication::removeTranslator(&mDocumentTranslator);
         QCoreApplication::installTranslator(&mDocumentTranslator);
+        giveWayToInterface();
     }
 }
 

@@ -1,0 +1,132 @@
+#include "SystemService/InterfaceTranslator.h"
+
+#include "SystemService/SystemService.h"
+#include "tool/Log.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QSettings>
+
+namespace
+{
+constexpr char kFolder[] = "cpp/SystemService";
+const QLatin1String kLanguageKey("interfaceLanguage");
+constexpr const char *kToolkitCatalogs[] = { "qtbase", "qtdeclarative", "qtquickcontrols" };
+
+InterfaceTranslator *interfaceTranslatorInstance = nullptr;
+thread_local bool isSilent = false;
+
+QString catalogOf(const QString &language)
+{
+    return language == InterfaceTranslator::standardLanguage()
+        ? QStringLiteral(":/translations/") + SystemService::getDefaultLocale()
+        : QStringLiteral(":/translations/interface/") + language;
+}
+} // namespace
+
+QStringList InterfaceTranslator::languages()
+{
+    return { standardLanguage(), QStringLiteral("en") };
+}
+
+QString InterfaceTranslator::standardLanguage()
+{
+    return SystemService::getDefaultLocale().section(QLatin1Char('_'), 0, 0);
+}
+
+QString InterfaceTranslator::languageOf(const QString &name)
+{
+    for (const QString &language : languages()) {
+        const QString locale = QLocale(language).name(); // as "en_US"
+        if (name == language || name == locale)
+            return language;
+    }
+    return QString();
+}
+
+QString InterfaceTranslator::storedLanguage()
+{
+    const QString language = languageOf(QSettings().value(kLanguageKey).toString());
+    return language.isEmpty() ? standardLanguage() : language;
+}
+
+void InterfaceTranslator::storeLanguage(const QString &language)
+{
+    if (languages().contains(language))
+        QSettings().setValue(kLanguageKey, language);
+}
+
+QString InterfaceTranslator::textIn(const QString &language, const char *context, const char *sourceText)
+{
+    QTranslator translator;
+    const QString text = translator.load(catalogOf(language)) ? translator.translate(context, sourceText) : QString();
+    return text.isEmpty() ? QString::fromUtf8(sourceText) : text;
+}
+
+InterfaceTranslator::InterfaceTranslator(QObject *parent) : QTranslator(parent), mLanguage(standardLanguage())
+{
+    interfaceTranslatorInstance = this;
+    for (std::size_t i = 0; i < sizeof(kToolkitCatalogs) / sizeof(*kToolkitCatalogs); ++i) {
+        mToolkitTranslators.push_back(new QTranslator(this));
+        QCoreApplication::installTranslator(mToolkitTranslators.back());
+    }
+    loadToolkitCatalogs();
+    QCoreApplication::installTranslator(this);
+}
+
+InterfaceTranslator::~InterfaceTranslator()
+{
+    if (interfaceTranslatorInstance == this)
+        interfaceTranslatorInstance = nullptr;
+}
+
+InterfaceTranslator *InterfaceTranslator::instance()
+{
+    return interfaceTranslatorInstance;
+}
+
+void InterfaceTranslator::setLanguage(const QString &language)
+{
+    if (language == mLanguage || !languages().contains(language))
+        return;
+    mLanguage = language;
+    // The standard language is in the catalog of its locale, which is installed in any case.
+    const bool loaded = load(language == standardLanguage() ? QString() : catalogOf(language));
+    Log::debug(kFolder, "InterfaceTranslator::setLanguage", __LINE__) << language << loaded;
+    loadToolkitCatalogs();
+}
+
+void InterfaceTranslator::loadToolkitCatalogs()
+{
+    // The toolkit's texts are English where it has no catalog.
+    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    for (std::size_t i = 0; i < mToolkitTranslators.size(); ++i) {
+        const QString name = QString::fromLatin1(kToolkitCatalogs[i]);
+        const bool loaded = mToolkitTranslators[i]->load(QLocale(mLanguage), name, QStringLiteral("_"), folder);
+        Log::debug(kFolder, "InterfaceTranslator::loadToolkitCatalogs", __LINE__)
+            << QString(folder + QLatin1Char('/') + name) << mLanguage << loaded;
+    }
+}
+
+void InterfaceTranslator::comeFirst()
+{
+    QCoreApplication::removeTranslator(this);
+    QCoreApplication::installTranslator(this);
+}
+
+QString InterfaceTranslator::translate(const char *context, const char *sourceText, const char *disambiguation,
+                                       int n) const
+{
+    return isSilent ? QString() : QTranslator::translate(context, sourceText, disambiguation, n);
+}
+
+InterfaceTranslator::Silence::Silence() : mFormer(isSilent)
+{
+    isSilent = true;
+}
+
+InterfaceTranslator::Silence::~Silence()
+{
+    isSilent = mFormer;
+}
