@@ -1,5 +1,6 @@
 #include "quick/ItemAccessible.h"
 
+#include "quick/MenuEntryFollower.h"
 #include "quick/TextAccessible.h"
 
 #include <QQmlComponent>
@@ -29,6 +30,7 @@ QAccessibleInterface *makeInterface(const QString &key, QObject *object)
         return nullptr;
     if (item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit"))
         return new TextAccessible(item);
+    MenuEntryFollower::follow(item);
     return new ItemAccessible(item);
 }
 
@@ -179,7 +181,7 @@ QAccessible::State ItemAccessible::state() const
     state.offscreen = isOutOfSight();
     state.focusable =
         item()->isEnabled() && (has("focusable") || item()->activeFocusOnTab() || role() == QAccessible::EditableText);
-    state.focused = hasKeys(*item());
+    state.focused = role() == QAccessible::MenuItem ? MenuEntryFollower::isCurrent(*item()) : hasKeys(*item());
     state.checkable = has("checkable");
     state.checked = has("checked");
     state.pressed = has("pressed");
