@@ -26,6 +26,10 @@ packages_without_display=(xvfb openbox picom xdotool x11-utils)
 # shellcheck disable=SC2034
 packages_to_draw=(graphviz)
 
+# Takes the pictures of the pages.
+# shellcheck disable=SC2034
+packages_to_picture=(imagemagick)
+
 # The accessibility bus, and the Python bindings for what listens on it.
 # shellcheck disable=SC2034
 packages_to_listen=(at-spi2-core dbus-bin dbus-daemon python3-pyatspi)

@@ -6,9 +6,13 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDirIterator>
 #include <QDomDocument>
+#include <QKeySequence>
 #include <QLibraryInfo>
+#include <QMetaEnum>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -22,6 +26,7 @@ private Q_SLOTS:
     void everyTextOfTheProgramIsThere_data();
     void everyTextOfTheProgramIsThere();
     void interfaceHasItsLanguage();
+    void pagesTellWhatIsThere();
 };
 
 void tst_Catalogs::messagesKeepTheirShape()
@@ -132,6 +137,66 @@ void tst_Catalogs::interfaceHasItsLanguage()
     QCOMPARE(text("main", "&File"), QStringLiteral("ファイル(&F)"));
     QCOMPARE(toolkit(), QStringLiteral("キャンセル"));
     QDir::setCurrent(QDir::rootPath());
+}
+
+void tst_Catalogs::pagesTellWhatIsThere()
+{
+    const QString root = QFileInfo(QFINDTESTDATA("../../translations/ja_JP.ts")).path() + QLatin1String("/../");
+    const auto textOf = [&root](const QString &folder, const QStringList &names) {
+        QString text;
+        QDirIterator files(root + folder, names, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            text += QString::fromUtf8(readAll(files.next()));
+        return text;
+    };
+    const auto foundIn = [](const QString &text, const char *pattern) {
+        QStringList found;
+        auto matches = QRegularExpression(QLatin1String(pattern)).globalMatch(text);
+        while (matches.hasNext())
+            found.append(matches.next().captured(1));
+        return found;
+    };
+    // The writer's guide has the texts of the screens in bold, and keys as keys.
+    QDomDocument document;
+    QVERIFY(document.setContent(readAll(root + QLatin1String("translations/interface_en.ts"))));
+    const QDomNodeList messages = document.elementsByTagName(QStringLiteral("translation"));
+    QStringList texts;
+    for (int i = 0; i < messages.count(); ++i)
+        texts.append(messages.at(i).toElement().text().remove(QLatin1Char('&')));
+    const QString guide = QString::fromUtf8(readAll(root + QLatin1String("docs/writing-tutorials.md")));
+    const QStringList told = foundIn(guide, "\\*\\*([^*]+)\\*\\*");
+    QVERIFY(told.size() > 20);
+    for (const QString &text : told)
+        QVERIFY2(texts.contains(text), qPrintable(text));
+    const QString screens = textOf(QStringLiteral("qml"), { QStringLiteral("*.qml") });
+    QStringList keys = foundIn(screens, "\"((?:(?:Ctrl|Alt|Shift)\\+)*(?:F\\d+|\\w+))\"")
+        + foundIn(screens, "Qt\\.Key_(\\w+)") + foundIn(texts.join(QLatin1Char(' ')), "(Ctrl\\+\\w+)");
+    const QMetaEnum standardKeys = QMetaEnum::fromType<QKeySequence::StandardKey>();
+    for (const QString &name : foundIn(screens, "StandardKey\\.(\\w+)")) {
+        const auto key = QKeySequence::StandardKey(standardKeys.keyToValue(name.toLatin1().constData()));
+        keys += QKeySequence::listToString(QKeySequence::keyBindings(key), QKeySequence::PortableText)
+                    .split(QStringLiteral("; "));
+    }
+    for (const QString &key : foundIn(guide, "<kbd>([^<]+)</kbd>"))
+        QVERIFY2(keys.contains(key), qPrintable(key));
+
+    // A picture that no command draws gets old.
+    const QString scripts = textOf(QStringLiteral("scripts"), { QStringLiteral("*") })
+        + QString::fromUtf8(readAll(root + QLatin1String("run")));
+    QSet<QString> shown;
+    for (const char *page : { "README.md", "CONTRIBUTING.md", "docs/writing-tutorials.md" }) {
+        const QString text = QString::fromUtf8(readAll(root + QLatin1String(page)));
+        const QStringList pictures =
+            foundIn(text, "\\]\\(([^)]+\\.(?:png|gif|webp))\\)") + foundIn(text, "src=\"([^\"]+\\.(?:png|gif|webp))\"");
+        for (const QString &picture : pictures) {
+            const QFileInfo file(QFileInfo(root + QLatin1String(page)).dir(), picture);
+            QVERIFY2(file.exists(), qPrintable(picture));
+            QVERIFY2(scripts.contains(file.fileName()), qPrintable(picture));
+            shown.insert(file.fileName());
+        }
+    }
+    for (const QString &picture : QDir(root + QLatin1String("docs")).entryList({ QStringLiteral("*.png") }))
+        QVERIFY2(shown.contains(picture), qPrintable(picture));
 }
 
 QTEST_MAIN(tst_Catalogs)
