@@ -14,16 +14,12 @@ Column {
 
     signal eventChosen(string eventText)
 
-    function choose(row) {
-        eventChosen(eventModel.getTagStrippedText(eventModel.data(eventModel.index(row, 0))));
-    }
-
     spacing: 4
 
     ListKeys {
         id: listKeys
         list: list
-        onChosen: root.choose(row)
+        onChosen: list.currentItem.doubleClicked()
     }
 
     RectangleTextInput {
@@ -69,7 +65,7 @@ Column {
                     content.anchors.verticalCenter: verticalCenter
                     text: name
                     plainText: root.eventModel.getTagStrippedText(Gui.withoutLoading(name))
-                    onDoubleClicked: root.choose(index)
+                    onDoubleClicked: root.eventChosen(root.eventModel.getTagStrippedText(name))
                 }
 
                 onCurrentIndexChanged: if (activeFocus) positionViewAtIndex(currentIndex, ListView.Contain)

@@ -20,16 +20,12 @@ Column {
             area.contentY = Math.max(row.y + row.height - scrollView.viewport.height, Math.min(area.contentY, row.y));
     }
 
-    function choose(row) {
-        controlChosen(trackingModel.data(trackingModel.index(row, 0)));
-    }
-
     spacing: 4
 
     ListKeys {
         id: listKeys
         list: list
-        onChosen: root.choose(row)
+        onChosen: list.currentItem.doubleClicked()
     }
 
     RectangleLabel {

@@ -67,19 +67,3 @@ function pressByKey(control) {
     if (control.__behavior && control.__behavior.keyPressed !== undefined)
         control.__behavior.keyPressed = true;
 }
-
-/// Changes the sizes on both sides of a split view's handle.
-function moveHandle(view, index, distance) {
-    if (!view.__items)
-        return;
-    var size = view.orientation === Qt.Horizontal ? "width" : "height";
-    var minimum = view.orientation === Qt.Horizontal ? "minimumWidth" : "minimumHeight";
-    var fill = view.orientation === Qt.Horizontal ? "fillWidth" : "fillHeight";
-    var first = view.__items[index];
-    var second = view.__items[index + 1];
-    var sized = first.Layout[fill] ? second : first;
-    var other = sized === first ? second : first;
-    var wanted = sized[size] + (sized === first ? distance : -distance);
-    var room = sized[size] + other[size] - Math.max(0, other.Layout[minimum]);
-    sized[size] = Math.max(Math.max(0, sized.Layout[minimum]), Math.min(wanted, room));
-}

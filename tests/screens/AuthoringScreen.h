@@ -100,6 +100,15 @@ protected:
         return nullptr;
     }
     static QQuickWindow *saveQuestion() { return visibleWindow("SaveChangeDialog"); }
+    static QList<QQuickItem *> visibleItems(QQuickItem *item)
+    {
+        if (!item->isVisible())
+            return {};
+        QList<QQuickItem *> items = { item };
+        for (QQuickItem *child : item->childItems())
+            items += visibleItems(child);
+        return items;
+    }
     static QQuickItem *find(QQuickItem *item, const QString &nameOrText)
     {
         for (QQuickItem *each : visibleItems(item)) {
@@ -266,15 +275,6 @@ private:
     static QPoint centre(const QQuickItem *item)
     {
         return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    }
-    static QList<QQuickItem *> visibleItems(QQuickItem *item)
-    {
-        if (!item->isVisible())
-            return {};
-        QList<QQuickItem *> items = { item };
-        for (QQuickItem *child : item->childItems())
-            items += visibleItems(child);
-        return items;
     }
     /// Waits until the menu is open and goes to an entry by keys; closes it where that is off.
     void chooseFrom(QObject *menu, const char *entry) const

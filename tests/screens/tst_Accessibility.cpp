@@ -1,0 +1,211 @@
+#include "AuthoringTest.h"
+
+#include "UndoRedo/UndoRedo.h"
+
+#include <QAccessible>
+
+/// What the screens say of themselves to who can't see them, and that keys reach all that the mouse reaches.
+class tst_Accessibility : public AuthoringTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyControlHasRoleAndName();
+    void tabKeyReadsTheScreen();
+    void saysWhatIsOff();
+    void rowsAreThoseInView();
+    void keysDoWhatTheMouseDoes();
+    void eventsAreTakenByKeys();
+
+private:
+    static QAccessibleInterface *accessible(QObject *object) { return QAccessible::queryAccessibleInterface(object); }
+    static QStringList namelessIn(QQuickWindow *window);
+    static QString focused(const QQuickWindow *window);
+};
+
+/// Nothing may be focused or clicked that has no role and no name, itself or as a part of what has them.
+QStringList tst_Accessibility::namelessIn(QQuickWindow *window)
+{
+    // There is one of each where it is met, and the toolkit makes them.
+    static const QVector<QAccessible::Role> kOfTheWindow{ QAccessible::ScrollBar, QAccessible::MenuBar };
+    QStringList nameless;
+    for (QQuickItem *item : visibleItems(window->contentItem())) {
+        const bool isText = item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit");
+        const bool isMouseArea = item->inherits("QQuickMouseArea") && item->isEnabled() && item->acceptedMouseButtons();
+        // What covers a whole part of the window takes the focus from what stands on it.
+        const bool isBackground = item->width() * item->height() > window->width() * window->height() / 8;
+        if (!isText && !item->activeFocusOnTab() && (!isMouseArea || isBackground))
+            continue;
+        QQuickItem *named = item;
+        while (named && !accessible(named))
+            named = named->parentItem();
+        const QAccessibleInterface *found = named ? accessible(named) : nullptr;
+        // The divider's own mouse area lies beside it.
+        const QList<QQuickItem *> beside = item->parentItem()->childItems();
+        if (std::any_of(beside.begin(), beside.end(),
+                        [](const QQuickItem *each) { return each->objectName() == QLatin1String("splitHandle"); }))
+            continue;
+        if (!found || found->role() == QAccessible::Client
+            || (found->text(QAccessible::Name).isEmpty() && !kOfTheWindow.contains(found->role())))
+            nameless.append(
+                QString::fromLatin1("%1 %2 in %3")
+                    .arg(QLatin1String(item->metaObject()->className()), item->objectName(), window->title()));
+    }
+    return nameless;
+}
+
+QString tst_Accessibility::focused(const QQuickWindow *window)
+{
+    QQuickItem *item = window->activeFocusItem();
+    while (item && !accessible(item))
+        item = item->parentItem();
+    return item ? accessible(item)->text(QAccessible::Name) : QString();
+}
+
+void tst_Accessibility::everyControlHasRoleAndName()
+{
+    load(kShape);
+    selectInTree(9);
+    press(Qt::Key_F2);
+    QTRY_VERIFY(renameField(9)->isVisible());
+    QCOMPARE(namelessIn(mWindow).join(QLatin1Char('\n')), QString());
+    press(Qt::Key_Escape);
+    mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kAppend, QStringLiteral("<b>drag</b>"));
+    mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kRaisedHand, QStringLiteral("canvas"));
+    QTRY_VERIFY(find(visibleWindow("TutorialEventDialog")->contentItem(), QStringLiteral("canvas")));
+    managerInstance->setModified(true);
+    const std::pair<const char *, const char *> windows[] = { { "TutorialEventDialog", "" },
+                                                              { "ProblemsWindow", "menuBar.problemsRequested()" },
+                                                              { "TranslationWindow", "menuBar.translationRequested()" },
+                                                              { "LicenseWindow", "menuBar.licenseRequested()" },
+                                                              { "SaveChangeDialog", "checkSaveTutorial(null)" } };
+    for (const auto &[name, opener] : windows) {
+        evaluate(QLatin1String(opener));
+        QTRY_VERIFY2(visibleWindow(name), name);
+        QVERIFY(QTest::qWaitForWindowExposed(visibleWindow(name)));
+        QTRY_COMPARE(namelessIn(visibleWindow(name)).join(QLatin1Char('\n')), QString());
+        if (*opener)
+            visibleWindow(name)->close();
+        QVERIFY(activate());
+    }
+}
+
+/// From the tree to the last button and on to the tree again, and back the same way.
+void tst_Accessibility::tabKeyReadsTheScreen()
+{
+    load(kShape);
+    selectInTree(9);
+    const QString row = focused(mWindow);
+    const auto walk = [&](Qt::Key key) {
+        QStringList names;
+        do {
+            press(key == Qt::Key_Tab ? QKeySequence(key) : QKeySequence(Qt::SHIFT + key));
+            names.append(focused(mWindow));
+        } while (names.last() != row && names.size() < 40);
+        return names;
+    };
+    QStringList names = walk(Qt::Key_Tab);
+    QCOMPARE(
+        names.join(QLatin1Char('|')),
+        QStringLiteral(
+            "Add folder|Add item|Delete|Track|Track this window: ApplicationWindow|X|Y|Icon|Command|Show arrow|Hint|"
+            "Hint: en_US|Condition|Jump|Jump(No)|Divider|Save|Translation|")
+            + row);
+    QStringList back = walk(Qt::Key_Backtab);
+    std::reverse(names.begin(), names.end() - 1);
+    QCOMPARE(back, names);
+}
+
+void tst_Accessibility::saysWhatIsOff()
+{
+    load(kShape);
+    selectInTree(2);
+    const QAccessibleInterface *hint = accessible(item("hint.edit"));
+    QVERIFY(hint->state().disabled && !hint->state().editable && !hint->state().focusable);
+    QVERIFY(accessible(item("undoButton"))->state().disabled);
+    const auto state = [this] { return accessible(row(2))->state(); };
+    QVERIFY(state().selected && state().focused && state().collapsed);
+    accessible(row(2))->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    QVERIFY(state().expanded);
+    // Nothing is written where nobody could type.
+    accessible(item("hint.edit"))->editableTextInterface()->replaceText(0, 0, QStringLiteral("lost"));
+    QVERIFY(!UndoRedo::instance()->canUndo());
+}
+
+/// A reader that asks for all rows of a long list makes none that is not drawn.
+void tst_Accessibility::rowsAreThoseInView()
+{
+    load(longShape(2000));
+    selectInTree(1000);
+    QAccessibleInterface *list = accessible(item("view"));
+    QCOMPARE(list->role(), QAccessible::Tree);
+    QVERIFY(list->childCount() > 10 && list->childCount() < 60);
+    int above = INT_MIN;
+    for (int i = 0; i < list->childCount(); ++i) {
+        QCOMPARE(list->indexOfChild(list->child(i)), i);
+        if (list->child(i)->role() != QAccessible::TreeItem)
+            continue;
+        QVERIFY(list->child(i)->rect().top() > above);
+        above = list->child(i)->rect().top();
+    }
+}
+
+void tst_Accessibility::keysDoWhatTheMouseDoes()
+{
+    load(kShape);
+    selectInTree(9);
+    press(Qt::Key_Space);
+    QVERIFY(record(9)->mProhibited);
+    undo();
+    QVERIFY(!record(9)->mProhibited);
+    // The sign tells its words until the keys go on.
+    const auto told = [this] {
+        return find(mWindow->contentItem(),
+                    accessible(row(9))->text(QAccessible::Name).section(QStringLiteral(", "), 1));
+    };
+    QTRY_VERIFY(accessible(row(9))->text(QAccessible::Name).contains(QLatin1Char(',')));
+    QVERIFY(!told());
+    press(Qt::Key_F1);
+    QVERIFY(told());
+    press(Qt::Key_Up);
+    QVERIFY(!told());
+    QObject *menu = menus().last();
+    press(Qt::SHIFT + Qt::Key_F10);
+    QTRY_VERIFY(menu->property("__popupVisible").toBool());
+    QMetaObject::invokeMethod(menu, "__dismissMenu");
+    QTRY_VERIFY(!menu->property("__popupVisible").toBool());
+    // The divider gives way as far as the parts allow.
+    const qreal width = tree()->width();
+    item("splitHandle")->forceActiveFocus();
+    press(Qt::Key_Right);
+    QCOMPARE(tree()->width(), width + 16);
+    for (int i = 0; i < 20; ++i)
+        press(Qt::Key_Left);
+    QCOMPARE(tree()->width(), 200.0);
+    tree()->parentItem()->parentItem()->setWidth(width);
+}
+
+void tst_Accessibility::eventsAreTakenByKeys()
+{
+    load(kShape);
+    selectInTree(9);
+    for (const char *text : { "first", "<b>second</b>" })
+        mHost.send(HostMessages::FromHost::kEventLog, HostMessages::FromHost::kAppend, QLatin1String(text));
+    QQuickWindow *dialog = visibleWindow("TutorialEventDialog");
+    QTRY_VERIFY(find(dialog->contentItem(), QStringLiteral("first")));
+    dialog->requestActivate();
+    QTRY_COMPARE(QGuiApplication::focusWindow(), dialog);
+    find(dialog->contentItem(), QStringLiteral("eventList"))->forceActiveFocus();
+    QTest::keyClick(dialog, Qt::Key_End);
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QTRY_COMPARE(record(9)->mCondition, QStringLiteral("second"));
+    QVERIFY(activate());
+    undo();
+}
+
+int main(int argc, char *argv[])
+{
+    return AuthoringTest::run<tst_Accessibility>(argc, argv);
+}
+
+#include "tst_Accessibility.moc"
