@@ -35,7 +35,10 @@ packages_to_picture=(imagemagick)
 packages_to_listen=(at-spi2-core dbus-bin dbus-daemon python3-pyatspi)
 
 # shellcheck disable=SC2034
-packages_to_test=(qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3 xsettingsd)
+packages_to_test=(
+    qml-module-qttest qtdeclarative5-dev-tools clang-format clang-tidy shellcheck python3
+    xsettingsd xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils
+)
 
 # Make the packages and look into them, and a bare system to install one in.
 # shellcheck disable=SC2034

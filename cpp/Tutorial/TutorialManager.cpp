@@ -1,6 +1,7 @@
 #include "Tutorial/TutorialManager.h"
 
 #include "tool/Log.h"
+#include "Tutorial/guidance/ScreenPixels.h"
 #include "Tutorial/link/HostMessages.h"
 #include "Tutorial/ProcessGlobals.h"
 #include "Tutorial/recovery/Recovery.h"
@@ -208,7 +209,7 @@ QPoint TutorialManager::getXy(const QString &windowKey) const
 
 QPoint TutorialManager::getCursorPos() const
 {
-    return QCursor::pos();
+    return ScreenPixels::toPixels(QCursor::pos());
 }
 
 void TutorialManager::dropPopupWindowKey()

@@ -1,6 +1,7 @@
 #include "support/ManagerFixture.h"
 #include "Tutorial/guidance/EditorTooltip.h"
 #include "Tutorial/guidance/GuidanceGeometry.h"
+#include "Tutorial/guidance/ScreenPixels.h"
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void flipsAtItsLimits();
     void comesToRest();
     void isThereAtOnce();
+    void pointStaysOnItsPixel();
 
 private:
     /// Hidden windows move too, and faster.
@@ -171,6 +173,36 @@ void tst_GuidanceMotion::isThereAtOnce()
     QCOMPARE(seen, (QSet<qreal>{ 0, 1 }));
     QCOMPARE(tip->windowOpacity(), 0.0);
     QSettings().clear();
+}
+
+// A screen left of the first one and higher, each with its scale, and where the toolkit then puts the point.
+void tst_GuidanceMotion::pointStaysOnItsPixel()
+{
+    using namespace ScreenPixels;
+    const QSize size = GuidanceGeometry::kTooltipSize;
+    for (const double other : { 1.0, 1.25, 1.5, 2.0 }) {
+        for (const double scale : { 1.0, 1.25, 1.5, 2.0 }) {
+            const QVector<Screen> screens{
+                { QRect(QPoint(0, 0), QSize(1920, 1080) / scale), scale },
+                { QRect(QPoint(-1920, -200), QSize(1920, 1080) / other), other },
+            };
+            for (int i = 0; i < 2000; ++i) {
+                const int current = i % 2;
+                const QPoint pixel = screens.at(i / 2 % 2).geometry.topLeft() + QPoint(i * 7919 % 1920, i * 127 % 1080);
+                const QPoint anchor(i % 3 ? 38 : 346, i % 5 ? 133 : -5);
+                const Placement placed = placement(pixel, anchor, size, screens, current);
+                const QPoint centre = QRect(placed.place, size).center();
+                Screen drawn = screens.at(current);
+                for (const Screen &screen : { screens.at(1 - current), screens.at(current) }) {
+                    if (screen.geometry.contains(centre))
+                        drawn = screen;
+                }
+                const QPoint seen = drawn.toPixels(placed.place) + (QPointF(anchor) * drawn.scale).toPoint();
+                QVERIFY((seen - pixel).manhattanLength() <= 2);
+                QCOMPARE(placed.scale, drawn.scale);
+            }
+        }
+    }
 }
 
 int main(int, char *argv[])

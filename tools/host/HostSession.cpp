@@ -1,5 +1,6 @@
 #include "HostSession.h"
 
+#include "Pixels.h"
 #include "ScriptDialog.h"
 #include "Transcript.h"
 #include "Tutorial/link/HostMessages.h"
@@ -172,7 +173,7 @@ void HostSession::startTutorial(const QString &script, int id)
         return;
     }
     // The whole screen: hints keep clear of its edge, and may lie beside the editor's window.
-    mLink.sendMessage(HostMessages::startMessage(QGuiApplication::primaryScreen()->availableGeometry()));
+    mLink.sendMessage(HostMessages::startMessage(Pixels::ofFirstScreen()));
     // The program forgets its window stack with the first "start".
     mReporter.reportAll();
     mPlayer.stepLeft();

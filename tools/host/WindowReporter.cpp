@@ -1,6 +1,7 @@
 #include "WindowReporter.h"
 
 #include "ControlRegistry.h"
+#include "Pixels.h"
 #include "Tutorial/link/HostMessages.h"
 
 using namespace HostMessages;
@@ -34,14 +35,15 @@ void WindowReporter::scan()
     const QStringList keys = mRegistry->keys();
     for (const QString &key : keys) {
         const QRect rect = mRegistry->screenRect(key);
+        const QPoint place = Pixels::ofPlace(rect.topLeft());
         const auto known = mPositions.constFind(key);
         if (!rect.isValid()) {
             mPositions.remove(key);
-        } else if (known == mPositions.constEnd() || *known != rect.topLeft()) {
-            mPositions.insert(key, rect.topLeft());
+        } else if (known == mPositions.constEnd() || *known != place) {
+            mPositions.insert(key, place);
             const bool control = key.contains(QLatin1Char('/'));
             Q_EMIT message(HostMessages::message(control ? FromHost::kControlPosition : FromHost::kWindowPosition, key,
-                                                 rect.x(), rect.y()));
+                                                 place.x(), place.y()));
             Q_EMIT moved(key);
         }
     }

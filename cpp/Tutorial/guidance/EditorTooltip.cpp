@@ -5,6 +5,7 @@
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/HintText.h"
 #include "Tutorial/guidance/OverlayWindow.h"
+#include "Tutorial/guidance/ScreenPixels.h"
 #include "Tutorial/guidance/StepSpeech.h"
 #include "Tutorial/guidance/WindowPlatform.h"
 #include "Tutorial/guidance/WindowShape.h"
@@ -55,7 +56,10 @@ void EditorTooltip::show(const QString &text, int x, int y)
             << HintText::visiblePart(text) << size.width() << size.height();
         mTextEdit->resize(int(size.width()), int(size.height()));
     }
-    move(GuidanceGeometry::centredPlace({ x, y }, mTextEdit->size()));
+    // Limited first, as any number can come in.
+    const QPoint corner = GuidanceGeometry::centredPlace({ x, y }, mTextEdit->size());
+    const QPoint centre(mTextEdit->width() / 2, mTextEdit->height() / 2);
+    move(ScreenPixels::placement(corner + centre, centre, this).place);
     setOpacity(0.0f);
     mDelayTicks = kDelay;
     mHoldTicks = kHold;

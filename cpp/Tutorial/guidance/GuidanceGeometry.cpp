@@ -79,6 +79,12 @@ QPoint easingStep(const QPoint &current, const QPoint &rest)
     return { ::easingStep(current.x(), rest.x()), ::easingStep(current.y(), rest.y()) };
 }
 
+QPoint arrowTip(const Flips &flips)
+{
+    return { flips.horizontal ? kArrowSize + kTextWidth - kArrowTip.x() : kArrowTip.x(),
+             flips.vertical ? kArrowSize - kArrowTip.y() : kArrowTip.y() };
+}
+
 QPoint textPlace(bool flipHorizontal)
 {
     return { flipHorizontal ? 0 : kArrowSize, kTextTop };

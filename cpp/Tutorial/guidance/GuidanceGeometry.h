@@ -42,6 +42,9 @@ Flips decideFlips(const QPoint &target, const QRect &hostRect, const Flips &flip
 /// within two pixels. As the step is truncated towards zero, a way of three pixels may not be gone.
 QPoint easingStep(const QPoint &current, const QPoint &rest);
 
+/// The arrow's tip at rest, in the tooltip window.
+QPoint arrowTip(const Flips &flips);
+
 /// The top left of the hint's text edit.
 QPoint textPlace(bool flipHorizontal);
 /// The top left of an icon of a width.

@@ -13,6 +13,8 @@ void OverlayWindow::setUp(QWidget *window, const QSize &size)
     // The calls below make the native window, which without a place comes to stand where the window
     // manager likes, and one that is placed later jumps.
     window->setGeometry(QRect(QPoint(0, 0), size));
+    // Else it can lose its size on the way to a screen of another scale.
+    window->setFixedSize(size);
     WindowPlatform::letInputThrough(window);
     WindowPlatform::refuseFocus(window);
     WindowPlatform::keepAbove(window);

@@ -3,14 +3,17 @@
 #include "tool/Log.h"
 #include "Tutorial/guidance/GuidanceGeometry.h"
 #include "Tutorial/guidance/HintView.h"
+#include "Tutorial/guidance/ScreenPixels.h"
 #include "Tutorial/guidance/StepSpeech.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 #include "Tutorial/guidance/WindowActivation.h"
 #include "Tutorial/guidance/WindowPlatform.h"
 #include "Tutorial/guidance/WindowShape.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPushButton>
+#include <QScreen>
 #include <QTextDocument>
 #include <QTextEdit>
 
@@ -46,6 +49,7 @@ TutorialIndicator::TutorialIndicator(QWidget *parent, GuidanceContext *manager)
     mNoButton = mButtonOwners[2].get();
     // A window that was never placed stands where the window manager likes.
     moveWindows(mCurrentX, mCurrentY);
+    followScreens();
     mTimerId = startTimer(100, Qt::CoarseTimer);
     connect(mNextButton, &QAbstractButton::clicked, this, &TutorialIndicator::nextClicked);
     connect(mYesButton, &QAbstractButton::clicked, this, &TutorialIndicator::yesClicked);
@@ -168,7 +172,8 @@ void TutorialIndicator::timerEvent(QTimerEvent *)
     if (!mTooltip && mManager->isGuidanceRunning())
         makeTooltip();
     // Windows at rest are placed again too when the hint was measured: the buttons follow its height.
-    if (measureHint() || next != before)
+    const bool measured = measureHint();
+    if (measured || mScreensChanged || next != before)
         moveWindows(next.x(), next.y());
     for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
         if (!button)
@@ -207,13 +212,25 @@ void TutorialIndicator::changeEvent(QEvent *event)
     WindowActivation::follow(this, *event, mManager, WindowActivation::TakeBack);
 }
 
+void TutorialIndicator::followScreens()
+{
+    const auto followGeometry = [this](QScreen *screen) {
+        connect(screen, &QScreen::geometryChanged, this, [this] { mScreensChanged = true; });
+        mScreensChanged = true;
+    };
+    for (QScreen *screen : QGuiApplication::screens())
+        followGeometry(screen);
+    connect(qApp, &QGuiApplication::screenAdded, this, followGeometry);
+    connect(qApp, &QGuiApplication::screenRemoved, this, [this] { mScreensChanged = true; });
+}
+
 void TutorialIndicator::makeTooltip()
 {
     // Frees the window that was closed before, if there was one.
     mTooltipOwner = std::make_unique<TutorialTooltip>(this);
     mTooltip = mTooltipOwner.get();
     mTooltip->mTextEdit->move(GuidanceGeometry::textPlace(mFlipHorizontal));
-    mTooltip->move(mCurrentX, mCurrentY);
+    moveWindows(mCurrentX, mCurrentY);
 }
 
 QPoint TutorialIndicator::restingPlace() const
@@ -251,17 +268,25 @@ bool TutorialIndicator::measureHint()
 
 void TutorialIndicator::moveWindows(int x, int y)
 {
-    const QPoint place(x, y);
-    if (mTooltip)
-        mTooltip->move(place);
-    if (mNextButton)
-        mNextButton->move(GuidanceGeometry::nextButtonPlace(place, mHintHeight));
-    if (mYesButton)
-        mYesButton->move(GuidanceGeometry::nextButtonPlace(place, mHintHeight));
-    if (mNoButton)
-        mNoButton->move(GuidanceGeometry::noButtonPlace(place, mHintHeight));
+    // On a screen of another scale the windows grow round the arrow's tip, which stays on its pixel.
+    const QPoint tip = GuidanceGeometry::arrowTip({ mFlipVertical, mFlipHorizontal });
+    ScreenPixels::Placement tooltip{ { x, y }, { x, y }, 1 };
+    if (mTooltip) {
+        tooltip = ScreenPixels::placement(QPoint(x, y) + tip, tip, mTooltip);
+        mTooltip->move(tooltip.place);
+    }
+    const auto moveButton = [&](QPushButton *button, const QPoint &inTooltip) {
+        if (button)
+            button->move(ScreenPixels::placement(tooltip.corner + (QPointF(inTooltip) * tooltip.scale).toPoint(),
+                                                 QPoint(), button)
+                             .place);
+    };
+    moveButton(mNextButton, GuidanceGeometry::nextButtonPlace(QPoint(), mHintHeight));
+    moveButton(mYesButton, GuidanceGeometry::nextButtonPlace(QPoint(), mHintHeight));
+    moveButton(mNoButton, GuidanceGeometry::noButtonPlace(QPoint(), mHintHeight));
     mCurrentX = x;
     mCurrentY = y;
+    mScreensChanged = false;
 }
 
 void TutorialIndicator::repaintTooltip()

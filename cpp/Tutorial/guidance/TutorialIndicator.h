@@ -71,6 +71,8 @@ private:
     Q_DISABLE_COPY(TutorialIndicator)
 
     void makeTooltip();
+    /// Has the windows placed anew when a screen comes, goes or changes: they may have been carried off with it.
+    void followScreens();
     QPoint restingPlace() const;
     void decideFlips(const QPoint &current);
     bool measureHint();
@@ -83,5 +85,6 @@ private:
     std::unique_ptr<TutorialTooltip> mTooltipOwner;
     std::array<std::unique_ptr<QPushButton>, 3> mButtonOwners;
     int mPaintedIconType;
+    bool mScreensChanged = false;
     QVariantList mAnnounced; // all that tells a step from another
 };
