@@ -52,7 +52,7 @@ Rectangle {
     }
 
     border.width: rowData && rowData.hasActiveFocus === true ? 1 : 0
-    border.color: Theme.focusFrame
+    border.color: rowData && rowData.selected ? Theme.selectedRowText : Theme.normalText
 
     onRowNumberChanged: enter()
     Component.onCompleted: enter()
