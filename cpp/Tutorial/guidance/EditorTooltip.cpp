@@ -56,10 +56,8 @@ void EditorTooltip::show(const QString &text, int x, int y)
             << HintText::visiblePart(text) << size.width() << size.height();
         mTextEdit->resize(int(size.width()), int(size.height()));
     }
-    // Limited first, as any number can come in.
-    const QPoint corner = GuidanceGeometry::centredPlace({ x, y }, mTextEdit->size());
-    const QPoint centre(mTextEdit->width() / 2, mTextEdit->height() / 2);
-    move(ScreenPixels::placement(corner + centre, centre, this).place);
+    mCentre = { x, y };
+    place();
     setOpacity(0.0f);
     mDelayTicks = kDelay;
     mHoldTicks = kHold;
@@ -72,8 +70,20 @@ void EditorTooltip::timerEvent(QTimerEvent *)
 {
     if (!isVisible())
         return;
+    if (!mPlaced)
+        place();
     advance();
     updateShape();
+}
+
+void EditorTooltip::place()
+{
+    // Limited first, as any number can come in.
+    const QPoint corner = GuidanceGeometry::centredPlace(mCentre, mTextEdit->size());
+    const QPoint centre(mTextEdit->width() / 2, mTextEdit->height() / 2);
+    const ScreenPixels::Placement placement = ScreenPixels::placement(corner + centre, centre, this);
+    mPlaced = placement.settled;
+    move(placement.place);
 }
 
 void EditorTooltip::advance()

@@ -46,10 +46,13 @@ private:
     Q_DISABLE_COPY(EditorTooltip)
 
     void advance();
+    void place();
     void setOpacity(float opacity);
     int nextFadeTicks();
     bool isSeen() const;
     void updateShape();
 
     UserPreferences mPreferences;
+    QPoint mCentre; // in pixels
+    bool mPlaced = true;
 };

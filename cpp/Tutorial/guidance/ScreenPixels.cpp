@@ -58,10 +58,10 @@ Placement placement(const QPoint &pixel, const QPoint &anchor, const QSize &size
                     int current)
 {
     if (!isScaled(screens))
-        return { pixel - anchor, pixel - anchor, 1 };
+        return { pixel - anchor, pixel - anchor, 1, true };
     const auto placedBy = [&](const Screen &screen) {
         const QPoint corner = pixel - (QPointF(anchor) * screen.scale).toPoint();
-        return Placement{ screen.fromPixels(corner), corner, screen.scale };
+        return Placement{ screen.fromPixels(corner), corner, screen.scale, true };
     };
     const int aimed = indexOf(screens, current, [&](const Screen &screen) { return screen.pixels().contains(pixel); });
     // The screen that the toolkit will reckon with is the one that it finds below the centre: it is tried for each,
@@ -81,7 +81,15 @@ Placement placement(const QPoint &pixel, const QPoint &anchor, const QSize &size
         if ((found < 0 ? current : found) == i)
             return placed;
     }
-    return placedBy(screens.at(order.first()));
+    const Screen &screen = screens.at(order.first());
+    Placement placed = placedBy(screen);
+    const QRect area = screen.geometry;
+    const QPoint centre = QRect(placed.place, size).center();
+    placed.place +=
+        QPoint(qBound(area.left(), centre.x(), area.right()), qBound(area.top(), centre.y(), area.bottom())) - centre;
+    placed.corner = screen.toPixels(placed.place);
+    placed.settled = false;
+    return placed;
 }
 
 Placement placement(const QPoint &pixel, const QPoint &anchor, const QWidget *window)

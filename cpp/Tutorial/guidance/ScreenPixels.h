@@ -27,6 +27,9 @@ struct Placement
     QPoint place; ///< of the window's corner, in the toolkit's coordinates
     QPoint corner; ///< the same in pixels
     double scale; ///< that the window is drawn with
+    /// False if the point can't get there in one move: the window then comes to the screen first, and is to be placed
+    /// again as soon as the toolkit has noticed.
+    bool settled;
 };
 
 /// Where a window has to be placed for one of its points to stand on a pixel.

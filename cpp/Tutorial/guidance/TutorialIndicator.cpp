@@ -270,7 +270,7 @@ void TutorialIndicator::moveWindows(int x, int y)
 {
     // On a screen of another scale the windows grow round the arrow's tip, which stays on its pixel.
     const QPoint tip = GuidanceGeometry::arrowTip({ mFlipVertical, mFlipHorizontal });
-    ScreenPixels::Placement tooltip{ { x, y }, { x, y }, 1 };
+    ScreenPixels::Placement tooltip{ { x, y }, { x, y }, 1, true };
     if (mTooltip) {
         tooltip = ScreenPixels::placement(QPoint(x, y) + tip, tip, mTooltip);
         mTooltip->move(tooltip.place);
@@ -286,7 +286,7 @@ void TutorialIndicator::moveWindows(int x, int y)
     moveButton(mNoButton, GuidanceGeometry::noButtonPlace(QPoint(), mHintHeight));
     mCurrentX = x;
     mCurrentY = y;
-    mScreensChanged = false;
+    mScreensChanged = !tooltip.settled;
 }
 
 void TutorialIndicator::repaintTooltip()
