@@ -19,8 +19,8 @@ Item {
         y: 4
         width: parent.width - 8
         wrapMode: Text.Wrap
-        color: root.missing ? Theme.disabledText : Theme.normalText
         font.family: Theme.fixedFont
+        font.italic: root.missing
     }
 
     Rectangle {

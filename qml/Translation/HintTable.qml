@@ -186,7 +186,6 @@ FocusScope {
             anchors.centerIn: parent
             visible: list.count === 0
             text: qsTranslate("TranslationWindow", "No hint is shown.")
-            color: Theme.disabledText
         }
     }
 
