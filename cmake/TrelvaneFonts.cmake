@@ -17,9 +17,10 @@ function(trelvane_add_fonts collection folder)
         set(alias ${CMAKE_MATCH_1})
         set(name ${CMAKE_MATCH_2})
         unset(font CACHE)
-        find_file(font NAMES ${name}.otf ${name}.ttf ${alias} PATHS ${search} NO_DEFAULT_PATH)
+        find_file(font NAMES ${name}.otf ${name}.ttf ${alias} PATHS ${search}
+            NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
         if(NOT font)
-            message(FATAL_ERROR "The M+ font ${name} is missing. Install it with: "
+            message(FATAL_ERROR "The M+ font ${name} is missing in ${search}. Install it with: "
                 "apt-get install fonts-mplus, or name its folder with -DTRELVANE_FONTS_DIR=")
         endif()
         trelvane_resource(${collection} ${folder}/${alias} ${font})

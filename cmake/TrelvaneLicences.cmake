@@ -1,28 +1,40 @@
-# The licence texts that the program shows are the system's own copies.
-set(TRELVANE_LGPL_FILE /usr/share/common-licenses/LGPL-3 CACHE FILEPATH
-    "Text of the GNU Lesser General Public License, version 3")
-set(TRELVANE_QT_COPYRIGHT_FILE /usr/share/doc/qtdeclarative5-dev/copyright CACHE FILEPATH
-    "Qt's copyright file, with the BSD notice of its examples")
+# The licence texts that the program shows: LGPL.txt and BSD.txt of TRELVANE_LICENCES_DIR, else the system's own copies
+# where it has them.
+set(TRELVANE_LICENCES_DIR "" CACHE PATH "Folder of LGPL.txt and BSD.txt, empty for Debian's own copies")
+
+# Where Debian has the LGPL, and Qt's copyright file with the BSD notice of its examples.
+set(debian_lgpl /usr/share/common-licenses/LGPL-3)
+set(debian_qt_copyright /usr/share/doc/qtdeclarative5-dev/copyright)
 
 # trelvane_add_licences(<collection> <folder in it>)
 function(trelvane_add_licences collection folder)
-    if(NOT EXISTS "${TRELVANE_LGPL_FILE}")
-        message(FATAL_ERROR "The text of the LGPL is missing. Install it with: "
-            "apt-get install base-files, or name it with -DTRELVANE_LGPL_FILE=")
+    if(TRELVANE_LICENCES_DIR)
+        foreach(name LGPL.txt BSD.txt)
+            if(NOT EXISTS "${TRELVANE_LICENCES_DIR}/${name}")
+                message(FATAL_ERROR "The licence text ${name} is missing in TRELVANE_LICENCES_DIR, "
+                    "${TRELVANE_LICENCES_DIR}; docs/windows.md says what belongs there.")
+            endif()
+            trelvane_resource(${collection} ${folder}/${name} ${TRELVANE_LICENCES_DIR}/${name})
+        endforeach()
+        return()
     endif()
-    if(NOT EXISTS "${TRELVANE_QT_COPYRIGHT_FILE}")
-        message(FATAL_ERROR "Qt's copyright file is missing. Install it with: "
-            "apt-get install qtdeclarative5-dev, or name it with -DTRELVANE_QT_COPYRIGHT_FILE=")
-    endif()
-    trelvane_resource(${collection} ${folder}/LGPL.txt ${TRELVANE_LGPL_FILE})
+    foreach(pair base-files=${debian_lgpl} qtdeclarative5-dev=${debian_qt_copyright})
+        string(REGEX MATCH "^([^=]+)=(.+)$" pair "${pair}")
+        set(file ${CMAKE_MATCH_2})
+        if(NOT EXISTS "${file}")
+            message(FATAL_ERROR "The licence text ${file} is missing. Install it with: apt-get install "
+                "${CMAKE_MATCH_1}, or name a folder of LGPL.txt and BSD.txt with -DTRELVANE_LICENCES_DIR=")
+        endif()
+    endforeach()
+    trelvane_resource(${collection} ${folder}/LGPL.txt ${debian_lgpl})
 
     # The notice is one paragraph of the file, each line of it indented by a
     # blank, an empty one marked by a dot.
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${TRELVANE_QT_COPYRIGHT_FILE})
-    file(READ "${TRELVANE_QT_COPYRIGHT_FILE}" text)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${debian_qt_copyright})
+    file(READ "${debian_qt_copyright}" text)
     string(FIND "${text}" "License: BSD-3-clause\n You may use this file" begin)
     if(begin LESS 0)
-        message(FATAL_ERROR "${TRELVANE_QT_COPYRIGHT_FILE} holds no BSD notice of Qt's examples.")
+        message(FATAL_ERROR "${debian_qt_copyright} holds no BSD notice of Qt's examples.")
     endif()
     string(SUBSTRING "${text}" ${begin} -1 text)
     string(FIND "${text}" "\n\n" end)

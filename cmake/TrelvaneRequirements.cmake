@@ -1,6 +1,9 @@
 # Finds what the build needs from outside. A missing thing stops the configure
 # step with one line that says what to install.
 function(trelvane_missing what package)
+    if(CMAKE_HOST_WIN32)
+        message(FATAL_ERROR "${what} is missing. Where it comes from stands in docs/windows.md")
+    endif()
     message(FATAL_ERROR "${what} is missing. Install it with: apt-get install ${package}")
 endfunction()
 
@@ -20,7 +23,13 @@ trelvane_find_qt(Xml qtbase5-dev)
 trelvane_find_qt(Test qtbase5-dev)
 trelvane_find_qt(Qml qtdeclarative5-dev)
 trelvane_find_qt(Quick qtdeclarative5-dev)
-trelvane_find_qt(WebEngine qtwebengine5-dev)
+if(TRELVANE_WEB_ENGINE)
+    find_package(Qt5WebEngine 5.9 QUIET)
+    if(NOT Qt5WebEngine_FOUND)
+        message(FATAL_ERROR "Qt 5 WebEngine is missing. Install it with: apt-get install qtwebengine5-dev, "
+            "or build without CoffeeScript: -DTRELVANE_WEB_ENGINE=OFF")
+    endif()
+endif()
 trelvane_find_qt(LinguistTools qttools5-dev)
 
 # The window system's own calls, on X11 only (see cpp/Tutorial/guidance/WindowPlatform.h).

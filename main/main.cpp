@@ -2,7 +2,7 @@
 #include "ProcessLog.h"
 #include "QmlTypes.h"
 #include "Translators.h"
-#include "WebEngineFlags.h"
+#include "WebEngine.h"
 
 #include "quick/ItemAccessible.h"
 #include "quick/ModalGuard.h"
@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QLocale>
 #include <QQmlApplicationEngine>
-#include <QtWebEngine>
 
 #include <cstdio>
 #include <memory>
@@ -43,19 +42,16 @@ int main(int argc, char *argv[])
         return kBadArguments;
     }
     // Attributes of a translation source are saved in the order of a hash: one order for all saves.
-    // The authoring mode has no page, and what it opens beside itself inherits its environment.
     if (TutorialManager::isMakingSupported())
         qSetGlobalQHashSeed(0);
-    else
-        closeWebEngineNetwork();
+    // The authoring mode has no page.
+    WebEngine::prepare(!TutorialManager::isMakingSupported());
     QCoreApplication::setAttribute(kX11InitThreads, true);
-    // The web engine draws with the same context as the screens.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     QApplication application(argc, argv);
     // Modal windows, and the menus that they keep the keys from, are the authoring mode's alone, and a filter sees
     // every event.
     const auto modalGuard = TutorialManager::isMakingSupported() ? std::make_unique<ModalGuard>() : nullptr;
-    QtWebEngine::initialize();
+    WebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
     QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
     QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));

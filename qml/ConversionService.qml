@@ -22,6 +22,8 @@ Item {
     property var running: []
     /// Lost pages in a row that answered nothing.
     property int failedPages: 0
+    /// The page can't be loaded, as in a build without the web engine.
+    readonly property bool missing: viewLoader.status === Loader.Error
     property alias webEngineView: viewLoader.item
     property alias viewSource: viewLoader.source
 
@@ -45,7 +47,7 @@ Item {
     function requestCoffeeJs(key, coffeeScript) {
         console.log("requestCoffeeJs:", key, coffeeScript);
         var request = { "key": key, "source": coffeeScript, "attempts": 0, "alone": false };
-        if (!ready && failedPages > maximumFailedPages) {
+        if (missing || !ready && failedPages > maximumFailedPages) {
             refuse(request, "The conversion is not available.");
             return;
         }
@@ -171,6 +173,10 @@ Item {
         refused.forEach(function(request) { refuse(request, "The conversion is not available."); });
     }
 
+    onMissingChanged: {
+        if (missing)
+            refuseAll();
+    }
     onReadyChanged: {
         if (!ready)
             return;

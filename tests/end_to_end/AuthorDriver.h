@@ -3,6 +3,7 @@
 #include "support/HostPeer.h"
 #include "support/Screen.h"
 #include "support/StoredTutorial.h"
+#include "support/XDoTool.h"
 
 #include <QPoint>
 
@@ -40,14 +41,14 @@ protected:
     /// The window of that title, or nothing.
     static QString window(const char *title)
     {
-        return Screen::xdotool(QStringLiteral("search --onlyvisible --name ^%1$").arg(QString::fromUtf8(title)));
+        return xdotool(QStringLiteral("search --onlyvisible --name ^%1$").arg(QString::fromUtf8(title)));
     }
 
     /// Waits for the window and activates it.
     bool find(const char *title = "\\*?TutorialSideViewStep0")
     {
         const bool found = QTest::qWaitFor([&] { return !(mWindow = window(title)).isEmpty(); }, kLimit);
-        Screen::xdotool(QStringLiteral("windowactivate --sync"), { mWindow });
+        xdotool(QStringLiteral("windowactivate --sync"), { mWindow });
         return found;
     }
 
@@ -56,13 +57,12 @@ protected:
 
     void click(const QPoint &place)
     {
-        Screen::xdotool(
-            QStringLiteral("mousemove --window %1 %2 %3 click 1").arg(mWindow).arg(place.x()).arg(place.y()));
+        xdotool(QStringLiteral("mousemove --window %1 %2 %3 click 1").arg(mWindow).arg(place.x()).arg(place.y()));
         // What follows a selection in short timers.
         QTest::qWait(kSlow);
     }
 
-    static void press(const char *keys) { Screen::xdotool(QStringLiteral("key ") + QLatin1String(keys)); }
+    static void press(const char *keys) { xdotool(QStringLiteral("key ") + QLatin1String(keys)); }
 
     static void type(const QString &text)
     {
@@ -71,13 +71,13 @@ protected:
             // Typed as a character, a line feed is another key than Return.
             if (i > 0)
                 press("Return");
-            Screen::xdotool(QStringLiteral("type --delay 30 --"), { lines.at(i) });
+            xdotool(QStringLiteral("type --delay 30 --"), { lines.at(i) });
         }
     }
 
     bool isModified() const
     {
-        return Screen::xdotool(QStringLiteral("getwindowname"), { mWindow }).startsWith(QLatin1Char('*'));
+        return xdotool(QStringLiteral("getwindowname"), { mWindow }).startsWith(QLatin1Char('*'));
     }
 
     QList<QJsonObject> stored(const char *locale) const

@@ -214,7 +214,7 @@ void tst_WriteTutorial::editsAreSavedOrComeBack()
     press("ctrl+a");
     type(QStringLiteral("wait,300"));
     press("F4");
-    const QStringList cursor = Screen::xdotool(QStringLiteral("getmouselocation --shell")).split(QLatin1Char('\n'));
+    const QStringList cursor = xdotool(QStringLiteral("getmouselocation --shell")).split(QLatin1Char('\n'));
     QVERIFY(becomes(6, "x", cursor.at(0).mid(2).toInt() - 40));
     QVERIFY(becomes(6, "y", cursor.at(1).mid(2).toInt() + 50));
     QVERIFY(becomes(6, "condition", QStringLiteral("wait,300")));

@@ -75,6 +75,13 @@ public:
     QProcess &process() { return mProcess; }
     /// Where the program keeps its settings.
     QString settingsFile() const { return mHome.filePath(QStringLiteral(".config/Harnwick/Trelvane.conf")); }
+#ifdef Q_OS_WIN
+    // The system gives each program of a user the same folder.
+    static constexpr bool kHasLog = false;
+#else
+    static constexpr bool kHasLog = true;
+#endif
+    /// What the program has written, where it has a log of its own.
     QString log() const
     {
         return QString::fromUtf8(readAll(mHome.filePath(mLogFolder + QLatin1String("/Trelvane.log"))));

@@ -11,9 +11,14 @@
 
 #include <QCryptographicHash>
 
-#include <csignal>
 #include <random>
 #include <thread>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#else
+#include <csignal>
+#endif
 
 /// A writer at work on the tutorial of the current folder, in the real manager: what stands for the program in the
 /// tests of the recovery. Its end is no end of a program that was asked to.
@@ -102,6 +107,16 @@ private:
 /// The seed of a session that makes one edit and waits for somebody else to end it.
 constexpr unsigned kNeverKilled = 999999;
 
+/// Ends the process as somebody else would.
+inline void killThisProcess()
+{
+#ifdef Q_OS_WIN
+    ::TerminateProcess(::GetCurrentProcess(), DWORD(-1));
+#else
+    std::raise(SIGKILL);
+#endif
+}
+
 /// The process that is killed: edits every 5 ms, tells on its output what the document then is, and saves now and then.
 /// It ends itself at a random moment of its life, of a save, or of a copy that is brought up to date.
 inline int runKilledSession(unsigned seed)
@@ -112,7 +127,7 @@ inline int runKilledSession(unsigned seed)
         const std::chrono::microseconds delay(random() % microseconds);
         std::thread([delay] {
             std::this_thread::sleep_for(delay);
-            std::raise(SIGKILL);
+            killThisProcess();
         }).detach();
     };
     enum { InLife, InSave, InCopy };

@@ -312,7 +312,7 @@ void tst_Recovery::kill(unsigned seed)
     QList<QByteArray> pictures;
     for (const QByteArray &line : child.readAllStandardOutput().split('\n')) {
         if (line.startsWith("state "))
-            pictures.append(line.mid(6));
+            pictures.append(line.mid(6).trimmed());
     }
     if (pictures.isEmpty())
         return;

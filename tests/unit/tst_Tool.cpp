@@ -7,8 +7,11 @@
 #include <QtTest>
 
 #include <functional>
+
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
 
 namespace
 {
@@ -22,6 +25,27 @@ QVector<JsonWrapper> eachKind(const char *text)
     const JsonWrapper held = doc.isArray() ? JsonWrapper(doc.array()) : JsonWrapper(doc.object());
     return { JsonWrapper(doc), held, JsonWrapper(value), JsonWrapper() };
 }
+
+#ifdef Q_OS_UNIX
+/// Lets only the file be written, and none be made beside it.
+bool closeFolder(const QByteArray &folder, const QByteArray &file)
+{
+    // Root could make a file in any folder, and becomes somebody else for that.
+    const uid_t other = getuid() == 0 ? 65534 : getuid();
+    return chown(file.constData(), other, gid_t(-1)) == 0 && chmod(folder.constData(), 0555) == 0
+        && seteuid(other) == 0;
+}
+
+bool becomeOurself()
+{
+    return seteuid(getuid()) == 0;
+}
+
+bool openFolder(const QByteArray &folder)
+{
+    return becomeOurself() && chmod(folder.constData(), 0700) == 0;
+}
+#endif
 } // namespace
 
 /// What all else stands on: JSON, files and names.
@@ -30,7 +54,12 @@ class tst_Tool : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QVERIFY(seteuid(getuid()) == 0); }
+#ifdef Q_OS_UNIX
+    void cleanup()
+    {
+        QVERIFY(becomeOurself());
+    }
+#endif
 
     void writesFiles_data();
     void writesFiles();
@@ -66,12 +95,8 @@ void tst_Tool::writesFiles()
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
     QVERIFY(file.setPermissions(permissions));
     const QByteArray folderName = QFile::encodeName(folder.path());
-    if (inPlace) {
-        // Root could make a file in any folder, and becomes somebody else for that.
-        const uid_t other = getuid() == 0 ? 65534 : getuid();
-        QVERIFY(chown(QFile::encodeName(path).constData(), other, gid_t(-1)) == 0);
-        QVERIFY(chmod(folderName.constData(), 0555) == 0 && seteuid(other) == 0);
-    }
+    if (inPlace)
+        QVERIFY(closeFolder(folderName, QFile::encodeName(path)));
     QVERIFY(file.open(QFile::ReadOnly | QFile::Unbuffered));
     QVERIFY(DataSupport::writeFile(path, "short"));
     // The old file stays whole, unless there is no place beside it.
@@ -80,7 +105,8 @@ void tst_Tool::writesFiles()
     QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
     QCOMPARE(QFileInfo(path).isSymLink(), linked);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), linked ? 3 : 1);
-    QVERIFY(seteuid(getuid()) == 0 && chmod(folderName.constData(), 0700) == 0);
+    if (inPlace)
+        QVERIFY(openFolder(folderName));
 }
 
 void tst_Tool::removesNoMoreThanTheFolder()

@@ -5,13 +5,16 @@
 #include "Tutorial/link/HostLink.h"
 
 #include <QJsonDocument>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QScopedValueRollback>
 #include <QTemporaryDir>
 
+#ifdef Q_OS_LINUX
 #include <sys/socket.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 using namespace HostMessages;
 
@@ -54,6 +57,7 @@ private Q_SLOTS:
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
     void answersWithTheListOfTutorials();
+    void refusesToConvertWithoutAPage();
     void endsAfterSilence();
 #ifdef Q_OS_LINUX
     void givesUpAServerOfAnotherUser();
@@ -193,19 +197,44 @@ void tst_TutorialManager::answersWithTheListOfTutorials()
     QVERIFY(QJsonDocument::fromJson(fields.value(1).toUtf8()).isArray());
 }
 
-// With the log closed; earlier, the process would abort.
+// As it is in a build without the web engine, or where that is not installed.
+void tst_TutorialManager::refusesToConvertWithoutAPage()
+{
+    static TutorialManager *manager = nullptr;
+    manager = mManager.get();
+    qmlRegisterSingletonType<TutorialManager>("Morvi.kess", 1, 0, "TutorialManager", [](auto *, auto *) -> QObject * {
+        QQmlEngine::setObjectOwnership(manager, QQmlEngine::CppOwnership);
+        return manager;
+    });
+    QQmlEngine engine;
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qml/ConversionService.qml")));
+    const std::unique_ptr<QObject> service(component.create());
+    QVERIFY2(service, qPrintable(component.errorString()));
+    const QScopedValueRollback<QPointer<QObject>> root(rootObject, service.get());
+    service->setProperty("viewSource", QStringLiteral("qrc:/qml/NoPage.qml"));
+
+    const QString refusal =
+        QStringLiteral("{\"error\":\"The conversion is not available.\",\"javascript\":\"\",\"line\":-1}");
+    const auto answer = [&](int key) {
+        return QStringList{ ToHost::kCallbackCoffeeJs, QString::number(key), refusal };
+    };
+    mWarnings.expect(QStringLiteral("NoPage.qml"));
+    // The one waits for the page, the other comes when there is known to be none.
+    mManager->receive(FromHost::kCoffeeJs, 1, QStringLiteral("'a = 1'"));
+    service->setProperty("active", true);
+    QCOMPARE(mHost->next(), answer(1));
+    mManager->receive(FromHost::kCoffeeJs, 2, QStringLiteral("'a = 1'"));
+    QCOMPARE(mHost->next(), answer(2));
+}
+
+// With the log closed; earlier, the process would abort. What closes it does not come back here, or the process ends.
 void tst_TutorialManager::endsAfterSilence()
 {
-    const pid_t child = fork();
-    if (child == 0) {
-        mManager->tick(99);
-        closeLogFileHook = [] { std::_Exit(3); };
-        mManager->tick(1);
-        std::_Exit(7);
-    }
-    int status = 0;
-    QCOMPARE(waitpid(child, &status, 0), child);
-    QCOMPARE(WEXITSTATUS(status), 3);
+    struct Closed
+    { };
+    mManager->tick(99);
+    const QScopedValueRollback<void (*)()> hook(closeLogFileHook, [] { throw Closed(); });
+    QVERIFY_EXCEPTION_THROWN(mManager->tick(1), Closed);
 }
 
 #ifdef Q_OS_LINUX

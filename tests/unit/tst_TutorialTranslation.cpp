@@ -15,7 +15,10 @@
 #include <QTemporaryDir>
 
 #include <memory>
+
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
+#endif
 
 using TranslationSource::Entry;
 
@@ -266,12 +269,19 @@ void tst_TutorialTranslation::savesWhatWasRead()
     const QList<QByteArray> kept = files();
     const auto makeStrange = [](int kind, const QString &file) {
         QFile::remove(file);
+#ifdef Q_OS_UNIX
+        if (kind > 0)
+            return kind == 1 ? mkfifo(qPrintable(file), 0600) == 0 : QFile::link(QStringLiteral("/dev/zero"), file);
+#endif
         QFile strange(file);
-        return kind == 0 ? mkfifo(qPrintable(file), 0600) == 0
-            : kind == 1  ? QFile::link(QStringLiteral("/dev/zero"), file)
-                         : strange.open(QFile::WriteOnly) && strange.resize(DataSupport::kMostBytes + 1);
+        return kind == 0 && strange.open(QFile::WriteOnly) && strange.resize(DataSupport::kMostBytes + 1);
     };
-    for (int kind = 0; kind < 3; ++kind) {
+#ifdef Q_OS_UNIX
+    const int kinds = 3;
+#else
+    const int kinds = 1;
+#endif
+    for (int kind = 0; kind < kinds; ++kind) {
         QVERIFY(load() && makeStrange(kind, kEnglishFile));
         mWarnings.expect(QStringLiteral("Failed to open"));
         mWarnings.expect(QStringLiteral("Failed to save"));
@@ -280,7 +290,7 @@ void tst_TutorialTranslation::savesWhatWasRead()
         writeAll(kEnglishFile, kept.at(2));
         QVERIFY(makeStrange(kind, kScenario) && mManager->isChangedOnDisk());
         const QString error = mManager->loadTutorial(kScenario);
-        QVERIFY2(error.startsWith(QLatin1String(kind < 2 ? "It is no file" : "It is larger than 64 MiB")),
+        QVERIFY2(error.startsWith(QLatin1String(kind > 0 ? "It is no file" : "It is larger than 64 MiB")),
                  qPrintable(error));
         QCOMPARE(mManager->save(), QStringLiteral("Failed to save."));
         QVERIFY(QFile::remove(kScenario));

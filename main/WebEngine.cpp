@@ -1,7 +1,8 @@
-#include "WebEngineFlags.h"
+#include "WebEngine.h"
 
 #include <QByteArray>
-#include <QtGlobal>
+#include <QCoreApplication>
+#include <QtWebEngine>
 
 namespace
 {
@@ -14,13 +15,27 @@ constexpr char kVariable[] = "QTWEBENGINE_CHROMIUM_FLAGS";
 constexpr char kFlags[] = "--host-resolver-rules=\"MAP * ~NOTFOUND\" "
                           "--force-webrtc-ip-handling-policy=disable_non_proxied_udp "
                           "--proxy-server=socks5://127.0.0.1:0 --proxy-bypass-list=<-loopback>";
-} // namespace
 
-void closeWebEngineNetwork()
+void closeNetwork()
 {
     QByteArray flags = qgetenv(kVariable);
     if (!flags.isEmpty())
         flags += ' ';
     flags += kFlags;
     qputenv(kVariable, flags);
+}
+} // namespace
+
+void WebEngine::prepare(bool hasPage)
+{
+    // What the authoring mode opens beside itself inherits its environment.
+    if (hasPage)
+        closeNetwork();
+    // It draws with the same context as the screens.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
+}
+
+void WebEngine::initialize()
+{
+    QtWebEngine::initialize();
 }
