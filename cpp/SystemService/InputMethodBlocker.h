@@ -12,9 +12,8 @@ class InputMethodBlocker : public QObject
     Q_OBJECT
 
 public:
-    /// For platforms that have no input context per window: a blocker, owned by the window, stands
-    /// for the context that was taken away. With null makes one and returns it as the handle, with
-    /// that handle takes it off again and returns null. A handle of another window is ignored.
+    /// A blocker, owned by the window, stands for the context that was taken away. With null makes one and returns it
+    /// as the handle, with that handle takes it off again and returns null. A handle of another window is ignored.
     static void *associate(QWindow *window, void *context);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

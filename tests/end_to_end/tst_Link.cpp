@@ -59,7 +59,11 @@ class tst_Link : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { qputenv("TMPDIR", QFile::encodeName(mTemporary.path())); }
+    void initTestCase()
+    {
+        for (const char *variable : { "TMPDIR", "TEMP", "TMP" })
+            qputenv(variable, QFile::encodeName(mTemporary.path()));
+    }
     void endsWithoutALink();
     void tutorials();
     void convertsOrSaysThatItCannot();
@@ -189,9 +193,13 @@ void tst_Link::severalHosts()
     HostPeer second;
     HostPeer third;
     QVERIFY(first.start(kProgram) && second.startBeside(first, kProgram));
-    // The name is taken from a server that is still there.
+#ifdef Q_OS_UNIX
+    // The name is taken from a server that is still there. On Windows both would serve it.
     QVERIFY(third.listen(first.suffix()));
     QVERIFY(third.startAlone(kProgram, { first.suffix() }) && third.accept());
+#else
+    QVERIFY(third.start(kProgram));
+#endif
     for (HostPeer *host : { &first, &second, &third }) {
         host->send(FromHost::kTutorialList);
         QVERIFY(!host->waitForMessage(ToHost::kTutorialList).isEmpty());

@@ -64,6 +64,7 @@ void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
     QVERIFY(QFileInfo(path).size() > 63 * 1024 * 1024 && QFileInfo(path).size() < 64 * 1024 * 1024 + 200);
     QCOMPARE(forwarded, 142);
     // The lines also go on without a folder for it.
+    closeLogFile();
     QVERIFY(logFolder.removeRecursively());
     restart();
     qWarning("no folder");

@@ -6,6 +6,7 @@
 
 #include <QProcess>
 #include <QSignalSpy>
+#include <QStandardPaths>
 
 #include <utime.h>
 
@@ -27,10 +28,14 @@ private Q_SLOTS:
     void killedSessionsComeBack();
 
 private:
-    QDir root() const { return mFolder->filePath(QStringLiteral("data/Harnwick/Trelvane tests/recovery")); }
-    QStringList folders() const { return root().entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+    static QDir root()
+    {
+        return QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
+                    + QLatin1String("/recovery"));
+    }
+    static QStringList folders() { return root().entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
     /// A file in the only folder.
-    QString copyFile(const char *name = "copy.json") const
+    static QString copyFile(const char *name = "copy.json")
     {
         return root().filePath(folders().value(0, QStringLiteral("none")) + QLatin1Char('/') + QLatin1String(name));
     }
@@ -76,6 +81,8 @@ void tst_Recovery::init()
     QDir::setCurrent(mFolder->path());
     qputenv("XDG_DATA_HOME", mFolder->filePath(QStringLiteral("data")).toLocal8Bit());
     qputenv("XDG_CONFIG_HOME", mFolder->filePath(QStringLiteral("config")).toLocal8Bit());
+    // Windows has it at a place of its own.
+    QVERIFY(!root().exists() || root().removeRecursively());
     RecoverySession::layOut();
 }
 
@@ -229,7 +236,8 @@ void tst_Recovery::fileOfTheCopyIsLookedAt()
     const QByteArray scenario = readAll(RecoverySession::file());
     writeAll(RecoverySession::file(), scenario + "\n");
     writer = begin();
-    QCOMPARE(writer->recovery().offeredFile(), QFileInfo(RecoverySession::file()).absoluteFilePath());
+    QCOMPARE(writer->recovery().offeredFile(),
+             QDir::toNativeSeparators(QFileInfo(RecoverySession::file()).absoluteFilePath()));
     QCOMPARE(writer->recovery().offeredRemark(), QStringLiteral("The file was changed since then."));
     QCOMPARE(writer->recovery().differences().size(), 1);
     QVERIFY(QFile::remove(RecoverySession::file()));
@@ -284,7 +292,7 @@ void tst_Recovery::twoProgramsKeepTheirOwn()
     startChild(child, kNeverKilled);
     QTRY_VERIFY(QFile::exists(copyFile()));
     // A process that lives is known by more than the age of its lock.
-    const utimbuf longAgo{ 1, 1 };
+    utimbuf longAgo{ 1, 1 };
     QCOMPARE(::utime(copyFile("lock").toLocal8Bit().constData(), &longAgo), 0);
     auto writer = begin();
     QVERIFY(!writer->recovery().isOffered());

@@ -76,8 +76,11 @@ void tst_Tool::writesFiles_data()
     QTest::addColumn<QString>("name");
     // Where no file may be made beside it, it can only be written in place. The longest name has no room
     // for an ending, which shows only when the new file is to be there.
-    for (const QString &name : { QStringLiteral("replaced"), QStringLiteral("in place"), QStringLiteral("link"),
-                                 QString(255, QLatin1Char('n')) })
+    QStringList names{ QStringLiteral("replaced"), QString(255, QLatin1Char('n')) };
+#ifdef Q_OS_UNIX
+    names << QStringLiteral("in place") << QStringLiteral("link");
+#endif
+    for (const QString &name : qAsConst(names))
         QTest::newRow(qPrintable(name.left(10))) << name;
 }
 
@@ -87,7 +90,6 @@ void tst_Tool::writesFiles()
     const QTemporaryDir folder;
     const QString path = folder.filePath(name);
     const bool linked = name == QLatin1String("link");
-    const bool inPlace = name == QLatin1String("in place");
     QFile file(linked ? folder.filePath(QStringLiteral("target")) : path);
     if (linked)
         QVERIFY(QFile::link(file.fileName(), path + QLatin1Char('2')) && QFile::link(path + QLatin1Char('2'), path));
@@ -95,18 +97,31 @@ void tst_Tool::writesFiles()
     const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther;
     QVERIFY(file.setPermissions(permissions));
     const QByteArray folderName = QFile::encodeName(folder.path());
+#ifdef Q_OS_UNIX
+    const bool inPlace = name == QLatin1String("in place");
     if (inPlace)
         QVERIFY(closeFolder(folderName, QFile::encodeName(path)));
+#endif
     QVERIFY(file.open(QFile::ReadOnly | QFile::Unbuffered));
+#ifdef Q_OS_UNIX
+    const bool keepsOpenFile = !inPlace && name.size() != 255;
+    const QFile::Permissions kept = permissions;
+#else
+    // There nothing may take the place of a file that somebody has open, and permissions are fewer.
+    const bool keepsOpenFile = false;
+    const QFile::Permissions kept = file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
+#endif
     QVERIFY(DataSupport::writeFile(path, "short"));
     // The old file stays whole, unless there is no place beside it.
-    QCOMPARE(file.readAll().size(), inPlace || name.size() == 255 ? 5 : 5000);
+    QCOMPARE(file.readAll().size(), keepsOpenFile ? 5000 : 5);
     QCOMPARE(readAll(file.fileName()), QByteArray("short"));
-    QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), permissions);
+    QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser), kept);
     QCOMPARE(QFileInfo(path).isSymLink(), linked);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), linked ? 3 : 1);
+#ifdef Q_OS_UNIX
     if (inPlace)
         QVERIFY(openFolder(folderName));
+#endif
 }
 
 void tst_Tool::removesNoMoreThanTheFolder()

@@ -308,7 +308,8 @@ QByteArray tst_TutorialCheck::run(const QStringList &arguments, int exitCode)
     program.start(QStringLiteral(TRELVANE_CHECK_PROGRAM), arguments);
     if (!program.waitForFinished(60000) || program.exitStatus() != QProcess::NormalExit)
         return "did not end";
-    return program.exitCode() == exitCode ? program.readAllStandardOutput()
+    // Windows ends its lines in two characters.
+    return program.exitCode() == exitCode ? program.readAllStandardOutput().replace("\r\n", "\n")
                                           : "exit code " + QByteArray::number(program.exitCode());
 }
 

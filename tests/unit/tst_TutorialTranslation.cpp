@@ -92,7 +92,10 @@ void tst_TutorialTranslation::init()
     mWarnings.begin();
     mFolder = std::make_unique<QTemporaryDir>();
     QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
+    QCoreApplication::setOrganizationName(QStringLiteral("Trelvane tests"));
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
+    // Windows has them at a place of its own.
+    QSettings().clear();
     QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/qml/Tutorial")));
     QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/translations")));
     QStringList items;
@@ -114,6 +117,7 @@ void tst_TutorialTranslation::cleanup()
 {
     mManager.reset();
     qDeleteAll(qApp->findChildren<QTranslator *>());
+    QDir::setCurrent(QDir::rootPath());
     mWarnings.end();
 }
 

@@ -184,15 +184,22 @@ void tst_UndoRedo::temporaryFolders()
     // Without a place for temporary folders none is made elsewhere.
     const QTemporaryDir current;
     const QString working = QDir::currentPath();
-    const QByteArray place = qgetenv("TMPDIR");
+    const char *const variables[] = { "TMPDIR", "TEMP", "TMP" };
+    QVector<QByteArray> places;
     QVERIFY(QDir::setCurrent(current.path()));
-    qputenv("TMPDIR", "/dev/null"); // no folder at all
+    for (const char *variable : variables) {
+        places += qgetenv(variable);
+        qputenv(variable, "/dev/null"); // no folder at all
+    }
     init();
     QVERIFY(!UndoRedo::instance()->isTemporaryDirAvailable());
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("Failed to mkdir")));
     QCOMPARE(UndoRedo::instance()->createTemporaryDir(), QString());
     QVERIFY(QDir().isEmpty());
-    place.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", place);
+    for (const char *variable : variables) {
+        const QByteArray place = places.takeFirst();
+        place.isNull() ? qunsetenv(variable) : qputenv(variable, place);
+    }
     QDir::setCurrent(working);
 }
 

@@ -7,8 +7,8 @@
 
 #include <functional>
 
-/// The program's windows as the window system knows them, and real mouse clicks on them. Both go
-/// through the tool xdotool, so they exist on X11 only.
+/// The program's windows as the window system knows them, and real mouse clicks on them: on X11
+/// through the tool xdotool.
 class ProgramWindows : public QObject
 {
     Q_OBJECT
@@ -29,11 +29,7 @@ public:
 
     /// The guidance buttons among the windows, from left to right.
     static QVector<QRect> buttons(const QVector<QRect> &windows);
-    /// Reads what xdotool prints about windows.
-    static QVector<QRect> parse(const QString &output);
 
 private:
-    void run(const QStringList &arguments, const std::function<void(const QString &)> &finished);
-
     qint64 mProcessId = 0;
 };

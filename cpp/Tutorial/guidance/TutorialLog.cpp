@@ -7,6 +7,12 @@ TutorialLog::TutorialLog(QWidget *parent, GuidanceContext *manager) : QWidget(pa
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setGeometry(0, 0, 0, 0);
+#ifdef Q_OS_WIN
+    // There Qt makes a window without a size 160 pixels wide and high. A clear pixel lets what is below it be seen and
+    // be clicked.
+    setAttribute(Qt::WA_TranslucentBackground);
+    setGeometry(0, 0, 1, 1);
+#endif
     show();
     activateWindow();
 }
