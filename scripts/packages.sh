@@ -53,6 +53,10 @@ packages_to_measure=(libbenchmark-dev)
 # shellcheck disable=SC2034
 packages_to_fuzz=(clang libclang-rt-dev llvm)
 
+# Build for Windows, Qt included, and run what was built.
+# shellcheck disable=SC2034
+packages_to_prove_windows=(dpkg-dev g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine wine64 unzip)
+
 # Fetch the script compiler. They come from many places other than Debian's
 # packages, so the commands themselves are looked for.
 declare -A packages_of_commands=([node]=nodejs [npm]=npm)
