@@ -5,6 +5,7 @@
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QOperatingSystemVersion>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -75,12 +76,8 @@ public:
     QProcess &process() { return mProcess; }
     /// Where the program keeps its settings.
     QString settingsFile() const { return mHome.filePath(QStringLiteral(".config/Harnwick/Trelvane.conf")); }
-#ifdef Q_OS_WIN
-    // The system gives each program of a user the same folder.
-    static constexpr bool kHasLog = false;
-#else
-    static constexpr bool kHasLog = true;
-#endif
+    // On Windows the system gives each program of a user the same folder.
+    static constexpr bool kHasLog = QOperatingSystemVersion::currentType() != QOperatingSystemVersion::Windows;
     /// What the program has written, where it has a log of its own.
     QString log() const
     {
