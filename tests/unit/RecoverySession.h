@@ -111,7 +111,7 @@ constexpr unsigned kNeverKilled = 999999;
 inline void killThisProcess()
 {
 #ifdef Q_OS_WIN
-    ::TerminateProcess(::GetCurrentProcess(), DWORD(-1));
+    ::TerminateProcess(::GetCurrentProcess(), 0xC0000005);
 #else
     std::raise(SIGKILL);
 #endif

@@ -301,8 +301,10 @@ QByteArray tst_TutorialCheck::run(const QStringList &arguments, int exitCode)
     // Neither is asked for.
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     environment.remove(QStringLiteral("DISPLAY"));
+#ifdef Q_OS_UNIX // elsewhere the program's libraries are found by it
     if (!mSearchPath.isEmpty())
         environment.insert(QStringLiteral("PATH"), mSearchPath);
+#endif
     program.setProcessEnvironment(environment);
     program.setWorkingDirectory(mFolder->path());
     program.start(QStringLiteral(TRELVANE_CHECK_PROGRAM), arguments);
