@@ -19,8 +19,10 @@ install(DIRECTORY translations/ DESTINATION ${samples}/translations FILES_MATCHI
 
 set(packaging ${CMAKE_SOURCE_DIR}/packaging)
 include(TrelvaneCopyright)
-trelvane_write_copyright(${CMAKE_BINARY_DIR}/packaging/copyright)
-install(FILES ${CMAKE_BINARY_DIR}/packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+trelvane_write_copyright(TRELVANE_HAS_COPYRIGHT ${CMAKE_BINARY_DIR}/packaging/copyright)
+if(TRELVANE_HAS_COPYRIGHT)
+    install(FILES ${CMAKE_BINARY_DIR}/packaging/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
 
 if(WIN32)
     include(TrelvaneWindowsFiles)

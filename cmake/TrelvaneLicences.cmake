@@ -1,6 +1,6 @@
 # The licence texts that the program shows: LGPL.txt and BSD.txt of TRELVANE_LICENCES_DIR, else the system's own copies
 # where it has them.
-set(TRELVANE_LICENCES_DIR "" CACHE PATH "Folder of LGPL.txt and BSD.txt, empty for Debian's own copies")
+set(TRELVANE_LICENCES_DIR "" CACHE PATH "Folder of LGPL.txt, BSD.txt and OFL.txt, empty for Debian's own copies")
 
 # Where Debian has the LGPL, and Qt's copyright file with the BSD notice of its examples.
 set(debian_lgpl /usr/share/common-licenses/LGPL-3)
@@ -23,7 +23,7 @@ function(trelvane_add_licences collection folder)
         set(file ${CMAKE_MATCH_2})
         if(NOT EXISTS "${file}")
             message(FATAL_ERROR "The licence text ${file} is missing. Install it with: apt-get install "
-                "${CMAKE_MATCH_1}, or name a folder of LGPL.txt and BSD.txt with -DTRELVANE_LICENCES_DIR=")
+                "${CMAKE_MATCH_1}, or name a folder of LGPL.txt, BSD.txt and OFL.txt with -DTRELVANE_LICENCES_DIR=")
         endif()
     endforeach()
     trelvane_resource(${collection} ${folder}/LGPL.txt ${debian_lgpl})
