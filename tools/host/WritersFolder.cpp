@@ -8,11 +8,25 @@
 
 namespace
 {
-/// Copies a file for the writer to change, whatever the permissions of the installed one are.
-bool copyWritable(const QString &from, const QString &to)
+/// Copies a file for the writer to change, whatever the permissions of the installed one are. Empty on success, else
+/// what the system says.
+QString copyWritable(const QString &from, const QString &to)
 {
-    return QDir().mkpath(QFileInfo(to).path()) && QFile::copy(from, to)
-        && QFile::setPermissions(to, QFile::permissions(to) | QFile::WriteOwner);
+    if (!QDir().mkpath(QFileInfo(to).path()))
+        return qt_error_string();
+    QFile source(from);
+    if (!source.copy(to))
+        return source.errorString();
+    QFile copy(to);
+    return copy.setPermissions(copy.permissions() | QFile::WriteOwner) ? QString() : copy.errorString();
+}
+
+/// "reason" is what the system says.
+QString obstacle(const QString &what, const QString &reason)
+{
+    return QStringLiteral("%1: %2\n\nSee to it that this folder can be written and that its disk has room. Or start "
+                          "\"trelvane-host --author\" in a folder of your choice.")
+        .arg(what, reason);
 }
 } // namespace
 
@@ -33,21 +47,23 @@ QString WritersFolder::layOut(const QString &folder, const QString &samples)
     if (QFileInfo::exists(target))
         return QString();
     if (!QFileInfo(samples).isDir())
-        return QStringLiteral("the sample tutorials are missing: \"%1\"").arg(samples);
+        return QStringLiteral("the sample tutorials are missing: \"%1\"\n\nInstall the program anew.").arg(samples);
     if (!QDir().mkpath(folder))
-        return QStringLiteral("cannot make the folder \"%1\"").arg(folder);
+        return obstacle(QStringLiteral("cannot make the folder \"%1\"").arg(folder), qt_error_string());
     // It comes to its place in one go: half of it would be taken for the writer's own.
     QTemporaryDir copy(folder + QLatin1String("/.tutorial-win-XXXXXX"));
     if (!copy.isValid())
-        return QStringLiteral("cannot write into the folder \"%1\"").arg(folder);
+        return obstacle(QStringLiteral("cannot write into the folder \"%1\"").arg(folder), copy.errorString());
     QDirIterator files(samples, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString file = files.next();
         const QString written = copy.filePath(QStringLiteral("tutorial-win/") + QDir(samples).relativeFilePath(file));
-        if (!copyWritable(file, written))
-            return QStringLiteral("cannot write \"%1\"").arg(written);
+        const QString reason = copyWritable(file, written);
+        if (!reason.isEmpty())
+            return obstacle(QStringLiteral("cannot write \"%1\"").arg(written), reason);
     }
-    if (!QDir().rename(copy.filePath(QStringLiteral("tutorial-win")), target))
-        return QStringLiteral("cannot make the folder \"%1\"").arg(target);
+    // Another start may have been first, whose copy is as good.
+    if (!QDir().rename(copy.filePath(QStringLiteral("tutorial-win")), target) && !QFileInfo::exists(target))
+        return obstacle(QStringLiteral("cannot make the folder \"%1\"").arg(target), qt_error_string());
     return QString();
 }
