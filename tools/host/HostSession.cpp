@@ -95,7 +95,7 @@ QString HostSession::begin()
         return QStringLiteral("cannot make the folder \"%1\"").arg(mOptions.pictureFolder);
     if (mOptions.inDocuments) {
         const QString folder = WritersFolder::path();
-        const QString obstacle = WritersFolder::layOut(folder, WritersFolder::samples());
+        QString obstacle = WritersFolder::layOut(folder, WritersFolder::samples());
         if (!obstacle.isEmpty())
             return obstacle;
         mProgram.setWorkingDirectory(folder);
