@@ -1,5 +1,6 @@
 #include "TutorialEditor/ScenarioReader.h"
 
+#include "SystemService/InterfaceTranslator.h"
 #include "tool/FreeNames.h"
 #include "TutorialEditor/Manager.h"
 #include "TutorialEditor/ScenarioText.h"
@@ -30,6 +31,8 @@ void fillInNames(TreeDataTemplate<TutorialItemData> &document)
     QStringList names = document.getNameList();
     names.removeAll(QString());
     FreeNames freeNames(names);
+    // The next save writes them: they are the same whoever has opened the file.
+    const InterfaceTranslator::Silence silence;
     const QString folderBase = TutorialEditor::Manager::tr("folder");
     const QString itemBase = TutorialEditor::Manager::tr("item");
     document.mRoot.visitAll([&](const TreeItem<TutorialItemData> &item) {

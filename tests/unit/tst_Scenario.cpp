@@ -1,11 +1,13 @@
 #include "support/EditingSession.h"
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
+#include "SystemService/InterfaceTranslator.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QDir>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QtTest>
 
 namespace
@@ -124,6 +126,14 @@ void tst_Scenario::fillsInNames()
     QCOMPARE(mManager->setContents(write(stored)), QStringList());
     QCOMPARE(mManager->mData.getNameList().join(QLatin1Char(' ')),
              QStringLiteral("folder001 item008 folder002 item007 item009"));
+
+    QTranslator standard;
+    QVERIFY(standard.load(QStringLiteral(":/translations/ja_JP")));
+    QCoreApplication::installTranslator(&standard);
+    InterfaceTranslator screens(nullptr);
+    screens.setLanguage(QStringLiteral("en"));
+    QCOMPARE(mManager->setContents(write("[{\"id\":1,\"folder\":true},{\"id\":2}]")), QStringList());
+    QCOMPARE(mManager->mData.getNameList().join(QLatin1Char(' ')), QStringLiteral("フォルダー001 項目001"));
 }
 
 void tst_Scenario::keepsTheFilesOfTheProgram()
