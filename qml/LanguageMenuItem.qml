@@ -2,7 +2,7 @@ import QtQuick 2.9
 import QtQuick.Controls 1.4
 import Morvi.kess 1.0
 
-/// An entry for a language of the screens, checked while it is the chosen one.
+/// An entry for a language of the screens, checked while it is the one of the next start.
 MenuItem {
     id: root
 

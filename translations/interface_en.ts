@@ -25,6 +25,10 @@
             <source>The screens are in English from the next start on.</source>
             <translation>The screens are in English from the next start on.</translation>
         </message>
+        <message>
+            <source>The language could not be stored: %1 can't be written.</source>
+            <translation>The language could not be stored: %1 can't be written.</translation>
+        </message>
     </context>
     <context>
         <name>NameChangeDialog</name>

@@ -25,6 +25,10 @@
             <source>The screens are in English from the next start on.</source>
             <translation>画面は次の起動から日本語になります。</translation>
         </message>
+        <message>
+            <source>The language could not be stored: %1 can't be written.</source>
+            <translation>言語を保存できませんでした。%1 に書き込めません。</translation>
+        </message>
     </context>
     <context>
         <name>NameChangeDialog</name>

@@ -51,10 +51,14 @@ QString InterfaceTranslator::storedLanguage()
     return language.isEmpty() ? standardLanguage() : language;
 }
 
-void InterfaceTranslator::storeLanguage(const QString &language)
+bool InterfaceTranslator::storeLanguage(const QString &language)
 {
-    if (languages().contains(language))
-        QSettings().setValue(kLanguageKey, language);
+    if (!languages().contains(language))
+        return false;
+    QSettings settings;
+    settings.setValue(kLanguageKey, language);
+    settings.sync();
+    return settings.status() == QSettings::NoError;
 }
 
 QString InterfaceTranslator::textIn(const QString &language, const char *context, const char *sourceText)

@@ -22,7 +22,8 @@ public:
     static QString languageOf(const QString &name);
     /// The language that the user has chosen for all starts. Any other name is not stored.
     static QString storedLanguage();
-    static void storeLanguage(const QString &language);
+    /// Whether it is in the settings' file now.
+    static bool storeLanguage(const QString &language);
     /// A text of the program in one of languages(), whatever the others are in.
     static QString textIn(const QString &language, const char *context, const char *sourceText);
 

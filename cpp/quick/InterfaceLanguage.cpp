@@ -2,6 +2,8 @@
 
 #include "SystemService/InterfaceTranslator.h"
 
+#include <QSettings>
+
 namespace
 {
 QString shownLanguage()
@@ -18,17 +20,18 @@ QObject *InterfaceLanguage::create(QQmlEngine *engine, QJSEngine *scriptEngine)
     return new InterfaceLanguage;
 }
 
-InterfaceLanguage::InterfaceLanguage() : mChosen(shownLanguage()) { }
+InterfaceLanguage::InterfaceLanguage() : mChosen(InterfaceTranslator::storedLanguage()) { }
 
 QString InterfaceLanguage::choose(const QString &language)
 {
     if (!InterfaceTranslator::languages().contains(language))
         return QString();
-    // Also where it is the one of now: the command line may have chosen that for once.
-    InterfaceTranslator::storeLanguage(language);
+    if (!InterfaceTranslator::storeLanguage(language))
+        return tr("The language could not be stored: %1 can't be written.").arg(QSettings().fileName());
+    const bool wasChosen = mChosen == language;
     mChosen = language;
     Q_EMIT chosenChanged();
-    if (language == shownLanguage())
+    if (wasChosen && language == shownLanguage())
         return QString();
     // Each catalog says it of its own language.
     return InterfaceTranslator::textIn(

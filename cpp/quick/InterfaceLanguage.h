@@ -9,7 +9,7 @@
 class InterfaceLanguage : public QObject
 {
     Q_OBJECT
-    /// "ja" or "en", as chosen last.
+    /// "ja" or "en": that of the next start, which need not be the one that the command line has chosen for this one.
     Q_PROPERTY(QString chosen READ chosen NOTIFY chosenChanged)
 
 public:
@@ -18,7 +18,7 @@ public:
 
     QString chosen() const { return mChosen; }
     /// Stores the language. The result tells in that language from when on it is that of the screens; it is empty if
-    /// that is so already.
+    /// nothing changes. Where the language can't be stored, the result says so and all stays as it was.
     Q_INVOKABLE QString choose(const QString &language);
 
 Q_SIGNALS:

@@ -122,8 +122,18 @@ void tst_ApplicationWindow::entriesOfNoScreen()
     QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("The screens are in English from the next start on."));
     QCOMPARE(languages(), QStringLiteral("false true en"));
     QMetaObject::invokeMethod(entries.at(0), "trigger");
+    QCOMPARE(answer(QMessageBox::Ok), QStringLiteral("画面は次の起動から日本語になります。"));
+    QMetaObject::invokeMethod(entries.at(0), "trigger");
     QVERIFY(!messageBox());
     QCOMPARE(languages(), QStringLiteral("true false ja"));
+    // No file can be written where a folder is.
+    const QString file = QSettings().fileName();
+    QVERIFY(QFile::rename(file, file + QLatin1String(".kept")) && QDir().mkdir(file));
+    QMetaObject::invokeMethod(entries.at(1), "trigger");
+    QCOMPARE(answer(QMessageBox::Ok),
+             QStringLiteral("The language could not be stored: %1 can't be written.").arg(file));
+    QVERIFY(entries.at(0)->property("checked").toBool() && !entries.at(1)->property("checked").toBool());
+    QVERIFY(QDir().rmdir(file) && QFile::rename(file + QLatin1String(".kept"), file));
 }
 
 void tst_ApplicationWindow::saveCheck()
