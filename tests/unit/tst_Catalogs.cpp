@@ -169,8 +169,8 @@ void tst_Catalogs::pagesTellWhatIsThere()
     for (const QString &text : told)
         QVERIFY2(texts.contains(text), qPrintable(text));
     const QString screens = textOf(QStringLiteral("qml"), { QStringLiteral("*.qml") });
-    QStringList keys = foundIn(screens, "\"((?:(?:Ctrl|Alt|Shift)\\+)*(?:F\\d+|\\w+))\"")
-        + foundIn(screens, "Qt\\.Key_(\\w+)") + foundIn(texts.join(QLatin1Char(' ')), "(Ctrl\\+\\w+)");
+    QStringList keys = foundIn(screens, "\\b(?:shortcut|sequence): \"([^\"]+)\"") + foundIn(screens, "Qt\\.Key_(\\w+)")
+        + foundIn(texts.join(QLatin1Char(' ')), "(Ctrl\\+\\w+)");
     const QMetaEnum standardKeys = QMetaEnum::fromType<QKeySequence::StandardKey>();
     for (const QString &name : foundIn(screens, "StandardKey\\.(\\w+)")) {
         const auto key = QKeySequence::StandardKey(standardKeys.keyToValue(name.toLatin1().constData()));
