@@ -1,3 +1,4 @@
+#include "AboutOptions.h"
 #include "LanguageOption.h"
 #include "ProcessLog.h"
 #include "QmlTypes.h"
@@ -35,6 +36,9 @@ QString interfaceLanguage(const LanguageOption &option)
 
 int main(int argc, char *argv[])
 {
+    // For the guidance the first argument is the link's suffix, whatever it looks like.
+    if (TutorialManager::isMakingSupported() && answersAboutOption(argc, argv))
+        return 0;
     const LanguageOption languageOption =
         TutorialManager::isMakingSupported() ? takeLanguageOption(argc, argv) : LanguageOption();
     if (!languageOption.error.isEmpty()) {
@@ -53,7 +57,7 @@ int main(int argc, char *argv[])
     const auto modalGuard = TutorialManager::isMakingSupported() ? std::make_unique<ModalGuard>() : nullptr;
     WebEngine::initialize();
     QCoreApplication::setApplicationName(QStringLiteral("Trelvane"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
+    QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
     QCoreApplication::setOrganizationName(QStringLiteral("Harnwick"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("harnwick.example"));
     setupMessageHandler();

@@ -257,6 +257,16 @@ void tst_Link::languageOfTheScreens()
         QVERIFY(refused.waitForExit(20000));
         QCOMPARE(refused.process().exitCode(), 2);
     }
+    // Asked at a terminal, it does not look for a host editor.
+    for (const char *option : { "--help", "--version" }) {
+        HostPeer answers;
+        const QTemporaryDir folder;
+        const QString output = folder.filePath(QStringLiteral("output"));
+        answers.process().setStandardOutputFile(output);
+        QVERIFY(answers.startAlone(author, { QLatin1String(option) }));
+        QVERIFY(answers.waitForExit(20000));
+        QVERIFY2(readAll(output).contains("trelvane-author"), option);
+    }
 }
 
 void tst_Link::survivesHostileBytes()
