@@ -2,6 +2,7 @@
 
 #include "SystemService/InterfaceTranslator.h"
 #include "SystemService/SystemService.h"
+#include "SystemService/ToolkitTranslators.h"
 #include "tool/Log.h"
 
 #include <QApplication>
@@ -22,7 +23,9 @@ void installStandardTranslator(QApplication &application)
 
 void installTranslators(QApplication &application, const QString &language)
 {
-    installStandardTranslator(application);
     // What is installed later is asked first.
-    (new InterfaceTranslator(&application))->setLanguage(language);
+    auto *toolkit = new ToolkitTranslators(InterfaceTranslator::standardLanguage(), &application);
+    installStandardTranslator(application);
+    if (!language.isEmpty())
+        (new InterfaceTranslator(toolkit, &application))->setLanguage(language);
 }

@@ -3,6 +3,6 @@
 class QApplication;
 class QString;
 
-/// Installs the catalogs that the program starts with: the standard locale's, and those of the interface's language,
-/// which take precedence.
+/// Installs the catalogs that the program starts with: the toolkit's, before them the standard locale's, and before
+/// both that of the interface's language, if it has one of its own.
 void installTranslators(QApplication &application, const QString &language);

@@ -29,7 +29,7 @@ QString interfaceLanguage(const LanguageOption &option)
 {
     // The guidance has no texts but those in the host editor's language.
     if (!TutorialManager::isMakingSupported())
-        return InterfaceTranslator::standardLanguage();
+        return QString();
     return option.language.isEmpty() ? InterfaceTranslator::storedLanguage() : option.language;
 }
 } // namespace

@@ -1,10 +1,10 @@
 #include "SystemService/InterfaceTranslator.h"
 
 #include "SystemService/SystemService.h"
+#include "SystemService/ToolkitTranslators.h"
 #include "tool/Log.h"
 
 #include <QCoreApplication>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
 
@@ -12,7 +12,6 @@ namespace
 {
 constexpr char kFolder[] = "cpp/SystemService";
 const QLatin1String kLanguageKey("interfaceLanguage");
-constexpr const char *kToolkitCatalogs[] = { "qtbase", "qtdeclarative", "qtquickcontrols" };
 
 InterfaceTranslator *interfaceTranslatorInstance = nullptr;
 thread_local bool isSilent = false;
@@ -68,14 +67,12 @@ QString InterfaceTranslator::textIn(const QString &language, const char *context
     return text.isEmpty() ? QString::fromUtf8(sourceText) : text;
 }
 
-InterfaceTranslator::InterfaceTranslator(QObject *parent) : QTranslator(parent), mLanguage(standardLanguage())
+InterfaceTranslator::InterfaceTranslator(ToolkitTranslators *toolkit, QObject *parent)
+    : QTranslator(parent)
+    , mToolkit(toolkit)
+    , mLanguage(standardLanguage())
 {
     interfaceTranslatorInstance = this;
-    for (std::size_t i = 0; i < sizeof(kToolkitCatalogs) / sizeof(*kToolkitCatalogs); ++i) {
-        mToolkitTranslators.push_back(new QTranslator(this));
-        QCoreApplication::installTranslator(mToolkitTranslators.back());
-    }
-    loadToolkitCatalogs();
     QCoreApplication::installTranslator(this);
 }
 
@@ -98,19 +95,7 @@ void InterfaceTranslator::setLanguage(const QString &language)
     // The standard language is in the catalog of its locale, which is installed in any case.
     const bool loaded = load(language == standardLanguage() ? QString() : catalogOf(language));
     Log::debug(kFolder, "InterfaceTranslator::setLanguage", __LINE__) << language << loaded;
-    loadToolkitCatalogs();
-}
-
-void InterfaceTranslator::loadToolkitCatalogs()
-{
-    // The toolkit's texts are English where it has no catalog.
-    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
-    for (std::size_t i = 0; i < mToolkitTranslators.size(); ++i) {
-        const QString name = QString::fromLatin1(kToolkitCatalogs[i]);
-        const bool loaded = mToolkitTranslators[i]->load(QLocale(mLanguage), name, QStringLiteral("_"), folder);
-        Log::debug(kFolder, "InterfaceTranslator::loadToolkitCatalogs", __LINE__)
-            << QString(folder + QLatin1Char('/') + name) << mLanguage << loaded;
-    }
+    mToolkit->setLanguage(language);
 }
 
 void InterfaceTranslator::comeFirst()

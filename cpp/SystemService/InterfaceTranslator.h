@@ -3,11 +3,11 @@
 #include <QStringList>
 #include <QTranslator>
 
-#include <vector>
+class ToolkitTranslators;
 
-/// The language of the program's own texts: Japanese, the standard one, or English. It has the catalogs that this
-/// takes, its own and the toolkit's. Texts that learners see are in neither: tutorials, their list and the guidance
-/// are in the language that the host editor names.
+/// The language of the program's own texts: Japanese, the standard one, or English. The toolkit's catalogs go
+/// with it. Texts that learners see are in neither: tutorials, their list and the guidance are in the language that the
+/// host editor names.
 ///
 /// Other translators come and go as the host editor and the writer ask for them. This one answers before all of them.
 class InterfaceTranslator : public QTranslator
@@ -27,8 +27,9 @@ public:
     /// A text of the program in one of languages(), whatever the others are in.
     static QString textIn(const QString &language, const char *context, const char *sourceText);
 
-    /// Installs this translator and the toolkit's for good, in the standard language.
-    explicit InterfaceTranslator(QObject *parent);
+    /// Installs this translator for good, in the standard language.
+    /// \param toolkit is in that language, and outlives this
+    InterfaceTranslator(ToolkitTranslators *toolkit, QObject *parent);
     ~InterfaceTranslator() override;
     /// Null while there is none, and all texts are left to others.
     static InterfaceTranslator *instance();
@@ -59,8 +60,6 @@ public:
 private:
     Q_DISABLE_COPY(InterfaceTranslator)
 
-    void loadToolkitCatalogs();
-
+    ToolkitTranslators *const mToolkit;
     QString mLanguage;
-    std::vector<QTranslator *> mToolkitTranslators; // children
 };

@@ -101,7 +101,16 @@ void tst_Catalogs::interfaceHasItsLanguage()
         return QCoreApplication::translate(context, source);
     };
     const auto toolkit = [] { return QDialogButtonBox(QDialogButtonBox::Cancel).buttons().first()->text(); };
+    // The toolkit's answer last, and the guidance has no other but the standard one.
+    const auto translators = [] { return qApp->findChildren<QTranslator *>(); };
+    installTranslators(*qApp, QString());
+    QVERIFY(!InterfaceTranslator::instance());
+    QCOMPARE(toolkit(), QStringLiteral("キャンセル"));
+    QCOMPARE(translators().last()->translate("main", "&File"), QStringLiteral("ファイル(&F)"));
+    qDeleteAll(translators());
     installTranslators(*qApp, QStringLiteral("ja"));
+    QVERIFY(translators().last() == InterfaceTranslator::instance());
+    QVERIFY(!translators().at(translators().size() - 2)->translate("main", "&File").isEmpty());
     QCOMPARE(toolkit(), QStringLiteral("キャンセル"));
     QCOMPARE(text("main", "&File"), QStringLiteral("ファイル(&F)"));
     for (const char *name : { "fr", "", "EN", "en_US" })
