@@ -1,6 +1,7 @@
 #include "support/ManagerFixture.h"
 #include "Tutorial/guidance/EditorTooltip.h"
 #include "Tutorial/guidance/GuidanceGeometry.h"
+#include "Tutorial/guidance/PlacementTries.h"
 #include "Tutorial/guidance/ScreenPixels.h"
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void comesToRest();
     void isThereAtOnce();
     void pointStaysOnItsPixel();
+    void triesToPlaceEnd();
 
 private:
     /// Hidden windows move too, and faster.
@@ -214,6 +216,28 @@ void tst_GuidanceMotion::pointStaysOnItsPixel()
             }
         }
     }
+}
+
+// Where a window manager refuses, and once there is hope again.
+void tst_GuidanceMotion::triesToPlaceEnd()
+{
+    QWidget window;
+    PlacementTries placement;
+    const auto tries = [&] {
+        int count = 0;
+        for (; placement.isDue(&window) && count < 1000; ++count)
+            placement.tried(false);
+        return count;
+    };
+    QCOMPARE(tries(), 0);
+    placement.begin();
+    QCOMPARE(tries(), PlacementTries::kTries);
+    QCOMPARE(tries(), 0);
+    window.show();
+    QCOMPARE(tries(), PlacementTries::kTries);
+    placement.begin();
+    placement.tried(true);
+    QCOMPARE(tries(), 0);
 }
 
 int main(int, char *argv[])

@@ -57,6 +57,7 @@ void EditorTooltip::show(const QString &text, int x, int y)
         mTextEdit->resize(int(size.width()), int(size.height()));
     }
     mCentre = { x, y };
+    mPlacement.begin();
     place();
     setOpacity(0.0f);
     mDelayTicks = kDelay;
@@ -70,7 +71,7 @@ void EditorTooltip::timerEvent(QTimerEvent *)
 {
     if (!isVisible())
         return;
-    if (!mPlaced)
+    if (mPlacement.isDue(this))
         place();
     advance();
     updateShape();
@@ -82,7 +83,7 @@ void EditorTooltip::place()
     const QPoint corner = GuidanceGeometry::centredPlace(mCentre, mTextEdit->size());
     const QPoint centre(mTextEdit->width() / 2, mTextEdit->height() / 2);
     const ScreenPixels::Placement placement = ScreenPixels::placement(corner + centre, centre, this);
-    mPlaced = placement.settled;
+    mPlacement.tried(placement.settled);
     move(placement.place);
 }
 

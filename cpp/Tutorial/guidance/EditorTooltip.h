@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tutorial/guidance/PlacementTries.h"
 #include "Tutorial/guidance/Spoken.h"
 #include "Tutorial/guidance/UserPreferences.h"
 
@@ -54,5 +55,5 @@ private:
 
     UserPreferences mPreferences;
     QPoint mCentre; // in pixels
-    bool mPlaced = true;
+    PlacementTries mPlacement;
 };

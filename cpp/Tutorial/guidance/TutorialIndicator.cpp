@@ -173,7 +173,9 @@ void TutorialIndicator::timerEvent(QTimerEvent *)
         makeTooltip();
     // Windows at rest are placed again too when the hint was measured: the buttons follow its height.
     const bool measured = measureHint();
-    if (measured || mScreensChanged || next != before)
+    if (measured || next != before)
+        mPlacement.begin();
+    if (mPlacement.isDue(mTooltip))
         moveWindows(next.x(), next.y());
     for (QPushButton *button : { mNextButton, mYesButton, mNoButton }) {
         if (!button)
@@ -215,13 +217,13 @@ void TutorialIndicator::changeEvent(QEvent *event)
 void TutorialIndicator::followScreens()
 {
     const auto followGeometry = [this](QScreen *screen) {
-        connect(screen, &QScreen::geometryChanged, this, [this] { mScreensChanged = true; });
-        mScreensChanged = true;
+        connect(screen, &QScreen::geometryChanged, this, [this] { mPlacement.begin(); });
+        mPlacement.begin();
     };
     for (QScreen *screen : QGuiApplication::screens())
         followGeometry(screen);
     connect(qApp, &QGuiApplication::screenAdded, this, followGeometry);
-    connect(qApp, &QGuiApplication::screenRemoved, this, [this] { mScreensChanged = true; });
+    connect(qApp, &QGuiApplication::screenRemoved, this, [this] { mPlacement.begin(); });
 }
 
 void TutorialIndicator::makeTooltip()
@@ -286,7 +288,7 @@ void TutorialIndicator::moveWindows(int x, int y)
     moveButton(mNoButton, GuidanceGeometry::noButtonPlace(QPoint(), mHintHeight));
     mCurrentX = x;
     mCurrentY = y;
-    mScreensChanged = !tooltip.settled;
+    mPlacement.tried(tooltip.settled);
 }
 
 void TutorialIndicator::repaintTooltip()

@@ -2,6 +2,7 @@
 
 #include "Tutorial/guidance/GuidanceContext.h"
 #include "Tutorial/guidance/GuidanceStep.h"
+#include "Tutorial/guidance/PlacementTries.h"
 
 #include <QVariantList>
 #include <QWidget>
@@ -85,6 +86,6 @@ private:
     std::unique_ptr<TutorialTooltip> mTooltipOwner;
     std::array<std::unique_ptr<QPushButton>, 3> mButtonOwners;
     int mPaintedIconType;
-    bool mScreensChanged = false;
+    PlacementTries mPlacement; // of all windows, by the tooltip
     QVariantList mAnnounced; // all that tells a step from another
 };
