@@ -291,6 +291,7 @@ ItemFields {
     TutorialItemMenu {
         id: itemMenu
         anySelected: root.selectedIdList.length > 0
+        rootSelected: !anySelected && treeListView.isFolder
         onFolderRequested: root.addFolder(root.itemId)
         onItemRequested: root.addItem(root.itemId)
         onCopyRequested: root.copyItems()

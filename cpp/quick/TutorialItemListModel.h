@@ -153,6 +153,8 @@ private:
     void reconcileStandingRow(QStandardItem &row, const Item &item);
     void removeGoneRows(QStandardItem &parentRow, const QList<Item> &children);
     static bool refreshRoles(QStandardItem &row, const Item &item);
+    /// Of all folders; tells of those that have changed.
+    void updateProhibitedStates();
     static ProhibitedCounts updateFolderProhibitedState(QStandardItem &row);
     static void setProhibitedBelow(const QStandardItem &row, bool prohibited);
 

@@ -117,7 +117,7 @@ void TutorialItemListModel::refresh()
 {
     clear();
     appendRows(*invisibleRootItem(), { TutorialEditor::Manager::instance()->mData.mRoot });
-    updateFolderProhibitedState(*getRootItem());
+    updateProhibitedStates();
 }
 
 void TutorialItemListModel::refreshPartial()
@@ -204,9 +204,8 @@ void TutorialItemListModel::removeGoneRows(QStandardItem &parentRow, const QList
 
 void TutorialItemListModel::refreshRoles()
 {
-    QStandardItem *rootRow = getRootItem();
-    refreshRoles(*rootRow, TutorialEditor::Manager::instance()->mData.mRoot);
-    updateFolderProhibitedState(*rootRow);
+    refreshRoles(*getRootItem(), TutorialEditor::Manager::instance()->mData.mRoot);
+    updateProhibitedStates();
 }
 
 bool TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
@@ -221,6 +220,13 @@ bool TutorialItemListModel::refreshRoles(QStandardItem &row, const Item &item)
     }
     changedRows.tell({ RoleIcon, RoleJump, RoleProhibited });
     return copyRoles(row);
+}
+
+void TutorialItemListModel::updateProhibitedStates()
+{
+    QStandardItem &rootRow = *getRootItem();
+    if (updateFolderProhibitedState(rootRow).folderChanged)
+        Q_EMIT dataChanged(rootRow.index(), rootRow.index(), { RoleProhibited });
 }
 
 TutorialItemListModel::ProhibitedCounts TutorialItemListModel::updateFolderProhibitedState(QStandardItem &row)

@@ -9,6 +9,7 @@ Menu {
 
     property Item activeFocusItem: null
     property bool anySelected: false
+    property bool rootSelected: false
     readonly property alias addFolderMi: addFolderItem
     readonly property alias addItemMi: addItemItem
     readonly property alias copyMi: copyItem
@@ -107,7 +108,7 @@ Menu {
     MenuItem {
         id: prohibitItem
         text: qsTranslate("TutorialSettingItem", "Prohibit or permit (Space)")
-        enabled: root.anySelected
+        enabled: root.anySelected || root.rootSelected
         onTriggered: root.prohibitRequested()
     }
 }

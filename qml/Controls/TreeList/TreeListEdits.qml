@@ -57,6 +57,10 @@ QtObject {
     function toggleProhibited() {
         var model = tree.treeListModel;
         var idList = tree.selection.getTreeSelectedIdList();
+        var current = tree.selection.currentIndex;
+        // The root row stands for all items, though no list of ids has it.
+        if (idList.length === 0 && current.valid && tree.selection.isSelected(current))
+            idList = [tree.getIdByIndex(current)];
         if (idList.length === 0)
             return;
         setProhibited(idList, model.data(model.getModelIndexById(idList[0]), model.RoleProhibited) !== true);
