@@ -1,6 +1,7 @@
 #include "quick/ItemAccessible.h"
 
 #include "quick/MenuEntryFollower.h"
+#include "quick/ModalGuard.h"
 #include "quick/TextAccessible.h"
 
 #include <QQmlComponent>
@@ -167,20 +168,25 @@ bool ItemAccessible::isOutOfSight() const
     return seen.isEmpty();
 }
 
+bool ItemAccessible::isEnabled() const
+{
+    return item()->isEnabled() && !ModalGuard::isBlocked(item()->window());
+}
+
 bool ItemAccessible::isEditable() const
 {
-    return item()->isEnabled() && !item()->property("readOnly").toBool();
+    return isEnabled() && !item()->property("readOnly").toBool();
 }
 
 QAccessible::State ItemAccessible::state() const
 {
     const auto has = [this](const char *property) { return attached(property).toBool(); };
     QAccessible::State state;
-    state.disabled = !item()->isEnabled();
+    state.disabled = !isEnabled();
     state.invisible = !item()->window() || !item()->window()->isVisible() || !item()->isVisible();
     state.offscreen = isOutOfSight();
     state.focusable =
-        item()->isEnabled() && (has("focusable") || item()->activeFocusOnTab() || role() == QAccessible::EditableText);
+        isEnabled() && (has("focusable") || item()->activeFocusOnTab() || role() == QAccessible::EditableText);
     state.focused = role() == QAccessible::MenuItem ? MenuEntryFollower::isCurrent(*item()) : hasKeys(*item());
     state.checkable = has("checkable");
     state.checked = has("checked");
@@ -243,12 +249,12 @@ QStringList ItemAccessible::actionNames() const
 
 void ItemAccessible::doAction(const QString &name)
 {
-    if (!item()->isEnabled() || !actionNames().contains(name))
+    if (!isEnabled() || !actionNames().contains(name))
         return;
-    if (name == setFocusAction())
-        item()->forceActiveFocus(Qt::OtherFocusReason);
-    else if (hasAction(name))
+    if (hasAction(name))
         QMetaObject::invokeMethod(item(), functionOf(name).constData());
+    else if (name == setFocusAction())
+        item()->forceActiveFocus(Qt::OtherFocusReason);
     else if (role() == QAccessible::CheckBox || role() == QAccessible::RadioButton)
         item()->setProperty("checked", role() == QAccessible::RadioButton || !item()->property("checked").toBool());
     else if (name == increaseAction() || name == decreaseAction())
@@ -277,7 +283,7 @@ QVariant ItemAccessible::currentValue() const
 
 void ItemAccessible::setCurrentValue(const QVariant &value)
 {
-    if (!item()->isEnabled())
+    if (!isEnabled())
         return;
     item()->setProperty("value", qBound(minimumValue().toDouble(), value.toDouble(), maximumValue().toDouble()));
     finishEditing();

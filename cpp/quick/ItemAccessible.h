@@ -46,6 +46,8 @@ public:
 protected:
     QQuickItem *item() const;
     QVariant attached(const char *property) const;
+    /// Not while a question of another window waits for its answer.
+    bool isEnabled() const;
     bool isEditable() const;
     /// Ends an edit where nobody is typing; a text that is being typed counts when that ends.
     void finishEditing() const;

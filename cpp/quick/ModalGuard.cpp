@@ -28,6 +28,11 @@ QWindow *blocker(const QWindow *window)
 }
 } // namespace
 
+bool ModalGuard::isBlocked(const QWindow *window)
+{
+    return blocker(window) != nullptr;
+}
+
 ModalGuard::ModalGuard(QObject *parent) : QObject(parent)
 {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &ModalGuard::passFocusOn);

@@ -14,6 +14,9 @@ public:
     /// Guards all windows of the application for as long as it lives.
     explicit ModalGuard(QObject *parent = nullptr);
 
+    /// Whether a modal window keeps the user from that one.
+    static bool isBlocked(const QWindow *window);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -13,12 +13,15 @@ private Q_SLOTS:
     void everyControlHasRoleAndName();
     void tabKeyReadsTheScreen();
     void saysWhatIsOff();
+    void readerActsOnRows();
+    void rootRowIsToggled();
     void rowsAreThoseInView();
     void keysDoWhatTheMouseDoes();
     void eventsAreTakenByKeys();
 
 private:
     static QAccessibleInterface *accessible(QObject *object) { return QAccessible::queryAccessibleInterface(object); }
+    static void act(QObject *object, const QString &action) { accessible(object)->actionInterface()->doAction(action); }
     static QStringList namelessIn(QQuickWindow *window);
     static QString focused(const QQuickWindow *window);
 };
@@ -130,6 +133,69 @@ void tst_Accessibility::saysWhatIsOff()
     // Nothing is written where nobody could type.
     accessible(item("hint.edit"))->editableTextInterface()->replaceText(0, 0, QStringLiteral("lost"));
     QVERIFY(!UndoRedo::instance()->canUndo());
+}
+
+void tst_Accessibility::readerActsOnRows()
+{
+    load(kShape);
+    selectInTree(9);
+    act(row(1), QAccessibleActionInterface::setFocusAction());
+    QTRY_COMPARE(currentId(), 1);
+    QCOMPARE(selected(), QStringLiteral("1"));
+    // A name that is being typed stays when its folder is closed, by a reader or by the mouse.
+    for (const bool byMouse : { false, true }) {
+        QVERIFY(open(2));
+        selectInTree(3);
+        press(Qt::Key_F2);
+        QVERIFY(renameField(3)->isVisible());
+        const QString name = byMouse ? QStringLiteral("clicked") : QStringLiteral("toggled");
+        type(name);
+        const int branch = int(row(2)->mapToScene(QPointF()).x()) - 10;
+        if (byMouse)
+            QTest::mouseClick(mWindow, Qt::LeftButton, Qt::NoModifier, at(2, branch));
+        else
+            act(row(2), QAccessibleActionInterface::toggleAction());
+        QTRY_VERIFY(!row(3));
+        QCOMPARE(record(3)->mName, name);
+    }
+    // A move that leads nowhere ends the typing; the keys stay with the row.
+    selectInTree(1);
+    press(Qt::Key_F2);
+    type(QStringLiteral("q"));
+    press(Qt::ALT + Qt::Key_Up);
+    QCOMPARE(record(1)->mName, QStringLiteral("q"));
+    QVERIFY(accessible(row(1))->state().focused);
+    // No action goes past a question.
+    evaluate(QStringLiteral("checkSaveTutorial(function() {})"));
+    QTRY_VERIFY(saveQuestion());
+    QVERIFY(accessible(row(1))->state().disabled);
+    act(row(1)->findChild<QQuickItem *>(QStringLiteral("prohibition")), QAccessibleActionInterface::toggleAction());
+    QVERIFY(!record(1)->mProhibited);
+    accessible(item("hint.edit"))->editableTextInterface()->replaceText(0, 0, QStringLiteral("lost"));
+    QVERIFY(!record(1)->mHint.contains(QLatin1String("lost")));
+    QVERIFY(!accessible(find(saveQuestion()->contentItem(), QStringLiteral("no")))->state().disabled);
+    QVERIFY(answerSaveQuestion("no"));
+}
+
+/// All items are prohibited and permitted again there, by a reader, by the key and by the menu.
+void tst_Accessibility::rootRowIsToggled()
+{
+    load(kShape);
+    click(-1);
+    QTRY_VERIFY(accessible(row(-1))->state().selected);
+    for (int i = 0; i < 3; ++i) {
+        for (const bool prohibited : { true, false }) {
+            auto *box = row(-1)->findChild<QQuickItem *>(QStringLiteral("prohibition"));
+            if (i == 0)
+                act(box, QAccessibleActionInterface::toggleAction());
+            else if (i == 1)
+                press(Qt::Key_Space);
+            else
+                choose("&Edit", "Prohibit or permit (Space)");
+            QTRY_COMPARE(record(5)->mProhibited, prohibited);
+            QTRY_COMPARE(bool(accessible(box)->state().checked), prohibited);
+        }
+    }
 }
 
 /// A reader that asks for all rows of a long list makes none that is not drawn.

@@ -55,6 +55,14 @@ MouseArea {
         tree.selected.select(delegate);
     }
 
+    // The keys act on what is selected, so the row that gets them has to be.
+    function accessibleSetFocusAction() {
+        if (isCurrent() && tree.selection.isSelected(index))
+            forceActiveFocus();
+        else
+            tree.selected.select(delegate);
+    }
+
     function accessibleToggleAction() {
         toggleOpen();
     }
@@ -62,6 +70,7 @@ MouseArea {
     function toggleOpen() {
         if (!folder)
             return;
+        view.finishRename();
         if (view.isExpanded(index))
             view.collapse(index);
         else
@@ -120,6 +129,10 @@ MouseArea {
     function startRename() {
         renameTimer.stop();
         renameField.open(rowModel.name);
+    }
+
+    function finishRename() {
+        renameField.finish();
     }
 
     function clickWith(modifiers) {
@@ -235,6 +248,8 @@ MouseArea {
         y: (delegate.height - height) / 2
         width: delegate.width - 8
         height: delegate.itemHeight
+        // Where a name was typed, once its field is gone.
+        onActiveFocusChanged: if (activeFocus) delegate.forceActiveFocus()
 
         Drag.active: delegate.drag.active
         Drag.source: delegate

@@ -15,6 +15,7 @@ Rectangle {
         oldText = text;
         input.text = text;
         visible = true;
+        delegate.view.renamedItem = delegate;
         input.selectAll();
         input.forceActiveFocus();
     }

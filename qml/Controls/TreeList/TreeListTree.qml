@@ -17,6 +17,8 @@ TreeView {
     /// The delegate of the id in searchId, while it is set; -2 is no id.
     property int searchId: -2
     property TreeListItem searchedItem: null
+    /// The delegate whose name was typed into last.
+    property TreeListItem renamedItem: null
 
     /// Changes when all icons are to be read anew.
     property int iconRound: 0
@@ -83,6 +85,14 @@ TreeView {
             scrollTo(scrolled() + y + delegate.height - viewport.height);
     }
 
+    /// A name that is being typed would go with its row.
+    function finishRename() {
+        Qt.inputMethod.commit();
+        if (renamedItem)
+            renamedItem.finishRename();
+        renamedItem = null;
+    }
+
     Accessible.role: Accessible.Tree
     Accessible.name: tree.treeListViewTitle
 
@@ -145,6 +155,8 @@ TreeView {
         z: -0.5
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onPressed: {
+            // The toolkit's own mouse area closes folders.
+            treeView.finishRename();
             mouse.accepted = !treeView.tree.rowAt(mouse.x, mouse.y).valid;
             if (mouse.accepted)
                 treeView.forceActiveFocus();
