@@ -2,6 +2,7 @@
 #include "support/FileBytes.h"
 #include "support/WarningGuard.h"
 #include "SystemService/InterfaceTranslator.h"
+#include "SystemService/ToolkitTranslators.h"
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QDir>
@@ -130,7 +131,8 @@ void tst_Scenario::fillsInNames()
     QTranslator standard;
     QVERIFY(standard.load(QStringLiteral(":/translations/ja_JP")));
     QCoreApplication::installTranslator(&standard);
-    InterfaceTranslator screens(nullptr);
+    ToolkitTranslators toolkit(QStringLiteral("ja"), nullptr);
+    InterfaceTranslator screens(&toolkit, nullptr);
     screens.setLanguage(QStringLiteral("en"));
     QCOMPARE(mManager->setContents(write("[{\"id\":1,\"folder\":true},{\"id\":2}]")), QStringList());
     QCOMPARE(mManager->mData.getNameList().join(QLatin1Char(' ')), QStringLiteral("フォルダー001 項目001"));
