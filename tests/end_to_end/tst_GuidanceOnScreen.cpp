@@ -338,10 +338,16 @@ void tst_GuidanceOnScreen::tipComesAndGoes()
     update({ 300, 200 }, QString(), 0, kNoIcon);
     QTRY_VERIFY_WITH_TIMEOUT(isSeenAt({ 300, 200 }) && showsNothing(), kLimit);
     const auto isSeen = [&] { return Screen::pixels(kHostRect).pixel(100, 600) != mBefore.pixel(100, 600); };
+    QElapsedTimer sent;
+    sent.start();
     mHost->send(kShowTooltip, QStringLiteral("<table width=40 height=20><tr><td>tip</table>"), 100, 600);
     // It is unseen for a second, and in its place from the start.
     QTRY_VERIFY_WITH_TIMEOUT(!places(kTip).isEmpty(), kLimit);
-    QVERIFY(QRect(50, 570, 50, 30).contains(places(kTip).first().topLeft()) && showsNothing());
+    const QPoint corner = places(kTip).value(0).topLeft();
+    QVERIFY2(QRect(50, 570, 50, 30).contains(corner),
+             qPrintable(QStringLiteral("the tip is at %1, %2").arg(corner.x()).arg(corner.y())));
+    // On a slow machine the second is over.
+    QVERIFY2(showsNothing() || sent.elapsed() > 900, "the tip is seen at once");
     QTRY_VERIFY_WITH_TIMEOUT(isSeen(), kLimit);
     mHost->send(kHideTooltip);
     QTRY_VERIFY_WITH_TIMEOUT(showsNothing(), kLimit);
