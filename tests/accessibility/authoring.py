@@ -142,8 +142,9 @@ def three_steps_are_written_by_keys(writer):
     writer.press("Down", "doubleClick")
     writer.tab_to("look", back=True)
     writer.press("alt+Up", "look")
-    writer.press("Down", "hello")
-    writer.press("space", "hello")
+    # The signs of the check come after a pause.
+    writer.press("Down", '"hello, #1')
+    writer.press("space", '"hello" (')
     writer.save()
 
 
