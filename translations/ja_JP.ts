@@ -207,7 +207,7 @@ Change %2 to %1 ?</source>
         </message>
         <message>
             <source>Tab, Ctrl+Enter: next cell, next row. F2: into the text. Esc: give up. Ctrl+1, 2, 3: all, missing, stale. Ctrl+F: search. F6: next part.</source>
-            <translation>Tab、Ctrl+Enter: 次のセル、次の行　F2: 文字の編集　Esc: 取り消し　Ctrl+1、2、3: すべて、未訳、要確認　Ctrl+F: 検索 F6: 次の部分。</translation>
+            <translation>Tab、Ctrl+Enter: 次のセル、次の行　F2: 文字の編集　Esc: 取り消し　Ctrl+1、2、3: すべて、未訳、要確認　Ctrl+F: 検索　F6: 次の部分</translation>
         </message>
         <message>
             <source>The translation stands (F7)</source>
