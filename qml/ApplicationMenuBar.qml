@@ -28,6 +28,12 @@ MenuBar {
         });
     }
 
+    // The toolkit's menu bar, which takes the key Alt for its own, would take the next letter for a menu's,
+    // and the focus at the next Alt.
+    function forgetAlt() {
+        __contentItem.item.__altPressed = false;
+    }
+
     Menu {
         id: fileMenu
         objectName: "file"

@@ -151,6 +151,7 @@ ItemFields {
     // A name that is being typed in the tree would go with its row.
 
     function moveItems(step) {
+        applicationWindow.menuBar.forgetAlt();
         if (applicationWindow.commitEditing())
             treeListView.edits.moveByStep(step);
     }

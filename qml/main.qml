@@ -65,13 +65,17 @@ ApplicationWindow {
     // A field that is being edited hands over its text when it loses the focus.
     // Afterwards typing goes on where it was. False when a text was refused.
     function commitEditing() {
-        // While another window is active, none has the focus here.
-        var item = activeFocusItem || typingItem;
         var refusals = settingScreen ? settingScreen.refusals : 0;
         Qt.inputMethod.commit();
+        if (settingScreen)
+            settingScreen.treeListView.finishRename();
         if (parts)
             parts.commitEditing();
-        background.forceActiveFocus();
+        // While another window is active, none has the focus here.
+        var item = activeFocusItem || typingItem;
+        // What has no text keeps the keys: a screen reader would say it anew.
+        if (item && item.cursorPosition !== undefined)
+            background.forceActiveFocus();
         focusBack(item);
         return !settingScreen || settingScreen.refusals === refusals;
     }

@@ -166,6 +166,11 @@ Rectangle {
         selectedRow.tell();
     }
 
+    /// A name that is being typed would go with its row.
+    function finishRename() {
+        view.finishRename();
+    }
+
     function scrollBottom() {
         view.scrollTo(view.flickableItem.contentHeight - view.viewport.height);
     }
@@ -309,6 +314,10 @@ Rectangle {
         }
     }
 
+    Item {
+        id: keyHolder
+    }
+
     TreeListSelectedRow {
         id: selectedRow
         tree: root
@@ -330,6 +339,7 @@ Rectangle {
         tree: root
         view: view
         dropArea: dropArea
+        keyHolder: keyHolder
         model: root.treeListModel
     }
 

@@ -4,6 +4,28 @@
 
 #include <QAccessible>
 
+/// What the toolkit tells a screen reader of the focus: the object that an item belongs to, each time that one gets it.
+class FocusWords : public QObject
+{
+public:
+    FocusWords() { qApp->installEventFilter(this); }
+
+    QStringList said;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        QObject *told = event->type() == QEvent::FocusIn ? qobject_cast<QQuickItem *>(watched) : nullptr;
+        while (told && !QAccessible::queryAccessibleInterface(told))
+            told = told->parent();
+        if (told && !qobject_cast<QWindow *>(told)) {
+            const QVariant rowId = told->property("rowId");
+            said.append(rowId.isValid() ? rowId.toString()
+                                        : QAccessible::queryAccessibleInterface(told)->text(QAccessible::Name));
+        }
+        return false;
+    }
+};
+
 /// What the screens say of themselves to who can't see them, and that keys reach all that the mouse reaches.
 class tst_Accessibility : public AuthoringTest
 {
@@ -17,6 +39,8 @@ private Q_SLOTS:
     void rootRowIsToggled();
     void rowsAreThoseInView();
     void keysDoWhatTheMouseDoes();
+    void rowThatKeepsTheKeysIsSaidOnce_data();
+    void rowThatKeepsTheKeysIsSaidOnce();
     void eventsAreTakenByKeys();
 
 private:
@@ -249,6 +273,44 @@ void tst_Accessibility::keysDoWhatTheMouseDoes()
         press(Qt::Key_Left);
     QCOMPARE(tree()->width(), 200.0);
     tree()->parentItem()->parentItem()->setWidth(width);
+}
+
+void tst_Accessibility::rowThatKeepsTheKeysIsSaidOnce_data()
+{
+    QTest::addColumn<QKeySequence>("keys");
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<int>("last");
+    const auto row = [](const char *name, const QKeySequence &keys, const char *said, int last = 1) {
+        QTest::newRow(name) << keys << QString::fromLatin1(said) << last;
+    };
+    // A name that is being typed is ended by keys that lead nowhere, too.
+    row("name and nowhere", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Up }, "Name|1");
+    row("name and save", { Qt::Key_F2, Qt::Key_Q, Qt::CTRL + Qt::Key_S }, "Name|1");
+    row("name and start", { Qt::Key_F2, Qt::Key_Q, Qt::Key_F6 }, "Name|1");
+    row("name and move", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Down }, "Name|1|1");
+    row("moves", { Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Up }, "1|1|1");
+    row("move into a folder", { Qt::ALT + Qt::Key_Right }, "1");
+    row("move and undo", { Qt::ALT + Qt::Key_Down, Qt::CTRL + Qt::Key_Z }, "1|1");
+    row("delete", { Qt::Key_Delete }, "2", 2);
+    // The menu bar does not take Alt for pressed any more.
+    row("move and letter", { Qt::ALT + Qt::Key_Down, Qt::Key_F }, "1");
+}
+
+/// No neighbour on the way, and no silence either.
+void tst_Accessibility::rowThatKeepsTheKeysIsSaidOnce()
+{
+    QFETCH(QKeySequence, keys);
+    QFETCH(int, last);
+    load(kShape);
+    selectInTree(1);
+    FocusWords words;
+    for (int i = 0; i < keys.count(); ++i)
+        press(keys[i]);
+    QCoreApplication::processEvents();
+    settle();
+    QTEST(words.said.join(QLatin1Char('|')), "said");
+    QVERIFY(accessible(row(last))->state().focused);
+    QVERIFY(!evaluate(QStringLiteral("menuBar.open")).toBool());
 }
 
 void tst_Accessibility::eventsAreTakenByKeys()

@@ -45,12 +45,15 @@ QtObject {
         if (place.targetId === undefined)
             return;
         var target = model.getModelIndexById(place.targetId);
+        var held = rows.holdKeys();
         move(place.before ? target : null, place.before ? null : target);
         // The keys go on from there at once.
         idList.forEach(rows.openFoldersOf);
         keys.showId(idList[idList.length - 1]);
         keys.showId(idList[0]);
         tree.showIdList(idList);
+        if (held)
+            rows.returnKeys();
     }
 
     /// Prohibits what is selected, or permits it again, by the state of its first row.

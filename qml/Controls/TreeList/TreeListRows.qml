@@ -15,6 +15,8 @@ QtObject {
     property TreeListDropArea dropArea: null
     property TreeListTree view: null
     property TutorialItemListModel model: null
+    /// Has no role, so that nothing is said of it.
+    property Item keyHolder: null
 
     /// While the rows change: at how many places they have done so, whether all of
     /// the tree is closed for that, how far the view was scrolled, and the folders
@@ -23,13 +25,19 @@ QtObject {
     property bool closed: false
     property real placeBefore: 0
     property var openBefore: []
+    property bool keysHeld: false
 
     readonly property DocumentFollower follower: DocumentFollower {
         history: UndoRedo
         model: rows.model
         onRowsFollowed: if (rows.places > 0) rows.open()
         onTreeChanged: rows.tree.treeChanged()
-        onFollowed: rows.tree.followed(showIds)
+        onFollowed: {
+            rows.tree.followed(showIds);
+            if (rows.keysHeld)
+                rows.returnKeys();
+            rows.keysHeld = false;
+        }
     }
 
     /// Rows come or go at one more place.
@@ -37,6 +45,7 @@ QtObject {
         if (places++ === 0) {
             dropArea.cancel();
             placeBefore = view.scrolled();
+            keysHeld = holdKeys();
         }
         if (!closed)
             view.agreeOnCurrentRow();
@@ -44,6 +53,22 @@ QtObject {
             tree.selection.setAside();
             close();
         }
+    }
+
+    /// When the row that has the keys goes, the view gives them to one neighbour after the other, and
+    /// a screen reader says each. Takes them out of the view, if they are there and nobody is typing.
+    function holdKeys() {
+        var held = view.activeFocus && !view.keys.renaming();
+        if (held)
+            keyHolder.forceActiveFocus();
+        return held;
+    }
+
+    /// The current row has the keys again.
+    function returnKeys() {
+        var index = tree.selection.currentIndex;
+        var delegate = index.valid ? tree.getItemById(tree.getIdByIndex(index)) : null;
+        (delegate || view).forceActiveFocus();
     }
 
     /// Keeps in mind which folders were open among rows that go: those of a folder

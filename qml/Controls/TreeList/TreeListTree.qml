@@ -85,7 +85,6 @@ TreeView {
             scrollTo(scrolled() + y + delegate.height - viewport.height);
     }
 
-    /// A name that is being typed would go with its row.
     function finishRename() {
         Qt.inputMethod.commit();
         if (renamedItem)
