@@ -27,7 +27,9 @@ def transcript(events):
 def main(host, program):
     reader = screen_reader.ScreenReader()
     with tempfile.TemporaryDirectory() as home:
-        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home, XDG_DATA_HOME=home)
+        # The desktop of someone who sees little: all is larger, and types are larger still.
+        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home, XDG_DATA_HOME=home,
+                           QT_SCALE_FACTOR="1.5", QT_FONT_DPI="144")
         process = subprocess.Popen([host, "--program", program, "--locale", "en_US", "--auto"], env=environment,
                                    stdout=subprocess.DEVNULL)
         try:

@@ -1,6 +1,5 @@
 #include "HostSession.h"
 
-#include "Pixels.h"
 #include "ScriptDialog.h"
 #include "Transcript.h"
 #include "Tutorial/link/HostMessages.h"
@@ -30,7 +29,7 @@ QString pictureName(int number, const QString &stepName)
 }
 } // namespace
 
-HostSession::HostSession(const HostOptions &options)
+HostSession::HostSession(const HostOptions &options, const QProcessEnvironment &environment)
     : mOptions(options)
     , mWindow(&mRegistry)
     , mReporter(&mRegistry)
@@ -38,6 +37,7 @@ HostSession::HostSession(const HostOptions &options)
     , mWalker([this](const StepCondition &condition) { return mRegistry.holds(condition); })
     , mPlayer(options, &mWalker, &mRegistry)
 {
+    mProgram.setProcessEnvironment(environment);
     connect(&mLink, &ProgramLink::connected, this, &HostSession::greet);
     connect(&mLink, &ProgramLink::disconnected, this, &HostSession::linkEnded);
     connect(&mLink, &ProgramLink::received, this, &HostSession::receive);
@@ -173,7 +173,7 @@ void HostSession::startTutorial(const QString &script, int id)
         return;
     }
     // The whole screen: hints keep clear of its edge, and may lie beside the editor's window.
-    mLink.sendMessage(HostMessages::startMessage(Pixels::ofFirstScreen()));
+    mLink.sendMessage(HostMessages::startMessage(QGuiApplication::primaryScreen()->availableGeometry()));
     // The program forgets its window stack with the first "start".
     mReporter.reportAll();
     mPlayer.stepLeft();

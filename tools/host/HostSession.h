@@ -12,6 +12,7 @@
 
 #include <QObject>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 /// One run of the stand-in: its window, the link, the program and the tutorial that they walk.
 class HostSession : public QObject
@@ -19,7 +20,8 @@ class HostSession : public QObject
     Q_OBJECT
 
 public:
-    explicit HostSession(const HostOptions &options);
+    /// \param environment of the program
+    HostSession(const HostOptions &options, const QProcessEnvironment &environment);
     ~HostSession() override;
 
     /// Opens the window and the link and starts the program. Empty on success, else what is wrong.

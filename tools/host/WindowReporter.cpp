@@ -1,7 +1,6 @@
 #include "WindowReporter.h"
 
 #include "ControlRegistry.h"
-#include "Pixels.h"
 #include "Tutorial/link/HostMessages.h"
 
 using namespace HostMessages;
@@ -35,7 +34,7 @@ void WindowReporter::scan()
     const QStringList keys = mRegistry->keys();
     for (const QString &key : keys) {
         const QRect rect = mRegistry->screenRect(key);
-        const QPoint place = Pixels::ofPlace(rect.topLeft());
+        const QPoint place = rect.topLeft();
         const auto known = mPositions.constFind(key);
         if (!rect.isValid()) {
             mPositions.remove(key);

@@ -3,13 +3,16 @@
 #include "Transcript.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QMessageBox>
+#include <QProcessEnvironment>
 
 #include <cstdio>
 
 namespace
 {
 constexpr int kBadArguments = 2;
+constexpr int kFontSize = 13; // pixels
 
 HostOptions readCommandLine(int argc, char **argv)
 {
@@ -18,6 +21,15 @@ HostOptions readCommandLine(int argc, char **argv)
     QStringList arguments = QCoreApplication::arguments();
     arguments.first() = QCoreApplication::applicationFilePath();
     return parseOptions(arguments);
+}
+
+/// The link and the places of steps are in pixels, and so is the editor. The program follows the desktop.
+void becomeUnscaled()
+{
+    QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    qunsetenv("QT_SCALE_FACTOR");
+    qunsetenv("QT_SCREEN_SCALE_FACTORS");
 }
 } // namespace
 
@@ -33,10 +45,15 @@ int main(int argc, char **argv)
         return kBadArguments;
     }
 
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    becomeUnscaled();
     QApplication application(argc, argv);
     // One look on every desktop, so that a step's place fits everywhere.
     QApplication::setStyle(QStringLiteral("Fusion"));
-    HostSession session(options);
+    QFont font = QApplication::font();
+    font.setPixelSize(kFontSize);
+    QApplication::setFont(font);
+    HostSession session(options, environment);
     const QString error = session.begin();
     if (!error.isEmpty()) {
         std::fprintf(stderr, "trelvane-host: %s\n", qPrintable(error));
