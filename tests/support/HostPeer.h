@@ -22,6 +22,8 @@ public:
         environment.insert(QStringLiteral("HOME"), mHome.path());
         for (const char *folder : { "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME" })
             environment.remove(QLatin1String(folder));
+        // It would write each message to the null device as well, one character at a time where wine runs it.
+        environment.remove(QStringLiteral("QT_FORCE_STDERR_LOGGING"));
         mProcess.setProcessEnvironment(environment);
         mProcess.setStandardOutputFile(QProcess::nullDevice());
         mProcess.setStandardErrorFile(QProcess::nullDevice());
