@@ -239,7 +239,12 @@ void tst_GuidanceWindows::hugeTextsAreCut()
         for (const QTextEdit *textEdit : { indicator->mTooltip->mTextEdit, showTooltip(text, 100, 100)->mTextEdit }) {
             QVERIFY2(textEdit->document()->characterCount() < 20000, qPrintable(text.left(20)));
             QVERIFY(!textEdit->toPlainText().contains(QChar::ReplacementCharacter));
+            QVERIFY2(textEdit->width() < 2000 && textEdit->height() < 2000, qPrintable(text.left(20)));
         }
+        // All of it is centred.
+        const EditorTooltip *tip = find<EditorTooltip>();
+        const QSize size = tip->mTextEdit->document()->size().toSize();
+        QCOMPARE(tip->pos(), QPoint(100 - size.width() / 2, 100 - size.height() / 2));
     }
 
     // What has an end is not measured by its source.

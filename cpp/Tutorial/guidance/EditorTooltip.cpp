@@ -31,6 +31,7 @@ EditorTooltip::EditorTooltip(QWidget *parent, GuidanceContext *manager)
     mTextEdit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     mTextEdit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     mTextEdit->setWindowFlag(Qt::WindowTransparentForInput);
+    mTextSize = mTextEdit->size();
 
     OverlayWindow::setUp(this, QSize(320, 240));
     mTimerId = startTimer(10, Qt::CoarseTimer);
@@ -54,7 +55,8 @@ void EditorTooltip::show(const QString &text, int x, int y)
         const QSizeF size = mTextEdit->document()->size();
         Log::debug("cpp/Tutorial", "EditorTooltip::show", __LINE__)
             << HintText::visiblePart(text) << size.width() << size.height();
-        mTextEdit->resize(int(size.width()), int(size.height()));
+        mTextSize = QSize(int(size.width()), int(size.height()));
+        mTextEdit->resize(mTextSize.boundedTo(GuidanceGeometry::kMostText));
     }
     mCentre = { x, y };
     mPlacement.begin();
@@ -80,8 +82,8 @@ void EditorTooltip::timerEvent(QTimerEvent *)
 void EditorTooltip::place()
 {
     // Limited first, as any number can come in.
-    const QPoint corner = GuidanceGeometry::centredPlace(mCentre, mTextEdit->size());
-    const QPoint centre(mTextEdit->width() / 2, mTextEdit->height() / 2);
+    const QPoint corner = GuidanceGeometry::centredPlace(mCentre, mTextSize);
+    const QPoint centre(mTextSize.width() / 2, mTextSize.height() / 2);
     const ScreenPixels::Placement placement = ScreenPixels::placement(corner + centre, centre, this);
     mPlacement.tried(placement.settled);
     move(placement.place);

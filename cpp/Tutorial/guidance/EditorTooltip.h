@@ -55,5 +55,6 @@ private:
 
     UserPreferences mPreferences;
     QPoint mCentre; // in pixels
+    QSize mTextSize; // of all of the text
     PlacementTries mPlacement;
 };

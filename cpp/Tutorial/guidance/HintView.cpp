@@ -10,8 +10,9 @@ using namespace GuidanceGeometry;
 
 void HintView::setUp(QTextEdit *textEdit, int height)
 {
-    textEdit->setFixedSize(kTextWidth, height);
-    textEdit->setGeometry(QRect(textPlace(false), QSize(kTextWidth, height)));
+    textEdit->setFixedWidth(kTextWidth);
+    setHeight(textEdit, height);
+    textEdit->setGeometry(QRect(textPlace(false), textEdit->minimumSize()));
     textEdit->setLineWrapMode(QTextEdit::WidgetWidth);
     textEdit->setAutoFormatting(QTextEdit::AutoAll);
     textEdit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -24,6 +25,11 @@ void HintView::show(QTextEdit *textEdit, QTextDocument *document, const QString 
 {
     document->setHtml(HintText::toRichText(HintText::visiblePart(hint)));
     textEdit->setDocument(document);
+}
+
+void HintView::setHeight(QTextEdit *textEdit, int height)
+{
+    textEdit->setFixedHeight(qMin(height, kMostText.height()));
 }
 
 int HintView::height(const QTextEdit *textEdit)

@@ -11,6 +11,9 @@ namespace HintView
 /// Sets a text edit up, with that height.
 void setUp(QTextEdit *textEdit, int height);
 
+/// Gives the text edit that height, or what can be seen of it.
+void setHeight(QTextEdit *textEdit, int height);
+
 /// Gives the document the hint, which is plain text, and the text edit the document.
 void show(QTextEdit *textEdit, QTextDocument *document, const QString &hint);
 

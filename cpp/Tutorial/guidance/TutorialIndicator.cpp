@@ -263,7 +263,7 @@ bool TutorialIndicator::measureHint()
     mHintChanged = false;
     if (mTooltip) {
         mHintHeight = HintView::height(mTooltip->mTextEdit);
-        mTooltip->mTextEdit->setFixedHeight(mHintHeight);
+        HintView::setHeight(mTooltip->mTextEdit, mHintHeight);
     }
     return true;
 }
