@@ -25,6 +25,7 @@ Column {
     ListKeys {
         id: listKeys
         list: list
+        area: scrollView.flickableItem
         onChosen: list.currentItem.doubleClicked()
     }
 

@@ -1,5 +1,6 @@
 #include "AuthoringTest.h"
 
+#include "quick/TutorialRaisedHandListModel.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <QAccessible>
@@ -327,6 +328,18 @@ void tst_Accessibility::eventsAreTakenByKeys()
     QTest::keyClick(dialog, Qt::Key_End);
     QTest::keyClick(dialog, Qt::Key_Return);
     QTRY_COMPARE(record(9)->mCondition, QStringLiteral("second"));
+    // A page is what is in view, of the list that stands there at its full height too.
+    QQuickItem *controls = find(dialog->contentItem(), QStringLiteral("trackingList"));
+    QStringList names;
+    for (int number = 0; number < 80; ++number)
+        names.append(QString::number(number));
+    controls->property("model").value<TutorialRaisedHandListModel *>()->setList(names);
+    QTRY_COMPARE(controls->property("count").toInt(), 80);
+    controls->forceActiveFocus();
+    QTest::keyClick(dialog, Qt::Key_Home);
+    QTest::keyClick(dialog, Qt::Key_PageDown);
+    const int row = controls->property("currentIndex").toInt();
+    QVERIFY(row > 2 && row < 60);
     QVERIFY(activate());
     undo();
 }

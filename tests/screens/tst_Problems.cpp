@@ -20,6 +20,7 @@ protected Q_SLOTS:
 private Q_SLOTS:
     void editsAreFollowed();
     void windowLeadsToTheStep();
+    void pagesPassOverNoRow();
     void typingIsNotDisturbed();
     void wordsAreThoseOfTheFiles();
 
@@ -207,6 +208,44 @@ void tst_Problems::windowLeadsToTheStep()
     QTRY_VERIFY(window()->isActive());
     pressThere(Qt::Key_Escape);
     QTRY_VERIFY(!window());
+}
+
+/// However high the rows are, each has been in view as a whole when the last one is reached.
+void tst_Problems::pagesPassOverNoRow()
+{
+    load(longShape(40));
+    QByteArray script = readAll(kTutorial);
+    for (int id = 21; id < 31; ++id)
+        script.replace("\"id\":" + QByteArray::number(id), "\"jump\":40,\"id\":" + QByteArray::number(id));
+    writeAll(kTutorial, script.replace("\"id\":40", "\"prohibited\":true,\"id\":40"));
+    evaluate(QStringLiteral("reloadTutorial()"));
+    press(Qt::Key_F8);
+    QTRY_VERIFY(window() && window()->isActive());
+    constexpr int count = 50;
+    QTRY_COMPARE(list()->property("count").toInt(), count);
+    // The jumps' sentences take two lines, all others one.
+    QTRY_VERIFY(line(0));
+    const QQuickItem *sentence = line(0)->childItems().at(2);
+    window()->resize(int(sentence->x() + sentence->implicitWidth()) + 60, 300);
+    QTRY_VERIFY(list()->width() > window()->width() - 40 && list()->height() < 300 && line(0)->height() < 40);
+    for (const int key : { Qt::Key_PageDown, Qt::Key_PageUp }) {
+        QSet<int> seen;
+        int presses = 0;
+        const int end = key == Qt::Key_PageDown ? count - 1 : 0;
+        do {
+            QTest::keyClick(window(), Qt::Key(key));
+            QMetaObject::invokeMethod(list(), "forceLayout");
+            const qreal top = list()->property("contentY").toReal();
+            for (int number = 0; number < count; ++number) {
+                const QQuickItem *row = line(number);
+                if (row && row->y() >= top - 1 && row->y() + row->height() <= top + list()->height() + 1)
+                    seen.insert(number);
+            }
+            QVERIFY(seen.contains(list()->property("currentIndex").toInt()));
+        } while (list()->property("currentIndex").toInt() != end && ++presses < count);
+        QCOMPARE(seen.size(), count);
+        QVERIFY(presses < count / 3);
+    }
 }
 
 void tst_Problems::typingIsNotDisturbed()
