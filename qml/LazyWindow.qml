@@ -1,5 +1,5 @@
 import QtQuick 2.9
-import QtQuick.Window 2.2
+import Morvi.kess 1.0
 
 /// A window that is loaded when it is shown for the first time.
 Loader {
@@ -7,10 +7,7 @@ Loader {
 
     function show() {
         active = true;
-        if (!item.visible || item.visibility === Window.Minimized)
-            item.show();
-        item.raise();
-        item.requestActivate();
+        Gui.present(item);
     }
 
     active: false

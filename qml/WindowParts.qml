@@ -1,5 +1,6 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4
+import Morvi.kess 1.0
 
 /// What the application window opens: its menus, message boxes and dialogs.
 /// Apart from it, so that the link of the guidance mode doesn't wait for them.
@@ -65,7 +66,7 @@ Item {
                 translationWindow.show();
                 translationWindow.item.showStep(root.window.currentId());
             }
-            onLicenseRequested: licenseWindow.show()
+            onLicenseRequested: Gui.present(licenseWindow)
             onEventDialogRequested: root.window.showEventDialog()
         }
     }

@@ -161,22 +161,17 @@ ApplicationWindow {
     }
 
     function showEventDialog() {
-        var dialog = eventLoader.item;
-        if (!dialog.visible || dialog.visibility === Window.Minimized)
-            dialog.show();
-        dialog.raise();
-        dialog.requestActivate();
+        Gui.present(eventLoader.item);
     }
 
     function startAuthoring() {
-        // At the first start the menus must not lie above the screen, nor what
-        // is below them outside of it.
+        // At the first start the menus must not lie above the screen.
         if (width === 1 && height === 1)
             y = 64;
         if (width === 1)
-            width = Math.min(966, Screen.desktopAvailableWidth - 16);
+            width = 966;
         if (height === 1)
-            height = Math.min(788, Screen.desktopAvailableHeight - 80);
+            height = 788;
         menuBar = loadedParts().makeMenuBar();
         var folder = SystemService.debug() ? "../Trelvane/" : "tutorial-win/";
         TutorialManager.loadTutorial(folder + "qml/Tutorial/TutorialSideViewStep0.js");
@@ -229,6 +224,9 @@ ApplicationWindow {
 
     Component.onCompleted: {
         console.log("connected:", TutorialManager.connected(), "flags:", flags);
+        // What is remembered has been read now.
+        if (authoring)
+            Gui.bringIntoSight(applicationWindow);
     }
 
     Settings {
@@ -266,7 +264,10 @@ ApplicationWindow {
         id: eventLoader
         active: applicationWindow.authoring && settingLoader.progress === 1
         source: "TutorialEventDialog.qml"
-        onLoaded: applicationWindow.settingScreen.tutorialEventDialog = item
+        onLoaded: {
+            applicationWindow.settingScreen.tutorialEventDialog = item;
+            Gui.bringIntoSight(item);
+        }
     }
 
     Loader {

@@ -1,10 +1,12 @@
 #include "quick/Gui.h"
 
+#include "quick/WindowPlace.h"
 #include "tool/Log.h"
 #include "Tutorial/guidance/HintText.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSignalBlocker>
-#include <QWindow>
 
 QObject *Gui::create(QQmlEngine *engine, QJSEngine *scriptEngine)
 {
@@ -26,6 +28,26 @@ void Gui::setIme(const QVariant &window, bool enabled)
         return;
     }
     mInputMethod.setEnabled(target, enabled);
+}
+
+void Gui::bringIntoSight(QWindow *window)
+{
+    QVector<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens.append(screen->availableGeometry());
+    const QRect place = WindowPlace::inSight(window->geometry(), screens);
+    if (place != window->geometry())
+        window->setGeometry(place);
+}
+
+void Gui::present(QWindow *window)
+{
+    if (!window->isVisible())
+        bringIntoSight(window);
+    if (!window->isVisible() || window->windowState() == Qt::WindowMinimized)
+        window->show();
+    window->raise();
+    window->requestActivate();
 }
 
 QString Gui::withoutLoading(const QString &richText)

@@ -7,6 +7,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QVariant>
+#include <QWindow>
 
 /// The QML singleton for what a screen asks of its window.
 class Gui : public QQuickItem
@@ -21,6 +22,11 @@ public:
     /// Asks for the window's input method to be off (enabled false), or takes such a request back.
     /// A variant that holds no window is a warning in the log.
     Q_INVOKABLE void setIme(const QVariant &window, bool enabled);
+    /// Moves a window that is remembered where no screen is any more, or larger than the screens, to where it can be
+    /// seen and moved. To be called before the window is shown.
+    Q_INVOKABLE static void bringIntoSight(QWindow *window);
+    /// Shows the window where it can be seen, above the others and with the keys.
+    Q_INVOKABLE static void present(QWindow *window);
     /// The rich text as it may be shown: where it would load files or pages, its plain text stands for it.
     Q_INVOKABLE static QString withoutLoading(const QString &richText);
     /// Calls the function while the object emits nothing. Who calls tells of what has changed.

@@ -1,5 +1,6 @@
 #include "AuthoringTest.h"
 
+#include "quick/WindowPlace.h"
 #include "support/FaultyDisk.h"
 #include "support/FileBytes.h"
 #include "Tutorial/ProcessGlobals.h"
@@ -11,6 +12,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSettings>
 
 #include <cerrno>
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void openTutorial();
     void licences();
     void eventDialogIsOpenedAgain();
+    void placesOnScreensOfNow();
 
 private:
     void loadModified();
@@ -346,9 +349,12 @@ void tst_ApplicationWindow::eventDialogIsOpenedAgain()
         choose("&Help", "Tutorial &event");
         return QTest::qWaitFor([&] { return window() && window()->isActive(); }) && activate();
     };
+    // It was on a screen that is no more.
+    window()->setPosition(9000, -5000);
     window()->close();
     QTRY_VERIFY(!window());
     QVERIFY(shown());
+    QVERIFY(window()->screen()->availableGeometry().contains(window()->geometry()));
     // One that is minimized is brought back, one that is maximized stays so.
     window()->showMinimized();
     QVERIFY(shown());
@@ -356,6 +362,37 @@ void tst_ApplicationWindow::eventDialogIsOpenedAgain()
     window()->showMaximized();
     QVERIFY(shown());
     QCOMPARE(window()->windowState(), Qt::WindowMaximized);
+}
+
+void tst_ApplicationWindow::placesOnScreensOfNow()
+{
+    const QRect laptop(0, 0, 1366, 768);
+    const QRect left(-1920, -100, 1920, 1200);
+    struct Row
+    {
+        QRect window;
+        QVector<QRect> screens;
+        QRect placed;
+    };
+    const Row rows[] = {
+        // Partly outside, by the user's own will.
+        { { 700, 100, 966, 700 }, { laptop, left }, { 700, 100, 966, 700 } },
+        { { -1000, 100, 2000, 600 }, { laptop, left }, { -1000, 100, 2000, 600 } },
+        { { -1900, -90, 966, 700 }, { laptop, left }, { -1900, -90, 966, 700 } },
+        // Its screen is gone.
+        { { -1900, -90, 966, 700 }, { laptop }, { 8, 32, 966, 700 } },
+        { { 5000, 5000, 400, 300 }, { left, laptop }, { 958, 460, 400, 300 } },
+        // Too little of it is seen.
+        { { 1360, 100, 400, 300 }, { laptop }, { 958, 100, 400, 300 } },
+        { { 100, 700, 400, 300 }, { laptop }, { 100, 460, 400, 300 } },
+        { { 100, -64, 400, 300 }, { laptop }, { 100, 32, 400, 300 } },
+        // Larger than all there is.
+        { { 0, 64, 966, 788 }, { laptop }, { 8, 32, 966, 728 } },
+        { { 0, 64, 1920, 700 }, { laptop }, { 8, 60, 1350, 700 } },
+        { { 0, 64, 966, 788 }, {}, { 0, 64, 966, 788 } },
+    };
+    for (const Row &row : rows)
+        QCOMPARE(WindowPlace::inSight(row.window, row.screens), row.placed);
 }
 
 int main(int argc, char *argv[])
