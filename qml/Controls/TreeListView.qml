@@ -354,6 +354,7 @@ Rectangle {
         id: keys
         tree: root
         view: view
+        timers: timers
         dropArea: dropArea
     }
 

@@ -249,6 +249,11 @@ void tst_Accessibility::keysDoWhatTheMouseDoes()
     QVERIFY(record(9)->mProhibited);
     undo();
     QVERIFY(!record(9)->mProhibited);
+    press(Qt::SHIFT + Qt::Key_Space);
+    press(Qt::CTRL + Qt::Key_Space);
+    QVERIFY(!record(9)->mProhibited && selected().isEmpty());
+    press(Qt::CTRL + Qt::Key_Space);
+    QVERIFY(!record(9)->mProhibited && accessible(row(9))->state().selected);
     // The sign tells its words until the keys go on.
     const auto told = [this] {
         return find(mWindow->contentItem(),

@@ -55,6 +55,13 @@ void tst_TreeListView::goesByMouseAndKeys_data()
     row("Down Shift+Down Shift+Down settle Shift+Up", "2 8");
     row("click:2 shift:8 settle Down", "9");
     row("Ctrl+A", "1 2 8 9");
+    // With Ctrl they go where nothing is selected by that, and the next ones go on from there.
+    row("click:1 Ctrl+Down Ctrl+Down", "1");
+    row("click:1 Ctrl+Down Ctrl+Down Ctrl+Space", "1 8");
+    row("click:1 ctrl:8 Ctrl+Space", "1");
+    row("Ctrl+A Ctrl+End Ctrl+Up Ctrl+Space", "1 2 9");
+    row("click:1 Ctrl+End Shift+Up", "8 9");
+    row("click:1 Ctrl+End Ctrl+Up Up", "2");
     row("Ctrl+A Home Down", "1");
 
     // The keys go on at the place of what was deleted, and at once.

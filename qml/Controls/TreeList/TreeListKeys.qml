@@ -10,6 +10,8 @@ QtObject {
     property Item tree: null
     property DropArea dropArea: null
     property TreeListTree view: null
+    /// The TreeListTimers, which know this type.
+    property Item timers: null
     /// The row to which the selection was extended last; -2 is no id.
     property int leadId: -2
 
@@ -42,23 +44,44 @@ QtObject {
             event.accepted = event.modifiers === Qt.ShiftModifier && popupMenu();
             return;
         default:
-            event.accepted = control ? pressWithControl(event.key) : pressOther(event.key);
+            event.accepted = control ? pressWithControl(event.key) : pressOther(event.key, event.modifiers);
             return;
         }
-        event.accepted = !control;
-        if (!control && !renaming())
+        event.accepted = !control || tree.multiple;
+        if (!event.accepted || renaming())
+            return;
+        if (control)
+            makeCurrent(target);
+        else
             go(target, tree.multiple && (event.modifiers & Qt.ShiftModifier) !== 0);
     }
 
     function pressWithControl(key) {
-        if (key !== Qt.Key_A || !tree.multiple)
+        if (!tree.multiple || renaming())
             return false;
-        leadId = -2;
-        tree.selection.selectAllItems();
+        if (key === Qt.Key_A) {
+            leadId = -2;
+            tree.selection.selectAllItems();
+        } else if (key === Qt.Key_Space) {
+            toggleSelected();
+        } else {
+            return false;
+        }
         return true;
     }
 
-    function pressOther(key) {
+    function toggleSelected() {
+        var index = leadIndex();
+        if (!index.valid || tree.getIdByIndex(index) < 0)
+            return;
+        makeCurrent(rowOf(index));
+        var delegate = tree.getItemById(tree.getIdByIndex(index));
+        delegate.toggle();
+        // Not the first of the selected rows.
+        timers.showRow(delegate.rowId);
+    }
+
+    function pressOther(key, modifiers) {
         var index = tree.selection.currentIndex;
         if (!index.valid || renaming())
             return false;
@@ -77,7 +100,7 @@ QtObject {
             if (!delegate || !delegate.renamable)
                 return false;
             delegate.startRename();
-        } else if (key === Qt.Key_Space) {
+        } else if (key === Qt.Key_Space && modifiers === Qt.NoModifier) {
             tree.edits.toggleProhibited();
         } else if (key === Qt.Key_F1) {
             var signed = showRow(rowOf(index));
@@ -150,6 +173,16 @@ QtObject {
         var index = tree.treeListModel.getModelIndexById(id);
         if (index.valid)
             showRow(rowOf(index));
+    }
+
+    /// The keys go to the row, and what is selected stays so.
+    function makeCurrent(row) {
+        var delegate = showRow(row);
+        if (!delegate)
+            return;
+        leadId = -2;
+        tree.selection.setCurrentIndex(delegate.index, ItemSelectionModel.NoUpdate);
+        delegate.forceActiveFocus();
     }
 
     function go(row, extend) {
