@@ -18,4 +18,14 @@ Item {
         sequences: [StandardKey.Redo]
         onActivated: applicationWindow.redo()
     }
+
+    Shortcut {
+        sequence: "F8"
+        onActivated: applicationWindow.menuBar.problemsRequested()
+    }
+
+    Shortcut {
+        sequence: "F9"
+        onActivated: applicationWindow.menuBar.translationRequested()
+    }
 }

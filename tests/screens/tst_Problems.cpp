@@ -206,6 +206,11 @@ void tst_Problems::windowLeadsToTheStep()
     QTRY_COMPARE(currentId(), 3);
     press(Qt::Key_F8);
     QTRY_VERIFY(window()->isActive());
+    pressThere(Qt::Key_F9);
+    QTRY_VERIFY(visibleWindow("TranslationWindow") && visibleWindow("TranslationWindow")->isActive());
+    QTest::keyClick(visibleWindow("TranslationWindow"), Qt::Key_F8);
+    QTRY_VERIFY(window()->isActive());
+    visibleWindow("TranslationWindow")->close();
     pressThere(Qt::Key_Escape);
     QTRY_VERIFY(!window());
 }
