@@ -1,5 +1,6 @@
 #include "ProcessLog.h"
 
+#include "tool/FilePlatform.h"
 #include "tool/Log.h"
 
 #include <QStandardPaths>
@@ -91,14 +92,6 @@ bool isOpenFor(QtMsgType type)
     return logFile && !logEnded && !(debugEnded && (type == QtDebugMsg || type == QtInfoMsg));
 }
 
-/// Each line goes to the end of the file, wherever that is by then: a second program that starts beside this one
-/// empties the file that both write to.
-std::FILE *openEmpty(const QByteArray &path)
-{
-    std::FILE *file = std::fopen(path.constData(), "wb");
-    return file ? std::freopen(path.constData(), "ab", file) : nullptr;
-}
-
 /// Called on any thread that logs.
 void logMessageHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
@@ -115,7 +108,8 @@ void setupMessageHandler()
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     const QString path = QStringLiteral("%1/Trelvane.log").arg(folder);
     Log::debug("main", "setupMessageHandler", __LINE__) << folder << path;
-    logFile = openEmpty(path.toLocal8Bit());
+    // A second program that starts beside this one empties the file that both write to.
+    logFile = FilePlatform::openEmpty(path);
     logSize = 0;
     debugEnded = false;
     logEnded = false;

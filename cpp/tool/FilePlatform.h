@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdio>
+
 class QFileDevice;
 class QString;
 
@@ -13,4 +15,6 @@ bool synchroniseFolder(const QString &folder);
 /// Whether the last call of the system failed because there is no room, or by a fault of the disk. Otherwise it was
 /// refused, and another way may be open.
 bool isDiskAtFault();
+/// Empties a file, of any name, and opens it so that all goes to its end, wherever that is by then. Null when it can't.
+std::FILE *openEmpty(const QString &path);
 } // namespace FilePlatform

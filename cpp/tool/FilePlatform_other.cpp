@@ -52,3 +52,10 @@ bool FilePlatform::isDiskAtFault()
         return false;
     }
 }
+
+std::FILE *FilePlatform::openEmpty(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    std::FILE *file = std::fopen(name.constData(), "wb");
+    return file ? std::freopen(name.constData(), "ab", file) : nullptr;
+}

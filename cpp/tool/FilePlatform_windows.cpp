@@ -1,6 +1,6 @@
 #include "tool/FilePlatform.h"
 
-#include <QtGlobal>
+#include <QString>
 
 bool FilePlatform::synchronise(QFileDevice &file)
 {
@@ -20,4 +20,12 @@ bool FilePlatform::isDiskAtFault()
 {
     // Qt keeps no error that tells a refusal from a fault.
     return false;
+}
+
+std::FILE *FilePlatform::openEmpty(const QString &path)
+{
+    // The other functions know only names in the system's code page, which need not have the user's own.
+    const std::wstring name = path.toStdWString();
+    std::FILE *file = _wfopen(name.c_str(), L"wb");
+    return file ? _wfreopen(name.c_str(), L"ab", file) : nullptr;
 }
