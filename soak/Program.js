@@ -39,13 +39,17 @@ function statusOf(pid, field) {
     return Number(value);
 }
 
-// What a process holds. Memory is in MiB.
+// What a process holds, or null where it has ended. Memory is in MiB.
 function holdings(pid) {
-    return {
-        memory: statusOf(pid, "VmRSS") / 1024,
-        files: fs.readdirSync(`/proc/${pid}/fd`).length,
-        threads: fs.readdirSync(`/proc/${pid}/task`).length
-    };
+    try {
+        return {
+            memory: statusOf(pid, "VmRSS") / 1024,
+            files: fs.readdirSync(`/proc/${pid}/fd`).length,
+            threads: fs.readdirSync(`/proc/${pid}/task`).length
+        };
+    } catch (ended) {
+        return null;
+    }
 }
 
 // Of all programs on the screen.

@@ -139,21 +139,27 @@ async function editInWindow(window, sessions) {
     });
     const samples = [];
     const failed = [];
+    let over = 0;
     let pending = "";
     test.stdout.on("data", text => {
         const lines = (pending + text).split("\n");
         pending = lines.pop();
         failed.push(...lines.filter(line => /^(FAIL!|QFATAL) /.test(line)));
         for (const line of lines.filter(each => /^(PASS|FAIL!) .*showsRandomEdits\(/.test(each))) {
-            samples.push(holdings(test.pid));
-            if (samples.length % Math.ceil(sessions / 10) === 0)
-                progress(part, samples.length * editsOfSession, samples[samples.length - 1].memory);
+            over += 1;
+            const held = holdings(test.pid);
+            // After the last session it may have ended by now.
+            if (held)
+                samples.push(held);
+            if (held && over % Math.ceil(sessions / 10) === 0)
+                progress(part, over * editsOfSession, held.memory);
         }
     });
     const code = await new Promise(resolve => test.on("close", resolve));
     failed.forEach(line => console.error(line));
     row(part, count, "failedSessions", 0, failed.length, failed.length || code !== 0 ? `exit code ${code}` : "");
-    if (samples.length >= sessions) {
+    row(part, count, "sessions", sessions, over, over === sessions ? "" : "not all");
+    if (over === sessions) {
         // It is looked at while it works, and may be writing a file just then.
         const end = { ...samples[samples.length - 1], files: Math.min(...samples.slice(-5).map(sample => sample.files)) };
         compare(part, count, samples[Math.ceil(sessions / 10) - 1], end);
