@@ -8,26 +8,12 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include <algorithm>
-
 namespace
 {
-constexpr char kAttached[] = "QQuickAccessibleAttached";
-
-/// The toolkit's attached properties of an item; null where it has no role.
-const QObject *attachedOf(const QObject *item)
-{
-    for (const QObject *child : item->children()) {
-        if (child->inherits(kAttached))
-            return child->property("ignored").toBool() ? nullptr : child;
-    }
-    return nullptr;
-}
-
 QAccessibleInterface *makeInterface(const QString &key, QObject *object)
 {
     auto *item = key == QLatin1String("QQuickItem") ? qobject_cast<QQuickItem *>(object) : nullptr;
-    if (!item || !attachedOf(item))
+    if (!item || !ChildrenWithRole::attachedOf(item))
         return nullptr;
     if (item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit"))
         return new TextAccessible(item);
@@ -35,26 +21,17 @@ QAccessibleInterface *makeInterface(const QString &key, QObject *object)
     return new ItemAccessible(item);
 }
 
-void collectItems(const QQuickItem &parent, QVector<QQuickItem *> &items)
+/// What can be seen of an item, in the window: not what is outside of that, or of what it is scrolled in.
+QRectF seenPart(const QQuickItem &item)
 {
-    for (QQuickItem *child : parent.childItems()) {
-        if (attachedOf(child))
-            items.append(child);
-        else
-            collectItems(*child, items);
+    QRectF seen = item.mapRectToScene(QRectF(0, 0, item.width(), item.height()));
+    const QQuickWindow *window = item.window();
+    seen &= QRectF(QPointF(), window ? window->size() : QSize());
+    for (const QQuickItem *above = item.parentItem(); above && !seen.isEmpty(); above = above->parentItem()) {
+        if (above->clip())
+            seen &= above->mapRectToScene(QRectF(0, 0, above->width(), above->height()));
     }
-}
-
-QVector<QQuickItem *> childItemsOf(const QQuickItem &item, QAccessible::Role role)
-{
-    QVector<QQuickItem *> items;
-    collectItems(item, items);
-    if (role == QAccessible::List || role == QAccessible::Tree) {
-        const auto top = [&item](const QQuickItem *row) { return row->mapToItem(&item, QPointF()).y(); };
-        std::stable_sort(items.begin(), items.end(),
-                         [&top](const QQuickItem *a, const QQuickItem *b) { return top(a) < top(b); });
-    }
-    return items;
+    return seen;
 }
 
 /// The actions that a control has by its role.
@@ -80,7 +57,7 @@ QStringList usualActions(QAccessible::Role role)
 bool hasKeys(const QQuickItem &item)
 {
     const QQuickItem *focused = item.hasActiveFocus() ? item.window()->activeFocusItem() : nullptr;
-    while (focused && focused != &item && !attachedOf(focused))
+    while (focused && focused != &item && !ChildrenWithRole::attachedOf(focused))
         focused = focused->parentItem();
     return focused == &item;
 }
@@ -99,7 +76,7 @@ void ItemAccessible::install(QQmlEngine &engine)
     QAccessible::installFactory(makeInterface);
 }
 
-ItemAccessible::ItemAccessible(QQuickItem *item) : QAccessibleObject(item) { }
+ItemAccessible::ItemAccessible(QQuickItem *item) : QAccessibleObject(item), mChildren(*item) { }
 
 QQuickItem *ItemAccessible::item() const
 {
@@ -108,7 +85,7 @@ QQuickItem *ItemAccessible::item() const
 
 QVariant ItemAccessible::attached(const char *property) const
 {
-    const QObject *attached = attachedOf(item());
+    const QObject *attached = ChildrenWithRole::attachedOf(item());
     return attached ? attached->property(property) : QVariant();
 }
 
@@ -129,43 +106,55 @@ QRect ItemAccessible::rect() const
 QAccessibleInterface *ItemAccessible::parent() const
 {
     QQuickItem *above = item()->parentItem();
-    while (above && !attachedOf(above))
+    while (above && !ChildrenWithRole::attachedOf(above))
         above = above->parentItem();
     return QAccessible::queryAccessibleInterface(above ? static_cast<QObject *>(above) : item()->window());
 }
 
+const QVector<QPointer<QQuickItem>> &ItemAccessible::children() const
+{
+    return mChildren.items(role() == QAccessible::List || role() == QAccessible::Tree);
+}
+
 QAccessibleInterface *ItemAccessible::child(int index) const
 {
-    return QAccessible::queryAccessibleInterface(childItemsOf(*item(), role()).value(index));
+    return QAccessible::queryAccessibleInterface(children().value(index).data());
+}
+
+QAccessibleInterface *ItemAccessible::childAt(int x, int y) const
+{
+    if (!item()->window())
+        return nullptr;
+    const QPointF place = item()->window()->mapFromGlobal(QPoint(x, y));
+    const QVector<QPointer<QQuickItem>> items = children();
+    // The last one is drawn on top.
+    for (auto it = items.crbegin(); it != items.crend(); ++it) {
+        QQuickItem *each = it->data();
+        QAccessibleInterface *found = each && each->isVisible() ? QAccessible::queryAccessibleInterface(each) : nullptr;
+        if (!found)
+            continue;
+        if (QAccessibleInterface *below = found->childAt(x, y))
+            return below;
+        if (seenPart(*each).contains(place))
+            return found;
+    }
+    return nullptr;
 }
 
 int ItemAccessible::childCount() const
 {
-    return childItemsOf(*item(), role()).size();
+    return children().size();
 }
 
 int ItemAccessible::indexOfChild(const QAccessibleInterface *child) const
 {
-    return childItemsOf(*item(), role()).indexOf(qobject_cast<QQuickItem *>(child->object()));
+    return children().indexOf(qobject_cast<QQuickItem *>(child->object()));
 }
 
 QAccessible::Role ItemAccessible::role() const
 {
     const auto role = static_cast<QAccessible::Role>(attached("role").toInt());
     return role == QAccessible::NoRole ? QAccessible::Client : role;
-}
-
-/// Whether nothing of it is inside of the window and of what it is scrolled in.
-bool ItemAccessible::isOutOfSight() const
-{
-    QRectF seen = item()->mapRectToScene(QRectF(0, 0, item()->width(), item()->height()));
-    const QQuickWindow *window = item()->window();
-    seen &= QRectF(QPointF(), window ? window->size() : QSize());
-    for (const QQuickItem *above = item()->parentItem(); above && !seen.isEmpty(); above = above->parentItem()) {
-        if (above->clip())
-            seen &= above->mapRectToScene(QRectF(0, 0, above->width(), above->height()));
-    }
-    return seen.isEmpty();
 }
 
 bool ItemAccessible::isEnabled() const
@@ -184,7 +173,7 @@ QAccessible::State ItemAccessible::state() const
     QAccessible::State state;
     state.disabled = !isEnabled();
     state.invisible = !item()->window() || !item()->window()->isVisible() || !item()->isVisible();
-    state.offscreen = isOutOfSight();
+    state.offscreen = seenPart(*item()).isEmpty();
     state.focusable =
         isEnabled() && (has("focusable") || item()->activeFocusOnTab() || role() == QAccessible::EditableText);
     state.focused = role() == QAccessible::MenuItem ? MenuEntryFollower::isCurrent(*item()) : hasKeys(*item());
@@ -259,11 +248,8 @@ void ItemAccessible::doAction(const QString &name)
         item()->setProperty("checked", role() == QAccessible::RadioButton || !item()->property("checked").toBool());
     else if (name == increaseAction() || name == decreaseAction())
         step(name == increaseAction() ? 1 : -1);
-    else
-        for (QObject *child : item()->children()) {
-            if (child->inherits(kAttached))
-                QMetaObject::invokeMethod(child, "pressAction");
-        }
+    else if (QObject *attached = ChildrenWithRole::attachedOf(item()))
+        QMetaObject::invokeMethod(attached, "pressAction");
 }
 
 QStringList ItemAccessible::keyBindingsForAction(const QString &) const

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "quick/ChildrenWithRole.h"
+
 #include <QAccessibleObject>
-#include <QVector>
 
 class QQmlEngine;
-class QQuickItem;
 
 /// What a screen reader meets of an item of the screens that has a role. It takes the place of the
 /// toolkit's own interface, which knows no disabled control, no open row and no edit of a text.
@@ -26,6 +26,8 @@ public:
     QRect rect() const override;
     QAccessibleInterface *parent() const override;
     QAccessibleInterface *child(int index) const override;
+    /// The innermost one of those that can be seen there, in pixels of the screen.
+    QAccessibleInterface *childAt(int x, int y) const override;
     int childCount() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
     QAccessible::Role role() const override;
@@ -53,7 +55,9 @@ protected:
     void finishEditing() const;
 
 private:
-    bool isOutOfSight() const;
+    const QVector<QPointer<QQuickItem>> &children() const;
     bool hasAction(const QString &name) const;
     void step(int direction);
+
+    mutable ChildrenWithRole mChildren;
 };

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void readerActsOnRows();
     void rootRowIsToggled();
     void rowsAreThoseInView();
+    void childrenAreFollowed();
     void keysDoWhatTheMouseDoes();
     void rowThatKeepsTheKeysIsSaidOnce_data();
     void rowThatKeepsTheKeysIsSaidOnce();
@@ -61,7 +62,7 @@ QStringList tst_Accessibility::namelessIn(QQuickWindow *window)
         const bool isText = item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit");
         const bool isMouseArea = item->inherits("QQuickMouseArea") && item->isEnabled() && item->acceptedMouseButtons();
         // What covers a whole part of the window takes the focus from what stands on it.
-        const bool isBackground = item->width() * item->height() > window->width() * window->height() / 8;
+        const bool isBackground = item->width() * item->height() > window->width() * window->height() / 8.0;
         if (!isText && !item->activeFocusOnTab() && (!isMouseArea || isBackground))
             continue;
         QQuickItem *named = item;
@@ -127,7 +128,7 @@ void tst_Accessibility::tabKeyReadsTheScreen()
     const auto walk = [&](Qt::Key key) {
         QStringList names;
         do {
-            press(key == Qt::Key_Tab ? QKeySequence(key) : QKeySequence(Qt::SHIFT + key));
+            press(key == Qt::Key_Tab ? QKeySequence(key) : QKeySequence(int(Qt::SHIFT) + key));
             names.append(focused(mWindow));
         } while (names.last() != row && names.size() < 40);
         return names;
@@ -239,6 +240,47 @@ void tst_Accessibility::rowsAreThoseInView()
         QVERIFY(list->child(i)->rect().top() > above);
         above = list->child(i)->rect().top();
     }
+}
+
+/// What is asked of a list in one turn holds for as long as nothing changes, and no hit goes to what nobody sees.
+void tst_Accessibility::childrenAreFollowed()
+{
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.9\nimport QtQuick.Window 2.2\n"
+                      "Window { visible: true; width: 200; height: 200; Item { objectName: 'list'; width: 100;"
+                      " height: 90; clip: true; Accessible.role: Accessible.List; Item { Repeater { model: 4; Item {"
+                      " y: 30 * (3 - index); width: 100; height: 40; Accessible.role: Accessible.ListItem;"
+                      " Accessible.name: index } } } } }",
+                      QUrl());
+    const std::unique_ptr<QObject> window(component.create());
+    auto *item = window->findChild<QQuickItem *>(QStringLiteral("list"));
+    QAccessibleInterface *list = accessible(item);
+    const auto names = [list] {
+        QString names;
+        for (int i = 0; i < list->childCount(); ++i)
+            names += list->child(i)->text(QAccessible::Name);
+        return names;
+    };
+    const auto hit = [list](int x, int y) {
+        const QPoint place = list->rect().topLeft() + QPoint(x, y);
+        const QAccessibleInterface *found = list->childAt(place.x(), place.y());
+        return found ? found->text(QAccessible::Name) : QString();
+    };
+    QCOMPARE(names(), QStringLiteral("3210"));
+    QCOMPARE(list->indexOfChild(list->child(2)), 2);
+    QCOMPARE(hit(5, 50), QStringLiteral("2"));
+    // Below the list's edge, and in place of what is hidden.
+    QCOMPARE(hit(5, 95), QString());
+    auto *second = qobject_cast<QQuickItem *>(list->child(1)->object());
+    second->setVisible(false);
+    QCOMPARE(hit(5, 65), QStringLiteral("1"));
+    QCOMPARE(hit(5, 50), QString());
+    delete second;
+    QCOMPARE(names(), QStringLiteral("310"));
+    qobject_cast<QQuickItem *>(list->child(0)->object())->setY(100);
+    QCoreApplication::processEvents();
+    QCOMPARE(names(), QStringLiteral("103"));
 }
 
 void tst_Accessibility::keysDoWhatTheMouseDoes()
