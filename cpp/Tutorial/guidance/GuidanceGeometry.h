@@ -17,9 +17,9 @@ const int kTextTop = 56; ///< the icon's row is above
 const int kIconSize = 56; ///< the largest icon's width and height
 const QSize kTooltipSize(640, 480);
 const QSize kButtonSize(64, 32);
-/// No text is made larger, as its end is out of sight there in any of the windows. Windows' style keeps a picture as
-/// wide as the widest and as high as the highest frame that it has ever drawn.
-const QSize kMostText(1024, 1024);
+/// No text is made larger: nobody writes such ones, and their end is far out of sight. Windows' style keeps a picture
+/// as wide as the widest and as high as the highest frame that it has ever drawn, and crashes at 2 GB.
+const QSize kMostText(8192, 4096);
 
 /// On which side of the target the windows lie.
 struct Flips
