@@ -129,21 +129,20 @@ QT_WARNING_POP
 
 /// The writer writes UTF-8, whatever the file was in. And it writes the declaration as it was read, though the reader
 /// takes one from which nothing could be read again.
-void declareUtf8(const QDomDocument &document)
+void declareUtf8(QDomDocument document)
 {
     static const QRegularExpression sound(
         QStringLiteral("^version='1\\.[0-9]' encoding='utf-8'( standalone='(yes|no)')?$"),
         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression encoding(QStringLiteral("encoding='[^']*'"));
-    const QString utf8 = QStringLiteral("encoding='utf-8'");
-    QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
-    const QString data = declaration.data();
-    if (declaration.target() == QLatin1String("xml")) {
-        if (!sound.match(data).hasMatch())
-            declaration.setData(QStringLiteral("version='1.0' ") + utf8);
-    } else if (declaration.target().startsWith(QLatin1String("xml"))) {
-        // The reader looks for the encoding in all that begins so.
-        declaration.setData(QString(data).replace(encoding, utf8));
+    const QString utf8 = QStringLiteral("version='1.0' encoding='utf-8'");
+    const QString xml = QStringLiteral("xml");
+    QDomProcessingInstruction first = document.firstChild().toProcessingInstruction();
+    if (first.target() == xml) {
+        if (!sound.match(first.data()).hasMatch())
+            first.setData(utf8);
+    } else if (first.target().startsWith(xml)) {
+        // The reader would look for the encoding in all that begins so.
+        document.insertBefore(document.createProcessingInstruction(xml, utf8), first);
     }
 }
 
