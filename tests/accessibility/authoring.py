@@ -7,7 +7,6 @@ import re
 import subprocess
 import sys
 import tempfile
-import time
 
 sys.path.append(os.path.join(os.path.dirname(__file__), "../../docs/host-client"))
 
@@ -26,17 +25,11 @@ class Writer:
         self.lines = []
         self.reader = screen_reader.ScreenReader()
         self.link = host.Link(program)
-        self.reader.follow(self.link.process.pid)
-        self.reader.meanwhile = self.keep_alive
+        self.reader.follow_link(self.link)
         self.reader.expect("tree")
         window = self.reader.wait_for(lambda: self.xdotool("search", "--onlyvisible", "--name", TUTORIAL), "the window")
         self.xdotool("windowactivate", "--sync", window.split()[0])
         self.reader.wait_for(self.reader.focused, "the focus")
-
-    def keep_alive(self):
-        if time.monotonic() >= self.link.alive_due:
-            self.link.alive_due = time.monotonic() + 1
-            self.link.send("alive")
 
     @staticmethod
     def xdotool(*words):

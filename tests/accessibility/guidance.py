@@ -2,7 +2,6 @@
 
 import os
 import sys
-import time
 
 sys.path.append(os.path.join(os.path.dirname(__file__), "../../docs/host-client"))
 
@@ -17,16 +16,10 @@ class Guidance:
     def __init__(self, program, locale):
         self.reader = screen_reader.ScreenReader()
         self.link = host.Link(program)
-        self.reader.follow(self.link.process.pid)
-        self.reader.meanwhile = self.keep_alive
+        self.reader.follow_link(self.link)
         self.link.send("fromServer", locale)
         self.link.send("start", 0, 0, 1000, 800)
         self.link.send("state", "show")
-
-    def keep_alive(self):
-        if time.monotonic() >= self.link.alive_due:
-            self.link.alive_due = time.monotonic() + 1
-            self.link.send("alive")
 
     def step(self, hint, flags, icon, x=300):
         self.link.send("indicator", "update", x, 200, "MainWindow/canvas", hint, flags, icon)

@@ -76,6 +76,15 @@ class ScreenReader:
     def follow(self, process_id):
         self.process_id = process_id
 
+    def follow_link(self, link):
+        """The same for a program at a host's link, which is kept alive while something is waited for."""
+        def keep_alive():
+            if time.monotonic() >= link.alive_due:
+                link.alive_due = time.monotonic() + 1
+                link.send("alive")
+        self.follow(link.process.pid)
+        self.meanwhile = keep_alive
+
     def follow_named(self, name):
         """The same for a program that another one starts."""
         def find():
