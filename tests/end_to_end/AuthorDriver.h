@@ -5,8 +5,6 @@
 #include "support/StoredTutorial.h"
 #include "support/XDoTool.h"
 
-#include <QPoint>
-
 /// What the tests of the authoring mode stand on: the real program in a folder of its own, driven by
 /// mouse and keyboard, and the host editor's end of its link.
 class AuthorDriver

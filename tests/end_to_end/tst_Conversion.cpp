@@ -1,10 +1,5 @@
-#include "support/FileBytes.h"
 #include "support/HostPeer.h"
 
-#include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QRegularExpression>
 #include <QTcpServer>
 #include <QUdpSocket>
 
@@ -280,7 +275,6 @@ void tst_Conversion::reachesNothing()
         "c.createOffer().then(function(o) { c.setLocalDescription(o); }); }) && 0",
         "ring('stun:127.0.0.1:PORT')",
         "ring('turn:127.0.0.1:PORT?transport=udp')",
-        "ring('turn:127.0.0.1:PORT?transport=tcp')",
         "ring('turn:localhost:PORT?transport=tcp')",
     };
     const QString port = QString::number(server.serverPort());

@@ -1,12 +1,10 @@
 #include "support/HostPeer.h"
 #include "support/Screen.h"
-#include "Tutorial/link/HostMessages.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QtTest>
 #include <QWidget>
 
 #include <cmath>
@@ -105,7 +103,22 @@ class tst_GuidanceOnScreen : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        mNeighbour = std::make_unique<Neighbour>();
+        QVERIFY(QTest::qWaitForWindowExposed(mNeighbour.get(), kLimit));
+        mHost = std::make_unique<HostPeer>();
+        QVERIFY(mHost->start(kProgram));
+        mHost->keepAlive();
+
+        mBefore = Screen::pixels(kHostRect);
+        start();
+        // First seen where it is placed.
+        QTRY_COMPARE(places(kHintWindow), QVector<QRect>{ QRect(QPoint(), kHintWindow) });
+        // The log window may ask for the activation once; the user goes back to work after that.
+        Screen::focus(mNeighbour->winId());
+        QTRY_VERIFY_WITH_TIMEOUT(mNeighbour->isActiveWindow(), kLimit);
+    }
     void cleanup() { mHost.reset(); }
 
     void neighbourKeepsTheKeyboard();
@@ -128,9 +141,62 @@ private:
     {
         return QRect(place - QPoint(3, 3), QSize(7, 7)).contains(places(kHintWindow).value(0).topLeft());
     }
-    bool isAboveTheNeighbour() const;
-    bool shows(const QImage &drawing, const QRegion &uncompared, bool composed) const;
-    bool showsStep(const Step &step, bool composed) const;
+    /// Whether the windows of the step stand above all of this process, and those that the window manager
+    /// raises.
+    bool isAboveTheNeighbour() const
+    {
+        int highest = 0;
+        for (const Screen::Window &window : Screen::windows(QCoreApplication::applicationPid()))
+            highest = std::max(highest, window.level);
+        int count = 0;
+        for (const Screen::Window &window : Screen::windows(mHost->process().processId())) {
+            const QSize size = window.place.size();
+            const bool counts = size == kHintWindow || size == kButton || (size == kTip && Screen::isManaged());
+            count += counts && window.level > highest;
+        }
+        return count == (Screen::isManaged() ? 5 : 4);
+    }
+    /// Whether the host editor's window shows the drawing in the place of the hint's window and is as it
+    /// was before in all other places. Where nothing composes the screen, translucent pixels are cut off
+    /// or drawn in full.
+    bool shows(const QImage &drawing, const QRegion &uncompared, bool composed) const
+    {
+        const QPoint corner = places(kHintWindow).value(0).topLeft();
+        const QImage screen = Screen::pixels(kHostRect);
+        for (int y = 0; y < screen.height(); ++y) {
+            for (int x = 0; x < screen.width(); ++x) {
+                const QPoint inside = QPoint(x, y) - corner;
+                const QRgb over = drawing.rect().contains(inside) ? drawing.pixel(inside) : qRgba(0, 0, 0, 0);
+                const QRgb before = mBefore.pixel(x, y);
+                const QRgb seen = screen.pixel(x, y);
+                const auto differs = [&](int (*part)(QRgb)) {
+                    const int wanted = (part(over) * qAlpha(over) + part(before) * (255 - qAlpha(over))) / 255;
+                    return std::abs(part(seen) - wanted) > 3;
+                };
+                const bool compared = composed || qAlpha(over) == 0 || qAlpha(over) == 255;
+                if (compared && (differs(qRed) || differs(qGreen) || differs(qBlue)) && !uncompared.contains({ x, y })
+                    && !kOwnWindow.contains(x, y))
+                    return false;
+            }
+        }
+        return true;
+    }
+    /// Whether the step is on the screen and at rest: arrow and icon, a hint of dark words on white and
+    /// the button below it.
+    bool showsStep(const Step &step, bool composed) const
+    {
+        const QPoint rest = step.target + QPoint(step.left ? -308 : 0, step.below ? 165 : 0);
+        const QVector<QRect> buttons = places(kButton);
+        if (!isSeenAt(rest) || buttons.size() != 1)
+            return false;
+        const QRect window = places(kHintWindow).first();
+        const QPoint corner = window.topLeft() + QPoint(step.left ? 0 : 128, 56);
+        const QRect hint(corner, QSize(256, buttons.first().y() - corner.y()));
+        const QImage average =
+            Screen::pixels(hint & kHostRect).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const int gray = qGray(average.pixel(0, 0));
+        return gray > 200 && gray < 254 && shows(drawing(step), QRegion(hint) + buttons.first(), composed);
+    }
     /// Not by QTRY_VERIFY, which asks once more: the arrow doesn't stay at rest.
     bool waitForStep(const Step &step, bool composed) const
     {
@@ -142,23 +208,6 @@ private:
     std::unique_ptr<HostPeer> mHost;
     QImage mBefore;
 };
-
-void tst_GuidanceOnScreen::init()
-{
-    mNeighbour = std::make_unique<Neighbour>();
-    QVERIFY(QTest::qWaitForWindowExposed(mNeighbour.get(), kLimit));
-    mHost = std::make_unique<HostPeer>();
-    QVERIFY(mHost->start(kProgram));
-    mHost->keepAlive();
-
-    mBefore = Screen::pixels(kHostRect);
-    start();
-    // First seen where it is placed.
-    QTRY_COMPARE(places(kHintWindow), QVector<QRect>{ QRect(QPoint(), kHintWindow) });
-    // The log window may ask for the activation once; the user goes back to work after that.
-    Screen::focus(mNeighbour->winId());
-    QTRY_VERIFY_WITH_TIMEOUT(mNeighbour->isActiveWindow(), kLimit);
-}
 
 void tst_GuidanceOnScreen::neighbourKeepsTheKeyboard()
 {
@@ -217,22 +266,6 @@ void tst_GuidanceOnScreen::clicksReachTheNeighbourOrAButton()
     QVERIFY(mNeighbour->mClicks.isEmpty());
 }
 
-/// Whether the windows of the step stand above all of this process, and those that the window manager
-/// raises.
-bool tst_GuidanceOnScreen::isAboveTheNeighbour() const
-{
-    int highest = 0;
-    for (const Screen::Window &window : Screen::windows(QCoreApplication::applicationPid()))
-        highest = std::max(highest, window.level);
-    int count = 0;
-    for (const Screen::Window &window : Screen::windows(mHost->process().processId())) {
-        const QSize size = window.place.size();
-        const bool counts = size == kHintWindow || size == kButton || (size == kTip && Screen::isManaged());
-        count += counts && window.level > highest;
-    }
-    return count == (Screen::isManaged() ? 5 : 4);
-}
-
 // Hidden and shown in one go, the windows stay above a neighbour that is raised by each click.
 void tst_GuidanceOnScreen::staysAbove()
 {
@@ -246,49 +279,6 @@ void tst_GuidanceOnScreen::staysAbove()
         QTRY_COMPARE(mNeighbour->mClicks.size(), round + 1);
         QTRY_VERIFY_WITH_TIMEOUT(isAboveTheNeighbour(), 1000);
     }
-}
-
-/// Whether the host editor's window shows the drawing in the place of the hint's window and is as it
-/// was before in all other places. Where nothing composes the screen, translucent pixels are cut off
-/// or drawn in full.
-bool tst_GuidanceOnScreen::shows(const QImage &drawing, const QRegion &uncompared, bool composed) const
-{
-    const QPoint corner = places(kHintWindow).value(0).topLeft();
-    const QImage screen = Screen::pixels(kHostRect);
-    for (int y = 0; y < screen.height(); ++y) {
-        for (int x = 0; x < screen.width(); ++x) {
-            const QPoint inside = QPoint(x, y) - corner;
-            const QRgb over = drawing.rect().contains(inside) ? drawing.pixel(inside) : qRgba(0, 0, 0, 0);
-            const QRgb before = mBefore.pixel(x, y);
-            const QRgb seen = screen.pixel(x, y);
-            const auto differs = [&](int (*part)(QRgb)) {
-                const int wanted = (part(over) * qAlpha(over) + part(before) * (255 - qAlpha(over))) / 255;
-                return std::abs(part(seen) - wanted) > 3;
-            };
-            const bool compared = composed || qAlpha(over) == 0 || qAlpha(over) == 255;
-            if (compared && (differs(qRed) || differs(qGreen) || differs(qBlue)) && !uncompared.contains({ x, y })
-                && !kOwnWindow.contains(x, y))
-                return false;
-        }
-    }
-    return true;
-}
-
-/// Whether the step is on the screen and at rest: arrow and icon, a hint of dark words on white and
-/// the button below it.
-bool tst_GuidanceOnScreen::showsStep(const Step &step, bool composed) const
-{
-    const QPoint rest = step.target + QPoint(step.left ? -308 : 0, step.below ? 165 : 0);
-    const QVector<QRect> buttons = places(kButton);
-    if (!isSeenAt(rest) || buttons.size() != 1)
-        return false;
-    const QRect window = places(kHintWindow).first();
-    const QPoint corner = window.topLeft() + QPoint(step.left ? 0 : 128, 56);
-    const QRect hint(corner, QSize(256, buttons.first().y() - corner.y()));
-    const QImage average =
-        Screen::pixels(hint & kHostRect).scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const int gray = qGray(average.pixel(0, 0));
-    return gray > 200 && gray < 254 && shows(drawing(step), QRegion(hint) + buttons.first(), composed);
 }
 
 void tst_GuidanceOnScreen::drawsEachStepAndLeavesNothing()

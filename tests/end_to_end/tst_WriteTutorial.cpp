@@ -1,7 +1,6 @@
 #include "AuthorDriver.h"
 
 #include <QClipboard>
-#include <QDirIterator>
 #include <QGuiApplication>
 
 /// A writer's whole work: a tutorial from an empty file to its end in the host editor, by mouse and
@@ -17,11 +16,28 @@ private Q_SLOTS:
     void cleanup() { mHost.reset(); }
 
 private:
-    bool rename(int id, const QString &name);
+    bool rename(int id, const QString &name)
+    {
+        // The row of a new item takes the focus after a moment.
+        if (!QTest::qWaitFor([&] { return current() == id; }, kLimit))
+            return false;
+        press("F2");
+        type(name);
+        press("Return");
+        return becomes(id, "name", name);
+    }
     bool fillIn(const QJsonObject &step);
     /// Kills the program once its copy of the unsaved changes holds that text. What it asks at the next start has the
     /// keys then.
-    bool killAndStart(const QByteArray &text);
+    bool killAndStart(const QByteArray &text)
+    {
+        const auto isKept = [&] {
+            QDirIterator files(mFolder.path(), { QStringLiteral("copy.json") }, QDir::Files,
+                               QDirIterator::Subdirectories);
+            return files.hasNext() && readAll(files.next()).contains(text);
+        };
+        return QTest::qWaitFor(isKept, kLimit) && launch() && find("保存されていない変更");
+    }
 };
 
 namespace
@@ -85,17 +101,6 @@ QList<QJsonObject> stepsWith(const QString &hint)
     return all;
 }
 } // namespace
-
-bool tst_WriteTutorial::rename(int id, const QString &name)
-{
-    // The row of a new item takes the focus after a moment.
-    if (!QTest::qWaitFor([&] { return current() == id; }, kLimit))
-        return false;
-    press("F2");
-    type(name);
-    press("Return");
-    return becomes(id, "name", name);
-}
 
 bool tst_WriteTutorial::fillIn(const QJsonObject &step)
 {
@@ -192,15 +197,6 @@ void tst_WriteTutorial::tutorialIsPlayedToItsEnd()
     // "No" to the question first, "Yes" when it comes again.
     QVERIFY2(way.join(QLatin1Char(' ')) == QLatin1String("2 3 8 9 10 3 4 6 11"), transcript);
     QCOMPARE(host.exitCode(), 0);
-}
-
-bool tst_WriteTutorial::killAndStart(const QByteArray &text)
-{
-    const auto isKept = [&] {
-        QDirIterator files(mFolder.path(), { QStringLiteral("copy.json") }, QDir::Files, QDirIterator::Subdirectories);
-        return files.hasNext() && readAll(files.next()).contains(text);
-    };
-    return QTest::qWaitFor(isKept, kLimit) && launch() && find("保存されていない変更");
 }
 
 void tst_WriteTutorial::editsAreSavedOrComeBack()

@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QQmlExpression>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtQml>

@@ -10,9 +10,6 @@
 #include "support/WarningGuard.h"
 #include "Tutorial/translation/TranslationSource.h"
 
-#include <QQmlApplicationEngine>
-#include <QTemporaryDir>
-
 #include <cstdlib>
 
 /// A test of the real application window of the authoring mode, in the test's own process, with the
@@ -69,8 +66,6 @@ protected Q_SLOTS:
         QCOMPARE(mHost.listen(QCoreApplication::arguments().value(1)), QString());
         QDir(mFolder.path()).mkdir(QStringLiteral("project"));
         QDir::setCurrent(mFolder.filePath(QStringLiteral("project")));
-        for (const QString &name : { kTutorial, kJapanese })
-            QVERIFY(QDir().mkpath(QFileInfo(name).path()));
         connect(&mHost, &ProgramLink::received, this, [this](const QStringList &fields) {
             if (fields.first() == HostMessages::ToHost::kStart)
                 mStarts += fields.last();
@@ -140,3 +135,10 @@ private:
     static inline int sEndCode = 1;
     QQmlApplicationEngine mEngine;
 };
+
+/// Like QTEST_MAIN.
+#define AUTHORING_TEST_MAIN(Test)                    \
+    int main(int argc, char *argv[])                 \
+    {                                                \
+        return AuthoringTest::run<Test>(argc, argv); \
+    }

@@ -41,55 +41,51 @@ private Q_SLOTS:
     void rowsAreThoseInView();
     void childrenAreFollowed();
     void keysDoWhatTheMouseDoes();
-    void rowThatKeepsTheKeysIsSaidOnce_data();
     void rowThatKeepsTheKeysIsSaidOnce();
     void eventsAreTakenByKeys();
 
 private:
     static QAccessibleInterface *accessible(QObject *object) { return QAccessible::queryAccessibleInterface(object); }
     static void act(QObject *object, const QString &action) { accessible(object)->actionInterface()->doAction(action); }
-    static QStringList namelessIn(QQuickWindow *window);
-    static QString focused(const QQuickWindow *window);
-};
-
-/// Nothing may be focused or clicked that has no role and no name, itself or as a part of what has them.
-QStringList tst_Accessibility::namelessIn(QQuickWindow *window)
-{
-    // There is one of each where it is met, and the toolkit makes them.
-    static const QVector<QAccessible::Role> kOfTheWindow{ QAccessible::ScrollBar, QAccessible::MenuBar };
-    QStringList nameless;
-    for (QQuickItem *item : visibleItems(window->contentItem())) {
-        const bool isText = item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit");
-        const bool isMouseArea = item->inherits("QQuickMouseArea") && item->isEnabled() && item->acceptedMouseButtons();
-        // What covers a whole part of the window takes the focus from what stands on it.
-        const bool isBackground = item->width() * item->height() > window->width() * window->height() / 8.0;
-        if (!isText && !item->activeFocusOnTab() && (!isMouseArea || isBackground))
-            continue;
-        QQuickItem *named = item;
-        while (named && !accessible(named))
-            named = named->parentItem();
-        const QAccessibleInterface *found = named ? accessible(named) : nullptr;
-        // The divider's own mouse area lies beside it.
-        const QList<QQuickItem *> beside = item->parentItem()->childItems();
-        if (std::any_of(beside.begin(), beside.end(),
-                        [](const QQuickItem *each) { return each->objectName() == QLatin1String("splitHandle"); }))
-            continue;
-        if (!found || found->role() == QAccessible::Client
-            || (found->text(QAccessible::Name).isEmpty() && !kOfTheWindow.contains(found->role())))
-            nameless.append(
-                QString::fromLatin1("%1 %2 in %3")
-                    .arg(QLatin1String(item->metaObject()->className()), item->objectName(), window->title()));
+    /// Nothing may be focused or clicked that has no role and no name, itself or as a part of what has them.
+    static QStringList namelessIn(QQuickWindow *window)
+    {
+        // There is one of each where it is met, and the toolkit makes them.
+        static const QVector<QAccessible::Role> kOfTheWindow{ QAccessible::ScrollBar, QAccessible::MenuBar };
+        QStringList nameless;
+        for (QQuickItem *item : visibleItems(window->contentItem())) {
+            const bool isText = item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit");
+            const bool isMouseArea =
+                item->inherits("QQuickMouseArea") && item->isEnabled() && item->acceptedMouseButtons();
+            // What covers a whole part of the window takes the focus from what stands on it.
+            const bool isBackground = item->width() * item->height() > window->width() * window->height() / 8.0;
+            if (!isText && !item->activeFocusOnTab() && (!isMouseArea || isBackground))
+                continue;
+            QQuickItem *named = item;
+            while (named && !accessible(named))
+                named = named->parentItem();
+            const QAccessibleInterface *found = named ? accessible(named) : nullptr;
+            // The divider's own mouse area lies beside it.
+            const QList<QQuickItem *> beside = item->parentItem()->childItems();
+            if (std::any_of(beside.begin(), beside.end(),
+                            [](const QQuickItem *each) { return each->objectName() == QLatin1String("splitHandle"); }))
+                continue;
+            if (!found || found->role() == QAccessible::Client
+                || (found->text(QAccessible::Name).isEmpty() && !kOfTheWindow.contains(found->role())))
+                nameless.append(
+                    QString::fromLatin1("%1 %2 in %3")
+                        .arg(QLatin1String(item->metaObject()->className()), item->objectName(), window->title()));
+        }
+        return nameless;
     }
-    return nameless;
-}
-
-QString tst_Accessibility::focused(const QQuickWindow *window)
-{
-    QQuickItem *item = window->activeFocusItem();
-    while (item && !accessible(item))
-        item = item->parentItem();
-    return item ? accessible(item)->text(QAccessible::Name) : QString();
-}
+    static QString focused(const QQuickWindow *window)
+    {
+        QQuickItem *item = window->activeFocusItem();
+        while (item && !accessible(item))
+            item = item->parentItem();
+        return item ? accessible(item)->text(QAccessible::Name) : QString();
+    }
+};
 
 void tst_Accessibility::everyControlHasRoleAndName()
 {
@@ -323,42 +319,34 @@ void tst_Accessibility::keysDoWhatTheMouseDoes()
     tree()->parentItem()->parentItem()->setWidth(width);
 }
 
-void tst_Accessibility::rowThatKeepsTheKeysIsSaidOnce_data()
-{
-    QTest::addColumn<QKeySequence>("keys");
-    QTest::addColumn<QString>("said");
-    QTest::addColumn<int>("last");
-    const auto row = [](const char *name, const QKeySequence &keys, const char *said, int last = 1) {
-        QTest::newRow(name) << keys << QString::fromLatin1(said) << last;
-    };
-    // A name that is being typed is ended by keys that lead nowhere, too.
-    row("name and nowhere", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Up }, "Name|1");
-    row("name and save", { Qt::Key_F2, Qt::Key_Q, Qt::CTRL + Qt::Key_S }, "Name|1");
-    row("name and start", { Qt::Key_F2, Qt::Key_Q, Qt::Key_F6 }, "Name|1");
-    row("name and move", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Down }, "Name|1|1");
-    row("moves", { Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Up }, "1|1|1");
-    row("move into a folder", { Qt::ALT + Qt::Key_Right }, "1");
-    row("move and undo", { Qt::ALT + Qt::Key_Down, Qt::CTRL + Qt::Key_Z }, "1|1");
-    row("delete", { Qt::Key_Delete }, "2", 2);
-    // The menu bar does not take Alt for pressed any more.
-    row("move and letter", { Qt::ALT + Qt::Key_Down, Qt::Key_F }, "1");
-}
-
 /// No neighbour on the way, and no silence either.
 void tst_Accessibility::rowThatKeepsTheKeysIsSaidOnce()
 {
-    QFETCH(QKeySequence, keys);
-    QFETCH(int, last);
-    load(kShape);
-    selectInTree(1);
-    FocusWords words;
-    for (int i = 0; i < keys.count(); ++i)
-        press(keys[i]);
-    QCoreApplication::processEvents();
-    settle();
-    QTEST(words.said.join(QLatin1Char('|')), "said");
-    QVERIFY(accessible(row(last))->state().focused);
-    QVERIFY(!evaluate(QStringLiteral("menuBar.open")).toBool());
+    const auto check = [this](const char *name, const QKeySequence &keys, const char *said, int last = 1) {
+        load(kShape);
+        selectInTree(1);
+        FocusWords words;
+        for (int i = 0; i < keys.count(); ++i)
+            press(keys[i]);
+        QCoreApplication::processEvents();
+        settle();
+        QVERIFY2(words.said.join(QLatin1Char('|')) == QLatin1String(said), name);
+        QVERIFY2(accessible(row(last))->state().focused, name);
+        QVERIFY2(!evaluate(QStringLiteral("menuBar.open")).toBool(), name);
+        cleanup();
+        init();
+    };
+    // A name that is being typed is ended by keys that lead nowhere, too.
+    check("name and nowhere", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Up }, "Name|1");
+    check("name and save", { Qt::Key_F2, Qt::Key_Q, Qt::CTRL + Qt::Key_S }, "Name|1");
+    check("name and start", { Qt::Key_F2, Qt::Key_Q, Qt::Key_F6 }, "Name|1");
+    check("name and move", { Qt::Key_F2, Qt::Key_Q, Qt::ALT + Qt::Key_Down }, "Name|1|1");
+    check("moves", { Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Down, Qt::ALT + Qt::Key_Up }, "1|1|1");
+    check("move into a folder", { Qt::ALT + Qt::Key_Right }, "1");
+    check("move and undo", { Qt::ALT + Qt::Key_Down, Qt::CTRL + Qt::Key_Z }, "1|1");
+    check("delete", { Qt::Key_Delete }, "2", 2);
+    // The menu bar does not take Alt for pressed any more.
+    check("move and letter", { Qt::ALT + Qt::Key_Down, Qt::Key_F }, "1");
 }
 
 void tst_Accessibility::eventsAreTakenByKeys()
@@ -391,9 +379,5 @@ void tst_Accessibility::eventsAreTakenByKeys()
     undo();
 }
 
-int main(int argc, char *argv[])
-{
-    return AuthoringTest::run<tst_Accessibility>(argc, argv);
-}
-
+AUTHORING_TEST_MAIN(tst_Accessibility)
 #include "tst_Accessibility.moc"

@@ -2,7 +2,6 @@
 
 #include <QGuiApplication>
 #include <QInputMethodQueryEvent>
-#include <QLocale>
 #include <QtQml>
 #include <QtQuickTest>
 

@@ -2,11 +2,7 @@
 
 #include "check/TutorialFiles.h"
 #include "quick/ProblemListModel.h"
-#include "support/FileBytes.h"
-#include "Tutorial/translation/TranslationSource.h"
-#include "Tutorial/TutorialManager.h"
 
-#include <QApplication>
 #include <QClipboard>
 
 /// What is wrong with the tutorial, at the rows of the tree and in its window.
@@ -15,7 +11,24 @@ class tst_Problems : public AuthoringTest
     Q_OBJECT
 
 protected Q_SLOTS:
-    void init();
+    void init()
+    {
+        AuthoringTest::init();
+        managerInstance->setLocale(QStringLiteral("ja_JP"));
+        load(QStringLiteral("1 2[3 4] 5"));
+        for (const QString &path : { kJapanese, kEnglish }) {
+            const QString locale = QFileInfo(path).baseName();
+            QVector<TranslationSource::Entry> entries;
+            for (int id = 1; id < 10; ++id)
+                entries.append({ QStringLiteral("#%1").arg(id), locale + QString::number(id) });
+            QDomDocument document = TranslationSource::emptyDocument(locale);
+            TranslationSource::writeMessages(document, QStringLiteral("Sample"), entries);
+            writeAll(path, document.toByteArray());
+        }
+        evaluate(QStringLiteral("reloadTutorial()"));
+        select(1);
+        QTRY_COMPARE(problems("count").toInt(), 0);
+    }
 
 private Q_SLOTS:
     void editsAreFollowed();
@@ -27,91 +40,60 @@ private Q_SLOTS:
 private:
     QQuickWindow *window() const { return visibleWindow("ProblemsWindow"); }
     QQuickItem *list() const { return window()->findChild<QQuickItem *>(QStringLiteral("rows")); }
-    QQuickItem *line(int number) const;
-    QString summary() const;
+    QQuickItem *line(int number) const
+    {
+        for (QQuickItem *each : list()->property("contentItem").value<QQuickItem *>()->childItems()) {
+            if (each->isVisible() && each->property("row") == number)
+                return each;
+        }
+        return nullptr;
+    }
+    QString summary() const
+    {
+        return window()->findChild<QQuickItem *>(QStringLiteral("problemsSummary"))->property("text").toString();
+    }
     /// The lines of the list from the top: what their signs show, the item and the sentence.
-    QStringList lines() const;
-    static QString pictureOf(const QQuickItem *parent);
-    QString signs(const QList<int> &ids) const;
-    void setJump(int id, int target) const;
+    QStringList lines() const
+    {
+        QStringList lines;
+        for (int number = 0; number < list()->property("count").toInt(); ++number) {
+            QStringList parts;
+            if (const QQuickItem *row = line(number)) {
+                for (const QQuickItem *each : row->childItems())
+                    parts.append(each->property("text").toString());
+                parts.replace(0, pictureOf(row));
+            }
+            lines.append(parts.mid(0, 3).join(QLatin1Char('|')));
+        }
+        return lines;
+    }
+    static QString pictureOf(const QQuickItem *parent)
+    {
+        for (const QQuickItem *each : parent->findChildren<QQuickItem *>()) {
+            const QString source = QFileInfo(each->property("source").toUrl().path()).baseName();
+            constexpr int kReady = 1;
+            if (source.startsWith(QLatin1String("problem_")) && each->property("status") == kReady)
+                return source.mid(8) + (each->opacity() < 1 ? QStringLiteral(" inside") : QString());
+        }
+        return QString();
+    }
+    QString signs(const QList<int> &ids) const
+    {
+        QStringList texts;
+        for (const int id : ids)
+            texts.append(pictureOf(row(id)));
+        return texts.join(QLatin1Char(','));
+    }
+    void setJump(int id, int target) const
+    {
+        select(id);
+        evaluate(QStringLiteral("settingScreen.jump = %1").arg(target));
+    }
     QVariant problems(const char *property) const
     {
         return screen()->property("problems").value<QObject *>()->property(property);
     }
 };
-
-void tst_Problems::init()
-{
-    AuthoringTest::init();
-    managerInstance->setLocale(QStringLiteral("ja_JP"));
-    load(QStringLiteral("1 2[3 4] 5"));
-    for (const QString &path : { kJapanese, kEnglish }) {
-        const QString locale = QFileInfo(path).baseName();
-        QVector<TranslationSource::Entry> entries;
-        for (int id = 1; id < 10; ++id)
-            entries.append({ QStringLiteral("#%1").arg(id), locale + QString::number(id) });
-        QDomDocument document = TranslationSource::emptyDocument(locale);
-        TranslationSource::writeMessages(document, QStringLiteral("Sample"), entries);
-        writeAll(path, document.toByteArray());
-    }
-    evaluate(QStringLiteral("reloadTutorial()"));
-    select(1);
-    QTRY_COMPARE(problems("count").toInt(), 0);
-}
-
-QQuickItem *tst_Problems::line(int number) const
-{
-    for (QQuickItem *each : list()->property("contentItem").value<QQuickItem *>()->childItems()) {
-        if (each->isVisible() && each->property("row") == number)
-            return each;
-    }
-    return nullptr;
-}
-
-QString tst_Problems::summary() const
-{
-    return window()->findChild<QQuickItem *>(QStringLiteral("problemsSummary"))->property("text").toString();
-}
-
-QString tst_Problems::pictureOf(const QQuickItem *parent)
-{
-    for (const QQuickItem *each : parent->findChildren<QQuickItem *>()) {
-        const QString source = QFileInfo(each->property("source").toUrl().path()).baseName();
-        constexpr int kReady = 1;
-        if (source.startsWith(QLatin1String("problem_")) && each->property("status") == kReady)
-            return source.mid(8) + (each->opacity() < 1 ? QStringLiteral(" inside") : QString());
-    }
-    return QString();
-}
-
-QStringList tst_Problems::lines() const
-{
-    QStringList lines;
-    for (int number = 0; number < list()->property("count").toInt(); ++number) {
-        QStringList parts;
-        if (const QQuickItem *row = line(number)) {
-            for (const QQuickItem *each : row->childItems())
-                parts.append(each->property("text").toString());
-            parts.replace(0, pictureOf(row));
-        }
-        lines.append(parts.mid(0, 3).join(QLatin1Char('|')));
-    }
-    return lines;
-}
-
-QString tst_Problems::signs(const QList<int> &ids) const
-{
-    QStringList texts;
-    for (const int id : ids)
-        texts.append(pictureOf(row(id)));
-    return texts.join(QLatin1Char(','));
-}
-
-void tst_Problems::setJump(int id, int target) const
-{
-    select(id);
-    evaluate(QStringLiteral("settingScreen.jump = %1").arg(target));
-}
 
 void tst_Problems::editsAreFollowed()
 {
@@ -306,9 +288,5 @@ void tst_Problems::wordsAreThoseOfTheFiles()
     QTRY_COMPARE(shown(), meant);
 }
 
-int main(int argc, char *argv[])
-{
-    return AuthoringTest::run<tst_Problems>(argc, argv);
-}
-
+AUTHORING_TEST_MAIN(tst_Problems)
 #include "tst_Problems.moc"

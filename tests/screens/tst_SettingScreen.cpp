@@ -1,10 +1,7 @@
 #include "AuthoringTest.h"
 
-#include "Tutorial/ProcessGlobals.h"
-#include "Tutorial/TutorialManager.h"
 #include "UndoRedo/UndoRedo.h"
 
-#include <QApplication>
 #include <QClipboard>
 
 using namespace HostMessages;
@@ -15,7 +12,13 @@ class tst_SettingScreen : public AuthoringTest
     Q_OBJECT
 
 protected Q_SLOTS:
-    void init();
+    void init()
+    {
+        AuthoringTest::init();
+        managerInstance->setLocale(QStringLiteral("ja_JP"));
+        load(QStringLiteral("1[2 3] 4[5]"));
+        select(2);
+    }
 
 private Q_SLOTS:
     void keysStayWhereTheyWere();
@@ -26,20 +29,11 @@ private Q_SLOTS:
     void textThatCantBeSavedIsRefused();
     void takenNameIsAskedFor();
     void localeIsSwitched();
-    void missingHintsAreMarked();
     void eventIsTakenOver();
 
 private:
     static QString condition(int id) { return record(id)->mCondition; }
 };
-
-void tst_SettingScreen::init()
-{
-    AuthoringTest::init();
-    managerInstance->setLocale(QStringLiteral("ja_JP"));
-    load(QStringLiteral("1[2 3] 4[5]"));
-    select(2);
-}
 
 void tst_SettingScreen::keysStayWhereTheyWere()
 {
@@ -251,26 +245,6 @@ void tst_SettingScreen::localeIsSwitched()
     QVERIFY(row(5));
 }
 
-// Learners see the key where a hint is empty.
-void tst_SettingScreen::missingHintsAreMarked()
-{
-    const auto marks = [this] {
-        return QStringLiteral("%1 %2")
-            .arg(item("hintLabel.missing")->isVisible())
-            .arg(item("hint2Label.missing")->isVisible());
-    };
-    QCOMPARE(marks(), QStringLiteral("1 1"));
-    typeInto("hint.edit", QStringLiteral("a"));
-    typeInto("hint2.edit", QStringLiteral("b"));
-    QCOMPARE(marks(), QStringLiteral("0 0"));
-    press(Qt::Key_Backspace);
-    QCOMPARE(marks(), QStringLiteral("0 1"));
-    click(item("undoButton"));
-    QTRY_COMPARE(marks(), QStringLiteral("0 0"));
-    select(1);
-    QCOMPARE(marks(), QStringLiteral("0 0"));
-}
-
 void tst_SettingScreen::eventIsTakenOver()
 {
     auto *dialog = screen()->property("tutorialEventDialog").value<QQuickWindow *>();
@@ -311,9 +285,5 @@ void tst_SettingScreen::eventIsTakenOver()
     QTRY_VERIFY(row("eventList", 9000) && !row("eventList", 8900));
 }
 
-int main(int argc, char *argv[])
-{
-    return AuthoringTest::run<tst_SettingScreen>(argc, argv);
-}
-
+AUTHORING_TEST_MAIN(tst_SettingScreen)
 #include "tst_SettingScreen.moc"

@@ -1,12 +1,6 @@
 #include "AuthoringTest.h"
 
-#include "support/FileBytes.h"
-#include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/translation/TranslationXml.h"
-#include "Tutorial/TutorialManager.h"
-
-#include <QAbstractItemModelTester>
-#include <QFileInfo>
 
 /// The hints of both languages side by side, with a writer who has no mouse.
 class tst_Translation : public AuthoringTest
@@ -14,8 +8,125 @@ class tst_Translation : public AuthoringTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void translatesWithoutTheMouse();
-    void followsTheDocument();
+    void translatesWithoutTheMouse()
+    {
+        QVector<TranslationSource::Entry> hints;
+        TranslationSource::Messages expected{ { hintKey(2), QStringLiteral("done") } };
+        for (int id = 1; id <= kHints + 2; ++id)
+            hints.append({ hintKey(id), QStringLiteral("first %1").arg(id) });
+        load(QStringLiteral("1 2 3[4 5] ") + longShape(kHints + 2).section(QLatin1Char(' '), 5));
+        loadHints(hints, { { hintKey(2), QStringLiteral("done") } });
+        selectInTree(1);
+        QVERIFY(showTranslation());
+        key(Qt::CTRL + Qt::Key_2);
+        QCOMPARE(rows()->rowCount(), kHints);
+        const QKeySequence ways[] = { Qt::CTRL + Qt::Key_Return, Qt::CTRL + Qt::Key_Down, Qt::Key_F3 };
+        int count = 0;
+        for (int id = 1; id <= kHints + 2; ++id) {
+            // The second one is done, the third one a folder.
+            if (id == 2 || id == 3)
+                continue;
+            const QString text = QStringLiteral("Words of %1\nin two lines").arg(id);
+            write(text);
+            expected.insert(hintKey(id), text);
+            if (++count < kHints)
+                key(ways[count % 3]);
+        }
+        QCOMPARE(count, kHints);
+        // The last one is still being typed.
+        key(Qt::CTRL + Qt::Key_S);
+        QTRY_VERIFY(!managerInstance->isModified());
+        QCOMPARE(readHints(kEnglish), expected);
+        QCOMPARE(readHints(kJapanese).size(), kHints + 2);
+
+        // One history for both windows; a step back is shown where it is.
+        key(Qt::CTRL + Qt::Key_Home);
+        key(Qt::CTRL + Qt::Key_Z);
+        QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
+        QCOMPARE(editorText(), hintKey(kHints + 2));
+        key(Qt::CTRL + Qt::Key_Y);
+        QCOMPARE(editorText(), expected.value(hintKey(kHints + 2)));
+        key(Qt::CTRL + Qt::Key_2);
+        QCOMPARE(rows()->rowCount(), 0);
+        // Without a cell the keys are the window's, and those of the main window are where they were.
+        key(Qt::CTRL + Qt::Key_Z);
+        QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
+        window()->close();
+        QVERIFY(activate());
+        press(Qt::Key_Up);
+        QTRY_COMPARE(currentId(), kHints + 1);
+    }
+    void followsTheDocument()
+    {
+        load(QStringLiteral("1 2[3] 4"));
+        loadHints({ { hintKey(1), QStringLiteral("a") }, { hintKey(3), QStringLiteral("c") } },
+                  { { hintKey(1), QStringLiteral("A") }, { hintKey(3), QStringLiteral("c") } });
+        QVERIFY(showTranslation());
+        key(Qt::CTRL + Qt::Key_1);
+        QAbstractItemModelTester tester(rows());
+        QCOMPARE(rows()->rowCount(), 3);
+        QVERIFY(isSigned("missing") && isSigned("same") && !isSigned("stale"));
+
+        // What is given up leaves no step; what is handed over makes the other hint stale.
+        key(Qt::CTRL + Qt::Key_Home);
+        key(Qt::Key_Left);
+        QCOMPARE(editorText(), QStringLiteral("a"));
+        write(QStringLiteral("x"));
+        key(Qt::Key_Escape);
+        key(Qt::Key_Tab);
+        QVERIFY(!managerInstance->isModified() && editorText() == QLatin1String("A"));
+        key(Qt::Key_Backtab);
+        key(Qt::Key_F2);
+        write(QStringLiteral("a"));
+        key(Qt::Key_Tab);
+        QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
+        QTRY_VERIFY(isSigned("stale"));
+        key(Qt::CTRL + Qt::Key_Z);
+        QTRY_VERIFY(!isSigned("stale"));
+        key(Qt::CTRL + Qt::Key_Y);
+        QTRY_VERIFY(isSigned("stale"));
+        key(Qt::CTRL + Qt::Key_3);
+        QCOMPARE(rows()->rowCount(), 1);
+        key(Qt::Key_F7);
+        QTRY_VERIFY(!isSigned("stale"));
+        key(Qt::CTRL + Qt::Key_1);
+        key(Qt::CTRL + Qt::Key_F);
+        write(QStringLiteral("C"));
+        QCOMPARE(rows()->rowCount(), 1);
+        key(Qt::Key_Escape);
+        QCOMPARE(rows()->rowCount(), 3);
+
+        // A click goes into the text.
+        click(find(window()->contentItem(), QStringLiteral("aa")));
+        key(Qt::Key_End);
+        write(QStringLiteral("x"));
+        key(Qt::Key_Tab);
+        QCOMPARE(record(1)->mHint, QStringLiteral("aax"));
+        key(Qt::CTRL + Qt::Key_Z);
+
+        // Rows come and go with the items, and what is typed in one window is shown in the other.
+        QVERIFY(activate());
+        select(1);
+        typeInto("hint2.edit", QStringLiteral("typed"));
+        QTRY_COMPARE(rows()->index(0, 0).data(Qt::UserRole + 4).toString(), QStringLiteral("typed"));
+        evaluate(QStringLiteral("settingScreen.addItem(1)"));
+        QTRY_COMPARE(rows()->rowCount(), 4);
+        undo();
+        QTRY_COMPARE(rows()->rowCount(), 3);
+        evaluate(QStringLiteral("settingScreen.deleteIdList([2])"));
+        QTRY_COMPARE(rows()->rowCount(), 2);
+
+        // A word that stands typed is saved from wherever that is asked for.
+        select(1);
+        QVERIFY(showTranslation());
+        key(Qt::Key_Left);
+        write(QStringLiteral("half"));
+        QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
+        evaluate(QStringLiteral("saveTutorial()"));
+        QCOMPARE(readHints(kJapanese).value(hintKey(1)), QStringLiteral("half"));
+        QVERIFY(readAll(kEnglish).contains("unfinished\">typed<"));
+        window()->close();
+    }
 
 private:
     static constexpr int kHints = 25;
@@ -70,130 +181,5 @@ private:
     }
 };
 
-void tst_Translation::translatesWithoutTheMouse()
-{
-    QVector<TranslationSource::Entry> hints;
-    TranslationSource::Messages expected{ { hintKey(2), QStringLiteral("done") } };
-    for (int id = 1; id <= kHints + 2; ++id)
-        hints.append({ hintKey(id), QStringLiteral("first %1").arg(id) });
-    load(QStringLiteral("1 2 3[4 5] ") + longShape(kHints + 2).section(QLatin1Char(' '), 5));
-    loadHints(hints, { { hintKey(2), QStringLiteral("done") } });
-    selectInTree(1);
-    QVERIFY(showTranslation());
-    key(Qt::CTRL + Qt::Key_2);
-    QCOMPARE(rows()->rowCount(), kHints);
-    const QKeySequence ways[] = { Qt::CTRL + Qt::Key_Return, Qt::CTRL + Qt::Key_Down, Qt::Key_F3 };
-    int count = 0;
-    for (int id = 1; id <= kHints + 2; ++id) {
-        // The second one is done, the third one a folder.
-        if (id == 2 || id == 3)
-            continue;
-        const QString text = QStringLiteral("Words of %1\nin two lines").arg(id);
-        write(text);
-        expected.insert(hintKey(id), text);
-        if (++count < kHints)
-            key(ways[count % 3]);
-    }
-    QCOMPARE(count, kHints);
-    // The last one is still being typed.
-    key(Qt::CTRL + Qt::Key_S);
-    QTRY_VERIFY(!managerInstance->isModified());
-    QCOMPARE(readHints(kEnglish), expected);
-    QCOMPARE(readHints(kJapanese).size(), kHints + 2);
-
-    // One history for both windows; a step back is shown where it is.
-    key(Qt::CTRL + Qt::Key_Home);
-    key(Qt::CTRL + Qt::Key_Z);
-    QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
-    QCOMPARE(editorText(), hintKey(kHints + 2));
-    key(Qt::CTRL + Qt::Key_Y);
-    QCOMPARE(editorText(), expected.value(hintKey(kHints + 2)));
-    key(Qt::CTRL + Qt::Key_2);
-    QCOMPARE(rows()->rowCount(), 0);
-    // Without a cell the keys are the window's, and those of the main window are where they were.
-    key(Qt::CTRL + Qt::Key_Z);
-    QCOMPARE(record(kHints + 2)->mHint2, hintKey(kHints + 2));
-    window()->close();
-    QVERIFY(activate());
-    press(Qt::Key_Up);
-    QTRY_COMPARE(currentId(), kHints + 1);
-}
-
-void tst_Translation::followsTheDocument()
-{
-    load(QStringLiteral("1 2[3] 4"));
-    loadHints({ { hintKey(1), QStringLiteral("a") }, { hintKey(3), QStringLiteral("c") } },
-              { { hintKey(1), QStringLiteral("A") }, { hintKey(3), QStringLiteral("c") } });
-    QVERIFY(showTranslation());
-    key(Qt::CTRL + Qt::Key_1);
-    QAbstractItemModelTester tester(rows());
-    QCOMPARE(rows()->rowCount(), 3);
-    QVERIFY(isSigned("missing") && isSigned("same") && !isSigned("stale"));
-
-    // What is given up leaves no step; what is handed over makes the other hint stale.
-    key(Qt::CTRL + Qt::Key_Home);
-    key(Qt::Key_Left);
-    QCOMPARE(editorText(), QStringLiteral("a"));
-    write(QStringLiteral("x"));
-    key(Qt::Key_Escape);
-    key(Qt::Key_Tab);
-    QVERIFY(!managerInstance->isModified() && editorText() == QLatin1String("A"));
-    key(Qt::Key_Backtab);
-    key(Qt::Key_F2);
-    write(QStringLiteral("a"));
-    key(Qt::Key_Tab);
-    QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
-    QTRY_VERIFY(isSigned("stale"));
-    key(Qt::CTRL + Qt::Key_Z);
-    QTRY_VERIFY(!isSigned("stale"));
-    key(Qt::CTRL + Qt::Key_Y);
-    QTRY_VERIFY(isSigned("stale"));
-    key(Qt::CTRL + Qt::Key_3);
-    QCOMPARE(rows()->rowCount(), 1);
-    key(Qt::Key_F7);
-    QTRY_VERIFY(!isSigned("stale"));
-    key(Qt::CTRL + Qt::Key_1);
-    key(Qt::CTRL + Qt::Key_F);
-    write(QStringLiteral("C"));
-    QCOMPARE(rows()->rowCount(), 1);
-    key(Qt::Key_Escape);
-    QCOMPARE(rows()->rowCount(), 3);
-
-    // A click goes into the text.
-    click(find(window()->contentItem(), QStringLiteral("aa")));
-    key(Qt::Key_End);
-    write(QStringLiteral("x"));
-    key(Qt::Key_Tab);
-    QCOMPARE(record(1)->mHint, QStringLiteral("aax"));
-    key(Qt::CTRL + Qt::Key_Z);
-
-    // Rows come and go with the items, and what is typed in one window is shown in the other.
-    QVERIFY(activate());
-    select(1);
-    typeInto("hint2.edit", QStringLiteral("typed"));
-    QTRY_COMPARE(rows()->index(0, 0).data(Qt::UserRole + 4).toString(), QStringLiteral("typed"));
-    evaluate(QStringLiteral("settingScreen.addItem(1)"));
-    QTRY_COMPARE(rows()->rowCount(), 4);
-    undo();
-    QTRY_COMPARE(rows()->rowCount(), 3);
-    evaluate(QStringLiteral("settingScreen.deleteIdList([2])"));
-    QTRY_COMPARE(rows()->rowCount(), 2);
-
-    // A word that stands typed is saved from wherever that is asked for.
-    select(1);
-    QVERIFY(showTranslation());
-    key(Qt::Key_Left);
-    write(QStringLiteral("half"));
-    QCOMPARE(record(1)->mHint, QStringLiteral("aa"));
-    evaluate(QStringLiteral("saveTutorial()"));
-    QCOMPARE(readHints(kJapanese).value(hintKey(1)), QStringLiteral("half"));
-    QVERIFY(readAll(kEnglish).contains("unfinished\">typed<"));
-    window()->close();
-}
-
-int main(int argc, char *argv[])
-{
-    return AuthoringTest::run<tst_Translation>(argc, argv);
-}
-
+AUTHORING_TEST_MAIN(tst_Translation)
 #include "tst_Translation.moc"

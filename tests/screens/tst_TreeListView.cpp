@@ -2,7 +2,6 @@
 
 #include "quick/DocumentFollower.h"
 #include "quick/TutorialItemListModel.h"
-#include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <random>
@@ -14,9 +13,7 @@ class tst_TreeListView : public AuthoringTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void goesByMouseAndKeys_data();
     void goesByMouseAndKeys();
-    void movesByKeys_data();
     void movesByKeys();
     void renames();
     void showsAnotherDocument();
@@ -26,140 +23,144 @@ private Q_SLOTS:
     void keepsItsPlaceAmongAThousandItems();
 
 private:
-    void run(const QString &word);
-    void checkShown(const char *step, int id, qreal place);
-    static void addRows(const TreeItem<TutorialItemData> &folder, int depth, const QSet<int> &open, QStringList &rows);
+    void runAll(const char *script)
+    {
+        cleanup();
+        init();
+        load(kShape);
+        for (const QString &word : QString::fromLatin1(script).split(QLatin1Char(' ')))
+            run(word);
+    }
+    void run(const QString &word)
+    {
+        const QString verb = word.section(QLatin1Char(':'), 0, 0);
+        const int id = word.section(QLatin1Char(':'), 1).toInt();
+        const QPoint place = id == 0 ? QPoint(100, 400) : at(id);
+        if (verb == QLatin1String("click"))
+            QTest::mouseClick(mWindow, Qt::LeftButton, Qt::NoModifier, place);
+        else if (verb == QLatin1String("ctrl"))
+            click(id, Qt::ControlModifier);
+        else if (verb == QLatin1String("shift"))
+            click(id, Qt::ShiftModifier);
+        else if (verb == QLatin1String("double"))
+            QTest::mouseDClick(mWindow, Qt::LeftButton, Qt::NoModifier, place);
+        else if (verb == QLatin1String("menu"))
+            chooseAt(place, "Copy");
+        else if (verb == QLatin1String("leave"))
+            item("condition")->forceActiveFocus();
+        else if (verb == QLatin1String("settle"))
+            settle();
+        else
+            press(QKeySequence(verb));
+    }
+    /// The row of the id is selected and in view, and the tree has not been scrolled, but for a row that is gone from
+    /// its end.
+    void checkShown(const char *step, int id, qreal place)
+    {
+        QTRY_COMPARE(currentId(), id);
+        settle();
+        QCOMPARE(selected(), QString::number(id));
+        QVERIFY2(shownIds().contains(selected()), step);
+        QVERIFY2(place > 0 && (scrolled() == place || scrolled() == place - 24), step);
+    }
+    static void addRows(const TreeItem<TutorialItemData> &folder, int depth, const QSet<int> &open, QStringList &rows)
+    {
+        for (const auto &child : folder.mChildren) {
+            rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId)
+                        + QLatin1String(child.mFolder ? "/ " : " ") + record(child.mId)->mName);
+            if (open.contains(child.mId))
+                addRows(child, depth + 1, open, rows);
+        }
+    }
 };
-
-void tst_TreeListView::goesByMouseAndKeys_data()
-{
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QString>("rows");
-    // A key, or a place after what is done there: "menu" chooses "Copy" there. What is selected and shown then.
-    const auto row = [](const char *script, const char *expected, const char *rows = "-1 1 2 8 9") {
-        QTest::newRow(script) << QString::fromLatin1(expected) << QString::fromLatin1(rows);
-    };
-    row("click:8 ctrl:9", "8 9");
-    // What is left after a row was taken out is the selected row.
-    row("click:8 ctrl:9 ctrl:8", "9");
-    row("click:9 shift:2 menu:8", "2 8 9");
-    row("click:9 shift:2 menu:1", "1");
-    // At the root row and below the rows there is nothing to select, and nothing to copy.
-    row("click:8 menu:-1", "");
-    row("click:8 menu:0", "");
-    row("click:8 leave click:0 Down Down", "1");
-
-    // Without a click before them.
-    row("Down", "2");
-    row("Down Shift+Down Shift+Down", "2 8 9");
-    row("Down Shift+Down Shift+Down settle Shift+Up", "2 8");
-    row("click:2 shift:8 settle Down", "9");
-    row("Ctrl+A", "1 2 8 9");
-    // With Ctrl they go where nothing is selected by that, and the next ones go on from there.
-    row("click:1 Ctrl+Down Ctrl+Down", "1");
-    row("click:1 Ctrl+Down Ctrl+Down Ctrl+Space", "1 8");
-    row("click:1 ctrl:8 Ctrl+Space", "1");
-    row("Ctrl+A Ctrl+End Ctrl+Up Ctrl+Space", "1 2 9");
-    row("click:1 Ctrl+End Shift+Up", "8 9");
-    row("click:1 Ctrl+End Ctrl+Up Up", "2");
-    row("Ctrl+A Home Down", "1");
-
-    // The keys go on at the place of what was deleted, and at once.
-    row("click:1 ctrl:2 Del", "8", "-1 8 9");
-    row("click:8 click:1 Del Down", "8", "-1 2 8 9");
-    // The second click is about to open the name.
-    row("click:9 click:9 Del", "8", "-1 1 2 8");
-
-    row("double:2", "2", "-1 1 2 3 4 7 8 9");
-    row("click:2 Right Right", "3", "-1 1 2 3 4 7 8 9");
-    row("click:2 + Right Left", "2", "-1 1 2 3 4 7 8 9");
-    row("click:2 + Right Left Left", "2");
-    row("click:2 + -", "2");
-}
 
 void tst_TreeListView::goesByMouseAndKeys()
 {
-    QFETCH(QString, expected);
-    QFETCH(QString, rows);
-    load(kShape);
-    for (const QString &word : QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')))
-        run(word);
-    QTRY_COMPARE(selected(), expected);
-    settle();
-    QCOMPARE(selected(), expected);
-    QTRY_COMPARE(shownIds(), rows);
-    if (!expected.isEmpty() && !expected.contains(QLatin1Char(' ')))
-        QCOMPARE(QString::number(currentId()), expected);
-    QVERIFY(!row(2) || !renameField(2)->isVisible());
-}
-
-void tst_TreeListView::run(const QString &word)
-{
-    const QString verb = word.section(QLatin1Char(':'), 0, 0);
-    const int id = word.section(QLatin1Char(':'), 1).toInt();
-    const QPoint place = id == 0 ? QPoint(100, 400) : at(id);
-    if (verb == QLatin1String("click"))
-        QTest::mouseClick(mWindow, Qt::LeftButton, Qt::NoModifier, place);
-    else if (verb == QLatin1String("ctrl"))
-        click(id, Qt::ControlModifier);
-    else if (verb == QLatin1String("shift"))
-        click(id, Qt::ShiftModifier);
-    else if (verb == QLatin1String("double"))
-        QTest::mouseDClick(mWindow, Qt::LeftButton, Qt::NoModifier, place);
-    else if (verb == QLatin1String("menu"))
-        chooseAt(place, "Copy");
-    else if (verb == QLatin1String("leave"))
-        item("condition")->forceActiveFocus();
-    else if (verb == QLatin1String("settle"))
+    // A key, or a place after what is done there: "menu" chooses "Copy" there. What is selected and shown then.
+    const auto check = [this](const char *script, const char *ids, const char *rows = "-1 1 2 8 9") {
+        runAll(script);
+        const QString expected = QString::fromLatin1(ids);
+        QTRY_VERIFY2(selected() == expected, script);
         settle();
-    else
-        press(QKeySequence(verb));
-}
-
-void tst_TreeListView::movesByKeys_data()
-{
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<int>("steps");
-    const auto row = [](const char *script, const char *expected, int steps) {
-        QTest::newRow(script) << QString::fromLatin1(expected) << steps;
+        QVERIFY2(selected() == expected, script);
+        QTRY_COMPARE(shownIds(), QString::fromLatin1(rows));
+        if (!expected.isEmpty() && !expected.contains(QLatin1Char(' ')))
+            QCOMPARE(QString::number(currentId()), expected);
+        QVERIFY2(!row(2) || !renameField(2)->isVisible(), script);
     };
-    row("click:9 Alt+Up Alt+Up", "1 9 2[3 4[5 6] 7] 8[]", 2);
-    row("click:1 Alt+Up Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 0);
-    row("click:1 Alt+Down Alt+Down", "2[3 4[5 6] 7] 8[] 1 9", 2);
-    row("click:9 Alt+Right Alt+Up Alt+Right", "1 2[3 4[5 6] 7] 8[9]", 1);
-    // Into the folder below where there is none above, and to its beginning.
-    row("click:1 Alt+Right", "2[1 3 4[5 6] 7] 8[] 9", 1);
-    row("click:9 Alt+Right Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 2);
-    row("click:2 Right settle click:7 Alt+Up Alt+Up Alt+Left", "1 2[3 4[5 6]] 7 8[] 9", 3);
-    row("click:2 Right settle click:4 Right settle Alt+Left", "1 2[3 7] 4[5 6] 8[] 9", 1);
-    row("click:2 Alt+Down Alt+Right", "1 8[2[3 4[5 6] 7]] 9", 2);
-    // Several go together, as with a drop.
-    row("click:1 ctrl:8 Alt+Down", "2[3 4[5 6] 7] 9 1 8[]", 1);
-    row("click:8 ctrl:9 Alt+Up Alt+Up", "8[] 9 1 2[3 4[5 6] 7]", 2);
-    row("click:-1 Alt+Down", "1 2[3 4[5 6] 7] 8[] 9", 0);
-    // A name that is being typed counts.
-    row("click:9 F2 X Alt+Up", "1 2[3 4[5 6] 7] 9 8[]", 2);
+    check("click:8 ctrl:9", "8 9");
+    // What is left after a row was taken out is the selected row.
+    check("click:8 ctrl:9 ctrl:8", "9");
+    check("click:9 shift:2 menu:8", "2 8 9");
+    check("click:9 shift:2 menu:1", "1");
+    check("click:8 shift:8", "8");
+    check("click:2 + settle click:7 shift:9", "7 8 9", "-1 1 2 3 4 7 8 9");
+    // At the root row and below the rows there is nothing to select, and nothing to copy.
+    check("click:8 menu:-1", "");
+    check("click:8 menu:0", "");
+    check("click:8 leave click:0 Down Down", "1");
+
+    // Without a click before them.
+    check("Down", "2");
+    check("Down Shift+Down Shift+Down", "2 8 9");
+    check("Down Shift+Down Shift+Down settle Shift+Up", "2 8");
+    check("click:2 shift:8 settle Down", "9");
+    check("Ctrl+A", "1 2 8 9");
+    // With Ctrl they go where nothing is selected by that, and the next ones go on from there.
+    check("click:1 Ctrl+Down Ctrl+Down", "1");
+    check("click:1 Ctrl+Down Ctrl+Down Ctrl+Space", "1 8");
+    check("click:1 ctrl:8 Ctrl+Space", "1");
+    check("Ctrl+A Ctrl+End Ctrl+Up Ctrl+Space", "1 2 9");
+    check("click:1 Ctrl+End Shift+Up", "8 9");
+    check("click:1 Ctrl+End Ctrl+Up Up", "2");
+    check("Ctrl+A Home Down", "1");
+
+    // The keys go on at the place of what was deleted, and at once.
+    check("click:1 ctrl:2 Del", "8", "-1 8 9");
+    check("click:8 click:1 Del Down", "8", "-1 2 8 9");
+    // The second click is about to open the name.
+    check("click:9 click:9 Del", "8", "-1 1 2 8");
+
+    check("double:2", "2", "-1 1 2 3 4 7 8 9");
+    check("click:2 Right Right", "3", "-1 1 2 3 4 7 8 9");
+    check("click:2 + Right Left", "2", "-1 1 2 3 4 7 8 9");
+    check("click:2 + Right Left Left", "2");
+    check("click:2 + -", "2");
 }
 
 void tst_TreeListView::movesByKeys()
 {
-    QFETCH(QString, expected);
-    QFETCH(int, steps);
-    load(kShape);
-    for (const QString &word : QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' ')))
-        run(word);
-    QCOMPARE(shape(), expected);
-    QCOMPARE(record(9)->mName, QLatin1String(expected.endsWith(QLatin1String("7] 9 8[]")) ? "x" : "name9"));
-    settle();
-    // The keys stay with the first of the rows, which is in view.
-    const QString moved = selected();
-    QVERIFY(steps == 0 || row(moved.section(QLatin1Char(' '), 0, 0).toInt())->hasActiveFocus());
-    for (int step = 0; step < steps; ++step)
-        undo();
-    QCOMPARE(shape(), kShape);
-    QVERIFY(!UndoRedo::instance()->canUndo());
-    settle();
-    QCOMPARE(selected(), moved);
+    const auto check = [this](const char *script, const char *expected, int steps) {
+        runAll(script);
+        QVERIFY2(shape() == QLatin1String(expected), script);
+        QCOMPARE(record(9)->mName, QLatin1String(QByteArray(expected).endsWith("7] 9 8[]") ? "x" : "name9"));
+        settle();
+        // The keys stay with the first of the rows, which is in view.
+        const QString moved = selected();
+        QVERIFY2(steps == 0 || row(moved.section(QLatin1Char(' '), 0, 0).toInt())->hasActiveFocus(), script);
+        for (int step = 0; step < steps; ++step)
+            undo();
+        QCOMPARE(shape(), kShape);
+        QVERIFY2(!UndoRedo::instance()->canUndo(), script);
+        settle();
+        QCOMPARE(selected(), moved);
+    };
+    check("click:9 Alt+Up Alt+Up", "1 9 2[3 4[5 6] 7] 8[]", 2);
+    check("click:1 Alt+Up Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 0);
+    check("click:1 Alt+Down Alt+Down", "2[3 4[5 6] 7] 8[] 1 9", 2);
+    check("click:9 Alt+Right Alt+Up Alt+Right", "1 2[3 4[5 6] 7] 8[9]", 1);
+    // Into the folder below where there is none above, and to its beginning.
+    check("click:1 Alt+Right", "2[1 3 4[5 6] 7] 8[] 9", 1);
+    check("click:9 Alt+Right Alt+Left", "1 2[3 4[5 6] 7] 8[] 9", 2);
+    check("click:2 Right settle click:7 Alt+Up Alt+Up Alt+Left", "1 2[3 4[5 6]] 7 8[] 9", 3);
+    check("click:2 Right settle click:4 Right settle Alt+Left", "1 2[3 7] 4[5 6] 8[] 9", 1);
+    check("click:2 Alt+Down Alt+Right", "1 8[2[3 4[5 6] 7]] 9", 2);
+    // Several go together, as with a drop.
+    check("click:1 ctrl:8 Alt+Down", "2[3 4[5 6] 7] 9 1 8[]", 1);
+    check("click:8 ctrl:9 Alt+Up Alt+Up", "8[] 9 1 2[3 4[5 6] 7]", 2);
+    check("click:-1 Alt+Down", "1 2[3 4[5 6] 7] 8[] 9", 0);
+    // A name that is being typed counts.
+    check("click:9 F2 X Alt+Up", "1 2[3 4[5 6] 7] 9 8[]", 2);
 }
 
 void tst_TreeListView::renames()
@@ -335,28 +336,6 @@ void tst_TreeListView::showsRandomEdits()
     }
 }
 
-/// The row of the id is selected and in view, and the tree has not been scrolled, but for a row that is gone from its
-/// end.
-void tst_TreeListView::checkShown(const char *step, int id, qreal place)
-{
-    QTRY_COMPARE(currentId(), id);
-    settle();
-    QCOMPARE(selected(), QString::number(id));
-    QVERIFY2(shownIds().contains(selected()), step);
-    QVERIFY2(place > 0 && (scrolled() == place || scrolled() == place - 24), step);
-}
-
-void tst_TreeListView::addRows(const TreeItem<TutorialItemData> &folder, int depth, const QSet<int> &open,
-                               QStringList &rows)
-{
-    for (const auto &child : folder.mChildren) {
-        rows.append(QString(depth, QLatin1Char(' ')) + QString::number(child.mId)
-                    + QLatin1String(child.mFolder ? "/ " : " ") + record(child.mId)->mName);
-        if (open.contains(child.mId))
-            addRows(child, depth + 1, open, rows);
-    }
-}
-
 void tst_TreeListView::keepsItsPlaceAmongAThousandItems()
 {
     const auto selectRows = [this](const QList<int> &ids) {
@@ -389,9 +368,5 @@ void tst_TreeListView::keepsItsPlaceAmongAThousandItems()
     QTRY_VERIFY(shownIds().contains(QStringLiteral(" 510 511 512 513")));
 }
 
-int main(int argc, char *argv[])
-{
-    return AuthoringTest::run<tst_TreeListView>(argc, argv);
-}
-
+AUTHORING_TEST_MAIN(tst_TreeListView)
 #include "tst_TreeListView.moc"

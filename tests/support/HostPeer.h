@@ -3,13 +3,6 @@
 #include "support/FileBytes.h"
 #include "support/HostEnd.h"
 
-#include <QDeadlineTimer>
-#include <QDir>
-#include <QOperatingSystemVersion>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTimer>
-
 /// The host editor's end of the link for tests with the real program: starts it, with folders of its
 /// own for settings and log.
 class HostPeer : public HostEnd

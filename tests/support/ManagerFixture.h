@@ -66,3 +66,10 @@ int run(char *program)
     return QTest::qExec(&test);
 }
 } // namespace ManagerFixture
+
+/// Like QTEST_MAIN.
+#define MANAGER_TEST_MAIN(Test)                    \
+    int main(int, char *argv[])                    \
+    {                                              \
+        return ManagerFixture::run<Test>(argv[0]); \
+    }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QStringList>
 #include <QtTest>
 
 #include <algorithm>

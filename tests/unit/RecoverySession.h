@@ -9,8 +9,6 @@
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
-#include <QCryptographicHash>
-
 #include <random>
 #include <thread>
 
@@ -33,8 +31,6 @@ public:
 
     static void layOut()
     {
-        for (const QString &path : { file(), language("ja_JP") })
-            QDir().mkpath(QFileInfo(path).path());
         writeAll(file(), "var scenario = " + Shape::scenario(QStringLiteral("1 2 3 4 5 6")).toUtf8() + ';');
         for (const char *locale : { "ja_JP", "en_US" })
             writeAll(language(locale), TranslationSource::emptyDocument(QLatin1String(locale)).toByteArray());

@@ -6,8 +6,6 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTextEdit>
 
 #include <limits>
@@ -16,10 +14,7 @@ using namespace HostMessages;
 using namespace HostMessages::FromHost;
 using namespace ManagerFixture;
 
-namespace
-{
-const QString kText = QStringLiteral("Text");
-} // namespace
+static const QString kText = QStringLiteral("Text");
 
 /// Where the windows of the guidance go for the targets that the host editor tells.
 class tst_GuidanceMotion : public QObject
@@ -240,9 +235,5 @@ void tst_GuidanceMotion::triesToPlaceEnd()
     QCOMPARE(tries(), 0);
 }
 
-int main(int, char *argv[])
-{
-    return run<tst_GuidanceMotion>(argv[0]);
-}
-
+MANAGER_TEST_MAIN(tst_GuidanceMotion)
 #include "tst_GuidanceMotion.moc"

@@ -4,7 +4,6 @@
 #include "Tutorial/guidance/TutorialIndicator.h"
 #include "Tutorial/guidance/TutorialTooltip.h"
 
-#include <QAbstractEventDispatcher>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QTextFrame>
@@ -308,9 +307,5 @@ void tst_GuidanceWindows::messagesLeaveNothing()
     QCOMPARE(count(12), first);
 }
 
-int main(int, char *argv[])
-{
-    return run<tst_GuidanceWindows>(argv[0]);
-}
-
+MANAGER_TEST_MAIN(tst_GuidanceWindows)
 #include "tst_GuidanceWindows.moc"

@@ -7,11 +7,6 @@
 #include "TutorialEditor/Manager.h"
 #include "UndoRedo/UndoRedo.h"
 
-#include <QDir>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QtTest>
-
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -47,8 +42,25 @@ class tst_HintTranslation : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        mFolder = std::make_unique<QTemporaryDir>();
+        QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
+        writeAll(kScenario,
+                 "[{\"id\":1,\"hint\":qsTr(\"#1\")},{\"id\":2,\"hint\":qsTr(\"#2\")},"
+                 "{\"id\":3,\"hint\":qsTr(\"#3\")},{\"id\":4,\"hint\":qsTr(\"#4\")}]");
+        applicationObject = qApp;
+        mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
+        mHistory.reset(static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)));
+        mWarnings.begin();
+    }
+    void cleanup()
+    {
+        mWarnings.end();
+        mHistory.reset();
+        mManager.reset();
+    }
 
     void followsEdits();
     void typedAnewIsNotStale();
@@ -98,29 +110,6 @@ private:
     std::unique_ptr<UndoRedo> mHistory;
     WarningGuard mWarnings;
 };
-
-void tst_HintTranslation::init()
-{
-    mFolder = std::make_unique<QTemporaryDir>();
-    QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
-    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/qml/Tutorial")));
-    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/translations")));
-    writeAll(kScenario,
-             "[{\"id\":1,\"hint\":qsTr(\"#1\")},{\"id\":2,\"hint\":qsTr(\"#2\")},"
-             "{\"id\":3,\"hint\":qsTr(\"#3\")},{\"id\":4,\"hint\":qsTr(\"#4\")}]");
-    applicationObject = qApp;
-    mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
-    mHistory.reset(static_cast<UndoRedo *>(UndoRedo::create(nullptr, nullptr)));
-    mWarnings.begin();
-}
-
-void tst_HintTranslation::cleanup()
-{
-    mWarnings.end();
-    mHistory.reset();
-    mManager.reset();
-}
 
 void tst_HintTranslation::followsEdits()
 {

@@ -1,10 +1,6 @@
 #include "../../main/ProcessLog.h"
 #include "support/FileBytes.h"
-#include "tool/Log.h"
 
-#include <QDir>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_ProcessLog : public QObject
@@ -12,92 +8,65 @@ class tst_ProcessLog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void writesLinesAtOnceUntilItIsClosed();
-    void writesTextsAsAStreamDoes();
-};
+    void writesLinesAtOnceUntilItIsClosed()
+    {
+        // The log's folder lies below the one of the user's data.
+        const QTemporaryDir folder;
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+        // A name that the code page of most systems does not have.
+        QCoreApplication::setOrganizationName(QString::fromUtf8("次😀"));
+        QDir logFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+        QVERIFY(logFolder.mkpath(QStringLiteral(".")));
+        const QString path = logFolder.filePath(QStringLiteral("Trelvane.log"));
+        static int forwarded = 0;
+        const auto restart = [] {
+            closeLogFile();
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++forwarded; });
+            setupMessageHandler();
+            forwarded = 0;
+        };
+        restart();
+        qt_message_output(QtCriticalMsg, QMessageLogContext("a.qml", 12, "run", ""), QString::fromUtf8("次😀 %1 %4 %s"));
+        QCOMPARE(readAll(path), QByteArray("Critical: 次😀 %1 %4 %s (a.qml:12, run)\n"));
 
-void tst_ProcessLog::writesLinesAtOnceUntilItIsClosed()
-{
-    // The log's folder lies below the one of the user's data.
-    const QTemporaryDir folder;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
-    // A name that the code page of most systems does not have.
-    QCoreApplication::setOrganizationName(QString::fromUtf8("次😀"));
-    QDir logFolder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    QVERIFY(logFolder.mkpath(QStringLiteral(".")));
-    const QString path = logFolder.filePath(QStringLiteral("Trelvane.log"));
-    static int forwarded = 0;
-    const auto restart = [] {
+        // Once it is closed the lines go on all the same.
         closeLogFile();
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++forwarded; });
-        setupMessageHandler();
-        forwarded = 0;
-    };
-    restart();
-    qt_message_output(QtCriticalMsg, QMessageLogContext("a.qml", 12, "run", ""), QString::fromUtf8("次😀 %1 %4 %s"));
-    QCOMPARE(readAll(path), QByteArray("Critical: 次😀 %1 %4 %s (a.qml:12, run)\n"));
-
-    // Once it is closed the lines go on all the same.
-    closeLogFile();
-    const QByteArray lines = readAll(path);
-    qWarning("closed");
-    QCOMPARE(readAll(path), lines);
-    QCOMPARE(forwarded, 2);
-    // The next run begins the file anew.
-    restart();
-    qWarning("second run");
-    QVERIFY(readAll(path).startsWith("Warning: second run ("));
-    // So does the start of another program, and what both write then stays whole.
-    QVERIFY(QFile::resize(path, 0));
-    qt_message_output(QtInfoMsg, QMessageLogContext("a.qml", 1, "run", ""), QStringLiteral("both"));
-    QCOMPARE(readAll(path), QByteArray("Info: both (a.qml:1, run)\n"));
-    // However long a run is, the log has an end, and warnings outlast the rest.
-    const QString text(1024 * 1024 - 100, QLatin1Char('x'));
-    const auto fill = [&](QtMsgType type, const QByteArray &farewell) {
-        for (int i = 0; i < 70; ++i)
-            qt_message_output(type, QMessageLogContext(), text);
-        const QByteArray whole = readAll(path);
-        QVERIFY(whole.endsWith(" bytes (:0, )\n"));
-        QCOMPARE(whole.count("\nWarning: " + farewell), 1);
-        QVERIFY(whole.lastIndexOf('\n', -2) == whole.indexOf("\nWarning: " + farewell));
-    };
-    fill(QtDebugMsg, "only warnings from here on");
-    fill(QtWarningMsg, "the log ends here");
-    QVERIFY(QFileInfo(path).size() > 63 * 1024 * 1024 && QFileInfo(path).size() < 64 * 1024 * 1024 + 200);
-    QCOMPARE(forwarded, 142);
-    // The lines also go on without a folder for it.
-    closeLogFile();
-    logFolder.setPath(QFileInfo(logFolder.path()).path());
-    QVERIFY(logFolder.removeRecursively());
-    restart();
-    qWarning("no folder");
-    QCOMPARE(forwarded, 1);
-    qInstallMessageHandler(nullptr);
-}
-
-void tst_ProcessLog::writesTextsAsAStreamDoes()
-{
-    static QStringList lines;
-    qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext &, const QString &message) { lines.append(message); });
-    // Each code unit alone, and the halves of pairs with and without the other.
-    QString units;
-    for (int unit = 0; unit <= 0xffff; ++unit)
-        (units += QChar(unit)) += unit % 3 ? QLatin1Char('f') : QChar(0xdc00);
-    const QStringList texts = { QString(), QStringLiteral("plain ~!"), units };
-    for (const QStringList &list : { texts, QStringList(QString()), QStringList() }) {
-        lines.clear();
-        Log::debug("cpp/folder", "Class::function", 7) << list;
-        Log::debugTexts("cpp/folder", "Class::function", 7, list);
-        QCOMPARE(lines.size(), 2);
-        QVERIFY(lines.at(1) == lines.at(0));
+        const QByteArray lines = readAll(path);
+        qWarning("closed");
+        QCOMPARE(readAll(path), lines);
+        QCOMPARE(forwarded, 2);
+        // The next run begins the file anew.
+        restart();
+        qWarning("second run");
+        QVERIFY(readAll(path).startsWith("Warning: second run ("));
+        // So does the start of another program, and what both write then stays whole.
+        QVERIFY(QFile::resize(path, 0));
+        qt_message_output(QtInfoMsg, QMessageLogContext("a.qml", 1, "run", ""), QStringLiteral("both"));
+        QCOMPARE(readAll(path), QByteArray("Info: both (a.qml:1, run)\n"));
+        // However long a run is, the log has an end, and warnings outlast the rest.
+        const QString text(1024 * 1024 - 100, QLatin1Char('x'));
+        const auto fill = [&](QtMsgType type, const QByteArray &farewell) {
+            for (int i = 0; i < 70; ++i)
+                qt_message_output(type, QMessageLogContext(), text);
+            const QByteArray whole = readAll(path);
+            QVERIFY(whole.endsWith(" bytes (:0, )\n"));
+            QCOMPARE(whole.count("\nWarning: " + farewell), 1);
+            QVERIFY(whole.lastIndexOf('\n', -2) == whole.indexOf("\nWarning: " + farewell));
+        };
+        fill(QtDebugMsg, "only warnings from here on");
+        fill(QtWarningMsg, "the log ends here");
+        QVERIFY(QFileInfo(path).size() > 63 * 1024 * 1024 && QFileInfo(path).size() < 64 * 1024 * 1024 + 200);
+        QCOMPARE(forwarded, 142);
+        // The lines also go on without a folder for it.
+        closeLogFile();
+        logFolder.setPath(QFileInfo(logFolder.path()).path());
+        QVERIFY(logFolder.removeRecursively());
+        restart();
+        qWarning("no folder");
+        QCOMPARE(forwarded, 1);
+        qInstallMessageHandler(nullptr);
     }
-    lines.clear();
-    Log::debug("cpp/folder", "Class::function", 7) << texts.at(0) << texts.at(1) << units;
-    Log::debugEachText("cpp/folder", "Class::function", 7, { texts.at(0), texts.at(1), units });
-    QVERIFY(lines.at(1) == lines.at(0));
-    qInstallMessageHandler(nullptr);
-}
+};
 
 QTEST_GUILESS_MAIN(tst_ProcessLog)
 #include "tst_ProcessLog.moc"

@@ -4,10 +4,6 @@
 
 #include "support/WarningGuard.h"
 
-#include <QProcess>
-#include <QSignalSpy>
-#include <QStandardPaths>
-
 #ifdef Q_OS_UNIX
 #include <utime.h>
 #endif
@@ -17,9 +13,31 @@ class tst_Recovery : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        // The child of a test.
+        if (qEnvironmentVariableIsSet("KILLED_SEED")) {
+            // What it leaves goes with the folder of the test.
+            qputenv("TMPDIR", QFile::encodeName(QDir::currentPath()));
+            std::_Exit(runKilledSession(qgetenv("KILLED_SEED").toUInt()));
+        }
+    }
+    void init()
+    {
+        mWarnings.begin();
+        mFolder = std::make_unique<QTemporaryDir>();
+        QDir::setCurrent(mFolder->path());
+        qputenv("XDG_DATA_HOME", mFolder->filePath(QStringLiteral("data")).toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", mFolder->filePath(QStringLiteral("config")).toLocal8Bit());
+        // Windows has it at a place of its own.
+        QVERIFY(!root().exists() || root().removeRecursively());
+        RecoverySession::layOut();
+    }
+    void cleanup()
+    {
+        QDir::setCurrent(QDir::rootPath());
+        mWarnings.end();
+    }
     void differencesAreTold();
     void staleTranslationsAreTold();
     void copyGoesWithTheChanges();
@@ -60,39 +78,48 @@ private:
         qunsetenv("KILLED_SEED");
         QVERIFY(child.waitForStarted());
     }
-    void kill(unsigned seed);
+    /// What a session has told, and what is found of it after its end.
+    void kill(unsigned seed)
+    {
+        QProcess child;
+        startChild(child, seed);
+        QVERIFY(child.waitForFinished(120000));
+        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
+        QList<QByteArray> pictures;
+        for (const QByteArray &line : child.readAllStandardOutput().split('\n')) {
+            if (line.startsWith("state "))
+                pictures.append(line.mid(6).trimmed());
+        }
+        if (pictures.isEmpty())
+            return;
+
+        for (const char *locale : { "ja_JP", "en_US" })
+            QVERIFY(QDomDocument().setContent(readAll(RecoverySession::language(locale))));
+        auto writer = session();
+        QVERIFY(writer->manager().leftOut().isEmpty());
+        QVERIFY(TutorialEditor::Manager::instance()->isLoaded());
+        writer->begin();
+        const bool offered = writer->recovery().isOffered();
+        if (offered)
+            QCOMPARE(writer->recovery().restore(), QString());
+        const QByteArray found = writer->picture();
+        const int index = pictures.lastIndexOf(found);
+        QVERIFY2(index >= 0, "it is no state that the document had");
+        // At the pace of the session, ten seconds of work.
+        QVERIFY2(pictures.size() - index < 2000, "too much is lost");
+        if (offered)
+            QCOMPARE(writer->manager().save(), QString());
+        writer.reset();
+        // A lock that was cut short on its way can stay for half a minute.
+        QVERIFY(!QFile::exists(copyFile()));
+        writer = begin();
+        QVERIFY(!writer->recovery().isOffered());
+        QCOMPARE(writer->picture(), found);
+    }
 
     WarningGuard mWarnings;
     std::unique_ptr<QTemporaryDir> mFolder;
 };
-
-void tst_Recovery::initTestCase()
-{
-    // The child of a test.
-    if (qEnvironmentVariableIsSet("KILLED_SEED")) {
-        // What it leaves goes with the folder of the test.
-        qputenv("TMPDIR", QFile::encodeName(QDir::currentPath()));
-        std::_Exit(runKilledSession(qgetenv("KILLED_SEED").toUInt()));
-    }
-}
-
-void tst_Recovery::init()
-{
-    mWarnings.begin();
-    mFolder = std::make_unique<QTemporaryDir>();
-    QDir::setCurrent(mFolder->path());
-    qputenv("XDG_DATA_HOME", mFolder->filePath(QStringLiteral("data")).toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", mFolder->filePath(QStringLiteral("config")).toLocal8Bit());
-    // Windows has it at a place of its own.
-    QVERIFY(!root().exists() || root().removeRecursively());
-    RecoverySession::layOut();
-}
-
-void tst_Recovery::cleanup()
-{
-    QDir::setCurrent(QDir::rootPath());
-    mWarnings.end();
-}
 
 void tst_Recovery::differencesAreTold()
 {
@@ -316,45 +343,6 @@ void tst_Recovery::twoProgramsKeepTheirOwn()
     QCOMPARE(folders(), QStringList());
 }
 
-/// What a session has told, and what is found of it after its end.
-void tst_Recovery::kill(unsigned seed)
-{
-    QProcess child;
-    startChild(child, seed);
-    QVERIFY(child.waitForFinished(120000));
-    QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-    QList<QByteArray> pictures;
-    for (const QByteArray &line : child.readAllStandardOutput().split('\n')) {
-        if (line.startsWith("state "))
-            pictures.append(line.mid(6).trimmed());
-    }
-    if (pictures.isEmpty())
-        return;
-
-    for (const char *locale : { "ja_JP", "en_US" })
-        QVERIFY(QDomDocument().setContent(readAll(RecoverySession::language(locale))));
-    auto writer = session();
-    QVERIFY(writer->manager().leftOut().isEmpty());
-    QVERIFY(TutorialEditor::Manager::instance()->isLoaded());
-    writer->begin();
-    const bool offered = writer->recovery().isOffered();
-    if (offered)
-        QCOMPARE(writer->recovery().restore(), QString());
-    const QByteArray found = writer->picture();
-    const int index = pictures.lastIndexOf(found);
-    QVERIFY2(index >= 0, "it is no state that the document had");
-    // At the pace of the session, ten seconds of work.
-    QVERIFY2(pictures.size() - index < 2000, "too much is lost");
-    if (offered)
-        QCOMPARE(writer->manager().save(), QString());
-    writer.reset();
-    // A lock that was cut short on its way can stay for half a minute.
-    QVERIFY(!QFile::exists(copyFile()));
-    writer = begin();
-    QVERIFY(!writer->recovery().isOffered());
-    QCOMPARE(writer->picture(), found);
-}
-
 void tst_Recovery::killedSessionsComeBack()
 {
     const int count = qEnvironmentVariableIntValue("KILL_COUNT");
@@ -371,9 +359,5 @@ void tst_Recovery::killedSessionsComeBack()
     }
 }
 
-int main(int, char *argv[])
-{
-    return ManagerFixture::run<tst_Recovery>(argv[0]);
-}
-
+MANAGER_TEST_MAIN(tst_Recovery)
 #include "tst_Recovery.moc"

@@ -4,11 +4,8 @@
 #include "support/WarningGuard.h"
 #include "Tutorial/link/HostLink.h"
 
-#include <QJsonDocument>
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QScopedValueRollback>
-#include <QTemporaryDir>
 
 #ifdef Q_OS_LINUX
 #include <sys/socket.h>
@@ -49,16 +46,29 @@ class tst_TutorialManager : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        mWarnings.begin();
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder.path());
+        QSettings().clear();
+        mHost = std::make_unique<HostEnd>();
+        QVERIFY(mHost->listen(QCoreApplication::arguments().at(1)));
+        mManager = std::make_unique<ManagerFixture::Manager>();
+        QVERIFY(mHost->accept());
+        QTRY_VERIFY(mManager->connected());
+    }
+    void cleanup()
+    {
+        mManager.reset();
+        mHost.reset();
+        mWarnings.end();
+    }
 
     void carriesOutWhatTheLinkBrings();
     void tellsOfItself();
     void sendsTheScenarioThatIsThere();
     void answersWithPresetData();
-    void answersWithTheListOfTutorials();
     void refusesToConvertWithoutAPage();
-    void endsAfterSilence();
 #ifdef Q_OS_LINUX
     void givesUpAServerOfAnotherUser();
 #endif
@@ -80,25 +90,6 @@ private:
     std::unique_ptr<ManagerFixture::Manager> mManager;
     WarningGuard mWarnings;
 };
-
-void tst_TutorialManager::init()
-{
-    mWarnings.begin();
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder.path());
-    QSettings().clear();
-    mHost = std::make_unique<HostEnd>();
-    QVERIFY(mHost->listen(QCoreApplication::arguments().at(1)));
-    mManager = std::make_unique<ManagerFixture::Manager>();
-    QVERIFY(mHost->accept());
-    QTRY_VERIFY(mManager->connected());
-}
-
-void tst_TutorialManager::cleanup()
-{
-    mManager.reset();
-    mHost.reset();
-    mWarnings.end();
-}
 
 void tst_TutorialManager::carriesOutWhatTheLinkBrings()
 {
@@ -189,14 +180,6 @@ void tst_TutorialManager::answersWithPresetData()
     QCOMPARE(sent(), QStringList());
 }
 
-void tst_TutorialManager::answersWithTheListOfTutorials()
-{
-    mManager->receive(FromHost::kTutorialList);
-    const QStringList fields = split(sent().value(0));
-    QCOMPARE(fields.value(0), QString(ToHost::kTutorialList));
-    QVERIFY(QJsonDocument::fromJson(fields.value(1).toUtf8()).isArray());
-}
-
 // As it is in a build without the web engine, or where that is not installed.
 void tst_TutorialManager::refusesToConvertWithoutAPage()
 {
@@ -227,16 +210,6 @@ void tst_TutorialManager::refusesToConvertWithoutAPage()
     QCOMPARE(mHost->next(), answer(2));
 }
 
-// With the log closed; earlier, the process would abort. What closes it does not come back here, or the process ends.
-void tst_TutorialManager::endsAfterSilence()
-{
-    struct Closed
-    { };
-    mManager->tick(99);
-    const QScopedValueRollback<void (*)()> hook(closeLogFileHook, [] { throw Closed(); });
-    QVERIFY_EXCEPTION_THROWN(mManager->tick(1), Closed);
-}
-
 #ifdef Q_OS_LINUX
 void tst_TutorialManager::givesUpAServerOfAnotherUser()
 {
@@ -251,9 +224,5 @@ void tst_TutorialManager::givesUpAServerOfAnotherUser()
 }
 #endif
 
-int main(int, char *argv[])
-{
-    return ManagerFixture::run<tst_TutorialManager>(argv[0]);
-}
-
+MANAGER_TEST_MAIN(tst_TutorialManager)
 #include "tst_TutorialManager.moc"

@@ -6,9 +6,7 @@
 #include "support/SketchedTutorial.h"
 #include "TutorialEditor/ScenarioReader.h"
 
-#include <QStandardPaths>
 #include <QtTest>
-#include <QXmlStreamReader>
 
 /// The map of a tutorial, as Graphviz draws it.
 class tst_TutorialMap : public QObject
@@ -16,7 +14,6 @@ class tst_TutorialMap : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void namesStayAsTheyAre();
     void showsWhereEachAnswerLeads();
     void readmeShowsTheTutorial();
@@ -66,11 +63,6 @@ QStringList drawn(const TreeDataTemplate<TutorialItemData> &document, const QVec
     return error.isEmpty() ? drawn(svg) : QStringList(error);
 }
 } // namespace
-
-void tst_TutorialMap::initTestCase()
-{
-    QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("dot")).isEmpty(), "Graphviz is not there");
-}
 
 void tst_TutorialMap::namesStayAsTheyAre()
 {

@@ -7,13 +7,6 @@
 #include "Tutorial/TutorialManager.h"
 #include "TutorialEditor/Manager.h"
 
-#include <QDir>
-#include <QLibraryInfo>
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QSettings>
-#include <QTemporaryDir>
-
 #include <memory>
 
 #ifdef Q_OS_UNIX
@@ -65,8 +58,37 @@ class tst_TutorialTranslation : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        mWarnings.begin();
+        mFolder = std::make_unique<QTemporaryDir>();
+        QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
+        QCoreApplication::setOrganizationName(QStringLiteral("Trelvane tests"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
+        // Windows has them at a place of its own.
+        QSettings().clear();
+        QStringList items;
+        for (int id = 1; id <= kItems; ++id)
+            items.append(QStringLiteral("{\"id\":%1,\"hint\":qsTr(\"#%1\")}").arg(id));
+        writeAll(kScenario, '[' + items.join(QLatin1Char(',')).toUtf8() + ']');
+        writeSource(kJapaneseFile, { { key(1), QString::fromUtf8("一") }, { key(2), QString() } },
+                    QStringLiteral("other"));
+        writeSource(kEnglishFile, { { key(1), QStringLiteral("one \"\\\n<b>") } }, QStringLiteral("other"));
+        const QList<QByteArray> before = files();
+        applicationObject = qApp;
+        mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
+        QVERIFY(load() && save());
+        // The scenario in its stored form, and the sources as they were.
+        mFiles = files();
+        QCOMPARE(mFiles.mid(1), before.mid(1));
+    }
+    void cleanup()
+    {
+        mManager.reset();
+        qDeleteAll(qApp->findChildren<QTranslator *>());
+        QDir::setCurrent(QDir::rootPath());
+        mWarnings.end();
+    }
 
     void keepsEachLanguageInItsFile();
     void keepsWhatOthersWrote();
@@ -86,40 +108,6 @@ private:
     QList<QByteArray> mFiles;
     WarningGuard mWarnings;
 };
-
-void tst_TutorialTranslation::init()
-{
-    mWarnings.begin();
-    mFolder = std::make_unique<QTemporaryDir>();
-    QVERIFY(mFolder->isValid() && QDir::setCurrent(mFolder->path()));
-    QCoreApplication::setOrganizationName(QStringLiteral("Trelvane tests"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, mFolder->path());
-    // Windows has them at a place of its own.
-    QSettings().clear();
-    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/qml/Tutorial")));
-    QVERIFY(QDir().mkpath(QStringLiteral("tutorial-win/translations")));
-    QStringList items;
-    for (int id = 1; id <= kItems; ++id)
-        items.append(QStringLiteral("{\"id\":%1,\"hint\":qsTr(\"#%1\")}").arg(id));
-    writeAll(kScenario, '[' + items.join(QLatin1Char(',')).toUtf8() + ']');
-    writeSource(kJapaneseFile, { { key(1), QString::fromUtf8("一") }, { key(2), QString() } }, QStringLiteral("other"));
-    writeSource(kEnglishFile, { { key(1), QStringLiteral("one \"\\\n<b>") } }, QStringLiteral("other"));
-    const QList<QByteArray> before = files();
-    applicationObject = qApp;
-    mManager = std::make_unique<TutorialManager>(nullptr, nullptr);
-    QVERIFY(load() && save());
-    // The scenario in its stored form, and the sources as they were.
-    mFiles = files();
-    QCOMPARE(mFiles.mid(1), before.mid(1));
-}
-
-void tst_TutorialTranslation::cleanup()
-{
-    mManager.reset();
-    qDeleteAll(qApp->findChildren<QTranslator *>());
-    QDir::setCurrent(QDir::rootPath());
-    mWarnings.end();
-}
 
 void tst_TutorialTranslation::keepsEachLanguageInItsFile()
 {
