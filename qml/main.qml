@@ -153,10 +153,7 @@ ApplicationWindow {
 
     /// Goes to a step for another window.
     function showStep(id) {
-        if (visibility === Window.Minimized)
-            show();
-        raise();
-        requestActivate();
+        Gui.present(applicationWindow);
         settingScreen.showStep(id);
     }
 

@@ -42,10 +42,13 @@ void Gui::bringIntoSight(QWindow *window)
 
 void Gui::present(QWindow *window)
 {
-    if (!window->isVisible())
+    if (window->isVisible()) {
+        // Showing it would also end that it is maximized.
+        window->setWindowStates(window->windowStates() & ~Qt::WindowMinimized);
+    } else {
         bringIntoSight(window);
-    if (!window->isVisible() || window->windowState() == Qt::WindowMinimized)
         window->show();
+    }
     window->raise();
     window->requestActivate();
 }

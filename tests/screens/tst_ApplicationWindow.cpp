@@ -354,6 +354,9 @@ void tst_ApplicationWindow::eventDialogIsOpenedAgain()
     window()->showMaximized();
     QVERIFY(shown());
     QCOMPARE(window()->windowState(), Qt::WindowMaximized);
+    window()->setWindowStates(Qt::WindowMinimized | Qt::WindowMaximized);
+    QVERIFY(shown());
+    QCOMPARE(window()->windowStates(), Qt::WindowMaximized);
 }
 
 void tst_ApplicationWindow::placesOnScreensOfNow()
