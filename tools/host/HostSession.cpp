@@ -16,7 +16,7 @@ namespace
 {
 // Time for the last messages to be seen at work before the link ends.
 constexpr int kFarewell = 600;
-constexpr int kProgramEndLimit = 5000;
+constexpr int kProgramEndLimit = 20000;
 
 QString pictureName(int number, const QString &stepName)
 {
