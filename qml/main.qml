@@ -66,7 +66,7 @@ ApplicationWindow {
     // Afterwards typing goes on where it was. False when a text was refused.
     function commitEditing() {
         var refusals = settingScreen ? settingScreen.refusals : 0;
-        Qt.inputMethod.commit();
+        Gui.finishComposition();
         if (settingScreen)
             settingScreen.treeListView.finishRename();
         if (parts)

@@ -30,6 +30,11 @@ void Gui::setIme(const QVariant &window, bool enabled)
     mInputMethod.setEnabled(target, enabled);
 }
 
+void Gui::finishComposition()
+{
+    mComposition.finish();
+}
+
 void Gui::bringIntoSight(QWindow *window)
 {
     QVector<QRect> screens;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SystemService/Composition.h"
 #include "SystemService/InputMethod.h"
 
 #include <QJSEngine>
@@ -22,6 +23,8 @@ public:
     /// Asks for the window's input method to be off (enabled false), or takes such a request back.
     /// A variant that holds no window is a warning in the log.
     Q_INVOKABLE void setIme(const QVariant &window, bool enabled);
+    /// What an input method is composing becomes text of the field that has the focus.
+    Q_INVOKABLE void finishComposition();
     /// Moves a window that is remembered where no screen is any more, or larger than the screens, to where it can be
     /// seen and moved. To be called before the window is shown.
     Q_INVOKABLE static void bringIntoSight(QWindow *window);
@@ -38,4 +41,5 @@ private:
     QPointer<QQmlEngine> mEngine;
     QPointer<QJSEngine> mScriptEngine;
     InputMethod mInputMethod;
+    Composition mComposition;
 };

@@ -7,6 +7,7 @@ Rectangle {
     id: root
 
     property alias text: input.text
+    readonly property alias enteredText: input.enteredText
     property alias textColor: input.color
     property alias contentWidth: input.contentWidth
     property alias contentHeight: input.contentHeight

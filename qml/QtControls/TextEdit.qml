@@ -4,6 +4,14 @@ import "../Singletons"
 Toolkit.TextEdit {
     id: root
 
+    /// The text, as it counts during a composition.
+    readonly property alias enteredText: entered.text
+
+    /// Ends what a composition has begun.
+    function enter() {
+        entered.take();
+    }
+
     Toolkit.Accessible.role: Toolkit.Accessible.EditableText
     selectByMouse: true
     selectionColor: Theme.selectedEdBack
@@ -19,5 +27,10 @@ Toolkit.TextEdit {
             root.cut();
             event.accepted = true;
         }
+    }
+
+    EnteredText {
+        id: entered
+        field: root
     }
 }

@@ -3,7 +3,7 @@ import "../QtControls"
 import "../Singletons"
 
 /// The lines of a hint, in a thin black frame. Every change of the text is told
-/// at once.
+/// at once; commit() tells what a composition that was given up has left.
 Rectangle {
     id: root
 
@@ -17,11 +17,25 @@ Rectangle {
     function show(newText) {
         if (edit.text === newText)
             return;
-        var position = edit.cursorPosition;
+        var position = positionIn(newText);
         edit.text = newText;
-        // Who types goes on where he was.
         if (edit.activeFocus)
             edit.cursorPosition = Math.min(position, edit.length);
+    }
+
+    function commit() {
+        edit.enter();
+    }
+
+    // Who types goes on where he was, or at the end of what is new: what stands after the cursor stays so, as far as
+    // it is the same.
+    function positionIn(newText) {
+        var oldText = edit.text;
+        var most = Math.min(oldText.length - edit.cursorPosition, newText.length);
+        var same = 0;
+        while (same < most && oldText[oldText.length - 1 - same] === newText[newText.length - 1 - same])
+            ++same;
+        return newText.length - same;
     }
 
     // The place to scroll to, of the two edges in sight and that of the cursor.
@@ -64,7 +78,7 @@ Rectangle {
             textFormat: TextEdit.PlainText
             activeFocusOnTab: true
 
-            onTextChanged: root.edited(text)
+            onEnteredTextChanged: root.edited(enteredText)
             onCursorRectangleChanged: if (activeFocus) root.followCursor()
 
             Keys.forwardTo: historyKeys

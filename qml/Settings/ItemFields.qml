@@ -115,7 +115,7 @@ Item {
     /// Hands over what is being typed, so that it is neither lost nor given to
     /// the item that is selected next.
     function commitEditing() {
-        Qt.inputMethod.commit();
+        Gui.finishComposition();
         if (updating || folder || !model.exists(itemId))
             return;
         forEachField(function(field) {

@@ -10,7 +10,7 @@ RectangleTextInput {
     property string shownText: ""
 
     /// What was typed and not handed over; undefined if nothing was.
-    readonly property var pending: text === shownText ? undefined : text
+    readonly property var pending: enteredText === shownText ? undefined : enteredText
 
     signal edited(string newText)
 

@@ -56,8 +56,9 @@ Rectangle {
     }
 
     function commit() {
-        if (edit.inputMethodComposing)
-            Qt.inputMethod.commit();
+        if (edit.preeditText !== "")
+            Gui.finishComposition();
+        edit.enter();
         if (edit.text === shownText)
             return;
         shownText = edit.text;
@@ -67,7 +68,7 @@ Rectangle {
 
     // What was typed and not handed over is kept should the process end.
     function noteTyped() {
-        TutorialManager.recovery.setTyped(itemId, field, edit.text === shownText ? undefined : edit.text);
+        TutorialManager.recovery.setTyped(itemId, field, edit.enteredText === shownText ? undefined : edit.enteredText);
     }
 
     function enterAtEnd() {
@@ -155,7 +156,7 @@ Rectangle {
         focus: true
         textFormat: TextEdit.PlainText
         color: Theme.normalText
-        onTextChanged: if (!root.showing) root.noteTyped()
+        onEnteredTextChanged: if (!root.showing) root.noteTyped()
         onActiveFocusChanged: if (!activeFocus) root.commit()
         onEditingFinished: root.commit()
 

@@ -127,6 +127,62 @@ private Q_SLOTS:
         QVERIFY(readAll(kEnglish).contains("unfinished\">typed<"));
         window()->close();
     }
+    // Not every input method hands over what it composes when it is asked to.
+    void composedLettersStayInTheirField()
+    {
+        const auto hint = [] { return record(1)->mHint; };
+        load(QStringLiteral("1 2"));
+        loadHints({ { hintKey(1), QStringLiteral("ac") } }, { { hintKey(1), QStringLiteral("AC") } });
+        selectInTree(1);
+        press(Qt::Key_F2);
+        compose("name");
+        click(2);
+        QTRY_COMPARE(currentId(), 2);
+        QCOMPARE(record(1)->mName, QStringLiteral("name"));
+        select(1);
+        click(item("condition"));
+        compose("word");
+        const QPointer<QObject> left = QGuiApplication::focusObject();
+        press(Qt::Key_Tab);
+        // Some do it only now.
+        compose("", "word", left);
+        QCOMPARE(shown("condition"), QStringLiteral("clickword"));
+        QCOMPARE(record(1)->mCondition, shown("condition"));
+        QVERIFY(!left->property("cursorVisible").toBool());
+
+        // The mouse moves the cursor and not the letters, and typing goes on where a step was taken back.
+        click(item("hint.edit"));
+        compose("e");
+        QTest::mouseClick(mWindow, Qt::LeftButton, Qt::NoModifier, item("hint")->mapToScene({ 3, 8 }).toPoint());
+        QCOMPARE(hint(), QStringLiteral("ace"));
+        press(Qt::Key_Right);
+        type(QStringLiteral("b"));
+        undo();
+        type(QStringLiteral("d"));
+        QCOMPARE(hint(), QStringLiteral("adce"));
+
+        // What letters take the place of counts until they come, and is one step with them.
+        press(QKeySequence::SelectAll);
+        compose("k");
+        QCOMPARE(hint(), QStringLiteral("adce"));
+        compose("", "key");
+        undo();
+        QCOMPARE(hint(), QStringLiteral("adce"));
+        press(QKeySequence::SelectAll);
+        compose("k");
+        compose("");
+        QTRY_COMPARE(hint(), QString());
+
+        QVERIFY(showTranslation());
+        key(Qt::CTRL + Qt::Key_1);
+        click(find(window()->contentItem(), QStringLiteral("AC")));
+        compose("cell");
+        click(find(window()->contentItem(), hintKey(2)));
+        QVERIFY(record(1)->mHint2.contains(QLatin1String("cell")) && !editorText().contains(QLatin1String("cell")));
+        compose("end");
+        window()->close();
+        QCOMPARE(record(2)->mHint, hintKey(2) + QStringLiteral("end"));
+    }
 
 private:
     static constexpr int kHints = 25;
@@ -170,6 +226,13 @@ private:
     {
         for (const QChar character : text)
             character == QLatin1Char('\n') ? key(Qt::Key_Return) : QTest::keyClick(window(), character.toLatin1());
+    }
+    /// Shows letters in a field, and hands others over.
+    static void compose(const char *letters, const char *text = "", QObject *field = QGuiApplication::focusObject())
+    {
+        QInputMethodEvent event(QLatin1String(letters), {});
+        event.setCommitString(QLatin1String(text));
+        QCoreApplication::sendEvent(field, &event);
     }
     /// Whether a row that is in view has that sign.
     static bool isSigned(const char *sign) { return find(window()->contentItem(), QLatin1String(sign)) != nullptr; }

@@ -1,6 +1,7 @@
 import QtQuick 2.9
 import QtQuick.Controls 1.4
 import QtQml.Models 2.2
+import Morvi.kess 1.0
 import "../../Singletons"
 
 /// The view of TreeListView, with its delegates.
@@ -86,7 +87,7 @@ TreeView {
     }
 
     function finishRename() {
-        Qt.inputMethod.commit();
+        Gui.finishComposition();
         if (renamedItem)
             renamedItem.finishRename();
         renamedItem = null;
