@@ -9,7 +9,6 @@
 #include "TutorialEditor/ScenarioText.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -126,9 +125,9 @@ QString Manager::save()
     if (!isSaveable())
         return tr("Failed to save.");
     // The folders of a new tutorial may be new too.
-    QDir().mkpath(QFileInfo(mFilename).path());
+    const bool hasFolder = DataSupport::mkpath(QFileInfo(mFilename).path());
     const QByteArray bytes = text.toUtf8();
-    if (!DataSupport::writeFile(mFilename, bytes)) {
+    if (!hasFolder || !DataSupport::writeFile(mFilename, bytes)) {
         // What has got there all the same is no one else's change.
         QByteArray written;
         if (DataSupport::readFile(mFilename, written) && written == bytes)

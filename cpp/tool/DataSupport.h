@@ -36,6 +36,8 @@ public:
     static bool copyFile(const QString &source, const QString &destination);
     /// Makes the last level of the path; its parent must exist.
     static bool mkdir(const QString &path);
+    /// Makes all levels of the path that are missing; the disk has them when it returns.
+    static bool mkpath(const QString &path);
     /// Removes a folder with all in it. The first failure stops it; what is removed by then stays so.
     static bool rmdir(const QString &path);
     /// Removes the file, a write-protected one too. A failure leaves no line in the log.

@@ -201,6 +201,21 @@ bool DataSupport::mkdir(const QString &path)
     return false;
 }
 
+bool DataSupport::mkpath(const QString &path)
+{
+    const QString whole = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    if (QFileInfo(whole).isDir())
+        return true;
+    const QString parent = QFileInfo(whole).path();
+    if (parent == whole || !mkpath(parent))
+        return false;
+    // Another program may be about to make it too.
+    if ((QDir().mkdir(whole) || QFileInfo(whole).isDir()) && FilePlatform::synchroniseFolder(parent))
+        return true;
+    Log::warning("cpp/tool", "DataSupport::mkpath", __LINE__) << "Failed to mkdir" << whole;
+    return false;
+}
+
 bool DataSupport::rmdir(const QString &path)
 {
     if (!QFileInfo::exists(path))

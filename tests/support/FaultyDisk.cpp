@@ -23,7 +23,6 @@ struct State
     int faultyCall = 0;
     int fault = FaultyDisk::None;
     std::string folder;
-    bool hasNewName = false; // that was not synchronised
     bool isTooEarly = false; // that a file was named or closed
 } state;
 
@@ -39,6 +38,22 @@ std::set<int> &writtenFiles()
 {
     static auto *const files = new std::set<int>;
     return *files;
+}
+
+/// The folders with a name that was not synchronised.
+std::set<ino_t> &foldersOfNewNames()
+{
+    static auto *const folders = new std::set<ino_t>;
+    return *folders;
+}
+
+ino_t folderOf(const char *path)
+{
+    const std::string whole = path;
+    const size_t end = whole.rfind('/');
+    struct stat status = {};
+    stat(end == std::string::npos ? "." : whole.substr(0, end + 1).c_str(), &status);
+    return status.st_ino;
 }
 
 bool isOurs(const char *path)
@@ -75,9 +90,10 @@ Result attempt(Concerned concerned, Result (*)(Parameters...), const char *name,
     return reinterpret_cast<Result (*)(Parameters...)>(dlsym(RTLD_NEXT, name))(parameters...);
 }
 
-int named(int result)
+int named(const char *path, int result)
 {
-    state.hasNewName = state.hasNewName || result == 0;
+    if (result == 0 && isOurs(path))
+        foldersOfNewNames().insert(folderOf(path));
     state.isTooEarly = state.isTooEarly || !writtenFiles().empty();
     return result;
 }
@@ -86,8 +102,9 @@ int named(int result)
 void FaultyDisk::begin(int call, int kind, bool newFiles)
 {
     char path[4096];
-    state = { true, newFiles, 0, call, kind, getcwd(path, sizeof path), false, false };
+    state = { true, newFiles, 0, call, kind, getcwd(path, sizeof path), false };
     writtenFiles().clear();
+    foldersOfNewNames().clear();
 }
 
 int FaultyDisk::end()
@@ -98,7 +115,7 @@ int FaultyDisk::end()
 
 bool FaultyDisk::isOnDisk()
 {
-    return writtenFiles().empty() && !state.hasNewName && !state.isTooEarly;
+    return writtenFiles().empty() && foldersOfNewNames().empty() && !state.isTooEarly;
 }
 
 // By these names the system's are found, whatever its headers declare.
@@ -112,6 +129,7 @@ int faultySync(int file) __asm__("fsync");
 int faultyDataSync(int file) __asm__("fdatasync") __attribute__((alias("fsync")));
 void faultySyncAll() __asm__("sync");
 int faultyRename(const char *from, const char *to) __asm__("rename");
+int faultyMakeFolder(const char *path, mode_t mode) __asm__("mkdir");
 int faultyLink(int fromFolder, const char *from, int toFolder, const char *to, int flags) __asm__("linkat");
 
 int faultyOpen(const char *path, int flags, mode_t mode)
@@ -163,25 +181,34 @@ int faultySync(int file)
         return -1;
     struct stat status = {};
     if (fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
-        state.hasNewName = false;
+        foldersOfNewNames().erase(status.st_ino);
     writtenFiles().erase(file);
     return 0;
 }
 
 void faultySyncAll()
 {
-    state.hasNewName = false;
+    foldersOfNewNames().clear();
 }
 
 int faultyRename(const char *from, const char *to)
 {
-    const int result = named(attempt(to, faultyRename, "rename", from, to));
-    state.hasNewName = result == 0; // or else the new file goes
+    const int result = named(to, attempt(to, faultyRename, "rename", from, to));
+    if (result != 0)
+        foldersOfNewNames().erase(folderOf(to)); // the new file goes
+    return result;
+}
+
+int faultyMakeFolder(const char *path, mode_t mode)
+{
+    const int result = attempt(path, faultyMakeFolder, "mkdir", path, mode);
+    if (result == 0 && isOurs(path))
+        foldersOfNewNames().insert(folderOf(path));
     return result;
 }
 
 int faultyLink(int fromFolder, const char *from, int toFolder, const char *to, int flags)
 {
-    return named(attempt(to, faultyLink, "linkat", fromFolder, from, toFolder, to, flags));
+    return named(to, attempt(to, faultyLink, "linkat", fromFolder, from, toFolder, to, flags));
 }
 }

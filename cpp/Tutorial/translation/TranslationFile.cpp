@@ -5,7 +5,6 @@
 #include "Tutorial/translation/TranslationSource.h"
 #include "Tutorial/translation/TranslationXml.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace
@@ -56,8 +55,8 @@ bool TranslationFile::refresh(const QString &path, const QString &locale, QDomDo
 bool TranslationFile::write(const QString &path, const QDomDocument &document)
 {
     // The first save of a writer may be the one that makes the folder.
-    QDir().mkpath(QFileInfo(path).path());
-    if (!document.isNull() && DataSupport::writeFile(path, document.toByteArray(4)))
+    const bool hasFolder = DataSupport::mkpath(QFileInfo(path).path());
+    if (hasFolder && !document.isNull() && DataSupport::writeFile(path, document.toByteArray(4)))
         return true;
     Log::warning(kFolder, "TranslationFile::write", __LINE__) << "Failed to save" << path;
     return false;
