@@ -89,6 +89,10 @@ Change %2 to %1?</translation>
             <translation>No copy of the unsaved changes can be kept in %1. Save more often.</translation>
         </message>
         <message>
+            <source>The copy can't be removed from %1</source>
+            <translation>The copy can't be removed from %1</translation>
+        </message>
+        <message>
             <source>Removed: %1</source>
             <translation>Removed: %1</translation>
         </message>

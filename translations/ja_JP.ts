@@ -89,6 +89,10 @@ Change %2 to %1 ?</source>
             <translation>保存されていない変更の控えを %1 に書き込めません。こまめに保存してください。</translation>
         </message>
         <message>
+            <source>The copy can't be removed from %1</source>
+            <translation>控えを %1 から削除できません。</translation>
+        </message>
+        <message>
             <source>Removed: %1</source>
             <translation>削除： %1</translation>
         </message>

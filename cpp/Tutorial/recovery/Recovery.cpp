@@ -37,8 +37,11 @@ void Recovery::lookFor(const QString &path)
 {
     if (!mKeeper)
         return;
-    while (std::unique_ptr<RecoveryFolder> folder =
-               RecoveryFolder::takeAbandoned(rootFolder(), mContext->project(), path)) {
+    const QStringList places = RecoveryFolder::find(rootFolder(), mContext->project(), path);
+    for (const QString &place : places) {
+        std::unique_ptr<RecoveryFolder> folder = RecoveryFolder::take(place);
+        if (!folder)
+            continue;
         QByteArray bytes;
         RecoveryCopy copy;
         if (!folder->read(bytes) || !copy.read(bytes)) {
@@ -101,10 +104,14 @@ QString Recovery::restore()
 
 void Recovery::discard()
 {
-    if (mFolder)
-        mFolder->remove();
+    if (!mFolder)
+        return;
+    const bool isGone = mFolder->remove();
     mFolder.reset();
-    lookFor(mWantedPath);
+    if (isGone)
+        lookFor(mWantedPath);
+    else
+        Q_EMIT failed(tr("The copy can't be removed from %1").arg(QDir::toNativeSeparators(rootFolder())));
     if (!mFolder)
         Q_EMIT offerChanged();
 }

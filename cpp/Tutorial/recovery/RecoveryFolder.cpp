@@ -1,6 +1,7 @@
 #include "Tutorial/recovery/RecoveryFolder.h"
 
 #include "tool/DataSupport.h"
+#include "tool/FilePlatform.h"
 #include "tool/Log.h"
 
 #include <QCryptographicHash>
@@ -37,7 +38,7 @@ RecoveryFolder::RecoveryFolder(const QString &path) : mPath(path), mLock(path + 
 
 std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root, const QString &project, const QString &path)
 {
-    QDir().mkpath(root);
+    DataSupport::mkpath(root);
     // Between the two steps somebody else may have taken it for what was left over.
     for (int attempt = 0; attempt < 3; ++attempt) {
         QTemporaryDir made(root + QLatin1Char('/') + prefixOf(project, path) + QLatin1String("XXXXXX"));
@@ -45,31 +46,33 @@ std::unique_ptr<RecoveryFolder> RecoveryFolder::create(const QString &root, cons
             break;
         made.setAutoRemove(false);
         std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(made.path()));
-        if (folder->mLock.tryLock())
+        if (folder->mLock.take() && FilePlatform::synchroniseFolder(root))
             return folder;
     }
     Log::warning("cpp/Tutorial/recovery", "RecoveryFolder::create", __LINE__) << "Failed to make a folder in" << root;
     return nullptr;
 }
 
-std::unique_ptr<RecoveryFolder> RecoveryFolder::takeAbandoned(const QString &root, const QString &project,
-                                                              const QString &path)
+QStringList RecoveryFolder::find(const QString &root, const QString &project, const QString &path)
 {
-    QStringList paths;
+    QStringList places;
     const QStringList filter{ prefixOf(project, path) + QLatin1Char('*') };
     for (const QFileInfo &info : QDir(root).entryInfoList(filter, QDir::Dirs))
-        paths.append(info.filePath());
-    const auto writtenAt = [](const QString &folder) { return QFileInfo(folder + kCopy).lastModified(); };
-    std::sort(paths.begin(), paths.end(),
+        places.append(info.filePath());
+    const auto writtenAt = [](const QString &place) { return QFileInfo(place + kCopy).lastModified(); };
+    std::sort(places.begin(), places.end(),
               [&](const QString &one, const QString &other) { return writtenAt(one) > writtenAt(other); });
-    for (const QString &folderPath : qAsConst(paths)) {
-        std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(folderPath));
-        if (QFileInfo::exists(folderPath + kDamaged) || !folder->mLock.tryLock())
-            continue;
-        if (QFileInfo::exists(folder->copyPath()))
-            return folder;
-        folder->remove();
-    }
+    return places;
+}
+
+std::unique_ptr<RecoveryFolder> RecoveryFolder::take(const QString &place)
+{
+    std::unique_ptr<RecoveryFolder> folder(new RecoveryFolder(place));
+    if (QFileInfo::exists(place + kDamaged) || !folder->mLock.take())
+        return nullptr;
+    if (QFileInfo::exists(folder->copyPath()))
+        return folder;
+    folder->remove();
     return nullptr;
 }
 
@@ -83,24 +86,33 @@ bool RecoveryFolder::read(QByteArray &bytes) const
     return DataSupport::readFile(copyPath(), bytes);
 }
 
-void RecoveryFolder::remove()
+bool RecoveryFolder::isThere() const
+{
+    return QFileInfo::exists(mLock.path());
+}
+
+bool RecoveryFolder::remove()
 {
     // All but the lock first, with what a write has left that was cut short, so that nobody finds it once the lock is
     // gone. Somebody else may have locked the folder by then, who removes it as we do.
     QDir folder(mPath);
     for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
-        if (!name.startsWith(kLock.mid(1)))
+        if (folder.filePath(name) != mLock.path())
             folder.remove(name);
     }
-    mLock.unlock();
+    const bool isGone = !QFileInfo::exists(copyPath());
+    mLock.release();
+    if (isGone)
+        folder.remove(mLock.path());
     QDir().rmdir(mPath);
+    return isGone;
 }
 
 QString RecoveryFolder::setAside()
 {
-    QFile::rename(copyPath(), mPath + kDamaged);
-    mLock.unlock();
-    return QDir::toNativeSeparators(mPath + kDamaged);
+    const bool isRenamed = QFile::rename(copyPath(), mPath + kDamaged);
+    mLock.release();
+    return QDir::toNativeSeparators(isRenamed ? mPath + kDamaged : copyPath());
 }
 
 QString RecoveryFolder::copyPath() const

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QLockFile>
-#include <QString>
+#include "tool/FileLock.h"
+
+#include <QStringList>
 
 #include <memory>
 
@@ -13,15 +14,18 @@ public:
     /// A new folder for the copy of a tutorial, which the root folder then holds; null if it can't be made. The project
     /// is the folder of the translations that belong to the tutorial.
     static std::unique_ptr<RecoveryFolder> create(const QString &root, const QString &project, const QString &path);
-    /// The newest copy of the project, and of that tutorial unless the path is empty, that no living process holds;
-    /// null if there is none. What is left over without a copy is cleared away.
-    static std::unique_ptr<RecoveryFolder> takeAbandoned(const QString &root, const QString &project,
-                                                         const QString &path);
+    /// Where copies of the project may be, and of that tutorial unless the path is empty: the newest one first.
+    static QStringList find(const QString &root, const QString &project, const QString &path);
+    /// The copy at such a place; null if a living process holds it, or if there is none. What is left over without a
+    /// copy is cleared away.
+    static std::unique_ptr<RecoveryFolder> take(const QString &place);
 
     bool write(const QByteArray &bytes) const;
     bool read(QByteArray &bytes) const;
-    /// Removes it with the copy.
-    void remove();
+    /// Whether nobody has removed it.
+    bool isThere() const;
+    /// Removes it with the copy. False if the copy is still there.
+    bool remove();
     /// Keeps what can't be read for a closer look, under the name that is returned, where nobody takes it for a copy.
     QString setAside();
 
@@ -31,5 +35,5 @@ private:
     QString copyPath() const;
 
     const QString mPath;
-    QLockFile mLock;
+    FileLock mLock;
 };

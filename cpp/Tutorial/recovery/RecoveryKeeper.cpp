@@ -7,6 +7,8 @@ RecoveryContext::~RecoveryContext() = default;
 namespace
 {
 constexpr qint64 kPause = 1000;
+// Until it is tried again after a failure.
+constexpr qint64 kFailurePause = 3000;
 // The changes of one gesture come together.
 constexpr qint64 kGesture = 50;
 // Of a very large tutorial the copies take no more than one part in so many of the time.
@@ -87,12 +89,12 @@ void RecoveryKeeper::write()
 
 void RecoveryKeeper::onWritten(bool success, qint64 milliseconds)
 {
-    mPause = qMax(kPause, milliseconds * kShare);
+    mPause = qMax(success ? kPause : kFailurePause, milliseconds * kShare);
     mWriting = false;
     if (!success && !mFailing)
         Q_EMIT failed();
     mFailing = !success;
-    if (mDue)
+    if (mDue || !success)
         noteChange();
 }
 

@@ -19,12 +19,18 @@ void RecoveryWriter::write(const QString &project, const UnsavedWork &work)
     const RecoveryCopy copy = work();
     const QByteArray bytes = copy.toBytes();
     const qint64 milliseconds = timer.elapsed();
+    // The copy before stays until there is another one.
+    std::unique_ptr<RecoveryFolder> former;
     if (project != mProject || copy.path != mPath)
-        remove();
-    if (!mFolder)
+        former = std::move(mFolder);
+    // Somebody may have cleared the program's data away.
+    if (!mFolder || !mFolder->isThere())
         adopt(RecoveryFolder::create(mRoot, project, copy.path), project, copy.path);
     // A larger one could not be read again.
-    Q_EMIT written(mFolder && bytes.size() <= DataSupport::kMostBytes && mFolder->write(bytes), milliseconds);
+    const bool success = mFolder && bytes.size() <= DataSupport::kMostBytes && mFolder->write(bytes);
+    if (former && success)
+        former->remove();
+    Q_EMIT written(success, milliseconds);
 }
 
 void RecoveryWriter::remove()
