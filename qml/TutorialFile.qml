@@ -12,6 +12,8 @@ Item {
     property ApplicationWindow window: null
     // What the host editor wants to be loaded once the writer has answered.
     property string requestedTutorial: ""
+    // The same while a dialog is open, which is about the tutorial of now.
+    property string waitingTutorial: ""
     // The tutorial that the writer was told of, that something of its file is
     // left out.
     property string tutorialLeftOutOf: ""
@@ -32,8 +34,6 @@ Item {
         saveChangeDialog.message = "\"" + TutorialManager.tutorialName + "\"\n" + question;
         saveChangeDialog.callback = function(result) {
             if (result !== 1) {
-                if (result === 0)
-                    recovery.forgetChanges();
                 callback(result);
                 return;
             }
@@ -66,6 +66,10 @@ Item {
         if (saveChangeDialog.visible) {
             if (requestedTutorial !== "")
                 requestedTutorial = name;
+            return;
+        }
+        if (Gui.isBlocked(window)) {
+            waitingTutorial = name;
             return;
         }
         requestedTutorial = name;
@@ -152,6 +156,20 @@ Item {
             if (error !== "")
                 window.alert(error);
         });
+    }
+
+    // Nobody tells when the last dialog goes.
+    Timer {
+        interval: 100
+        repeat: true
+        running: root.waitingTutorial !== ""
+        onTriggered: {
+            if (Gui.isBlocked(root.window))
+                return;
+            var name = root.waitingTutorial;
+            root.waitingTutorial = "";
+            root.openRequested(name);
+        }
     }
 
     SaveChangeDialog {

@@ -55,11 +55,18 @@ ApplicationWindow {
     function reloadTutorial() {
         if (TutorialManager.tutorialName === "")
             return;
+        var refusal = TutorialManager.findUnreloadable();
+        if (refusal !== "") {
+            alert(refusal);
+            return;
+        }
         unload();
         // The steps of the history belong to the document as it was.
         UndoRedo.clear();
-        TutorialManager.reload();
+        var error = TutorialManager.reload();
         updateSettings();
+        if (error !== "")
+            alert(error);
     }
 
     // A field that is being edited hands over its text when it loses the focus.
@@ -120,8 +127,10 @@ ApplicationWindow {
 
     function exit() {
         checkSaveTutorial(function(result) {
-            if (result >= 0)
-                TutorialManager.requestClose();
+            if (result < 0)
+                return;
+            TutorialManager.recovery.forgetChanges();
+            TutorialManager.requestClose();
         });
     }
 

@@ -637,6 +637,10 @@ Change %2 to %1?</translation>
             <translation>%1 is there already.</translation>
         </message>
         <message>
+            <source>%1 is not there any more.</source>
+            <translation>%1 is not there any more.</translation>
+        </message>
+        <message>
             <source>Failed to read %1.</source>
             <translation>Failed to read %1.</translation>
         </message>

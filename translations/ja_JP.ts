@@ -702,6 +702,10 @@ Change %2 to %1 ?</source>
             <translation>%1 はすでにあります。</translation>
         </message>
         <message>
+            <source>%1 is not there any more.</source>
+            <translation>%1 はもうありません。</translation>
+        </message>
+        <message>
             <source>Failed to read %1.</source>
             <translation>%1 を読めませんでした。</translation>
         </message>

@@ -84,6 +84,8 @@ public:
     Q_INVOKABLE QString loadTutorial(const QString &filename);
     /// Loads the tutorial of tutorialName again from the file that it came from.
     Q_INVOKABLE QString reload();
+    /// Why a reload would lose what is loaded and give nothing for it; empty if it would not.
+    Q_INVOKABLE QString findUnreloadable() const;
     /// Sends the loaded scenario to the host editor, which begins at the item of that id; -1 is the
     /// beginning.
     Q_INVOKABLE void startFromId(int id = -1);
@@ -218,6 +220,7 @@ private:
     void followHistory();
     /// The name of the tutorial of that file.
     static QString baseName(const QString &filename);
+    QString load(const QString &source, const QString &filename);
     void setTutorialName(const QString &name);
     void setMimeType(const QString &mimeType);
 

@@ -39,13 +39,22 @@ QString TutorialManager::baseName(const QString &filename)
 
 QString TutorialManager::loadTutorial(const QString &filename)
 {
+    return load(filename, filename);
+}
+
+QString TutorialManager::load(const QString &source, const QString &filename)
+{
     const QString name = baseName(filename);
     mTranslation->beginLoad(name);
     setTutorialName(name);
-    const QStringList errors = mEditorManager->setContents(filename);
+    const QStringList errors = mEditorManager->setContents(source);
+    if (filename != source)
+        mEditorManager->saveAs(filename);
     // What stayed because the file could not be opened keeps its hints.
-    if (mEditorManager->isLoaded())
+    if (mEditorManager->isLoaded() || mEditorManager->mData.mDataList.isEmpty())
         mTranslation->endLoad();
+    else
+        mTranslation->keepItems();
     followHistory();
     Q_EMIT documentReplaced();
     mRecovery->lookFor(filename);
@@ -57,24 +66,37 @@ QString TutorialManager::reload()
     return loadTutorial(mEditorManager->mFilename);
 }
 
+QString TutorialManager::findUnreloadable() const
+{
+    const QString filename = mEditorManager->mFilename;
+    const bool isGone = isModified() && !DataSupport::fileExists(filename);
+    return isGone ? tr("%1 is not there any more.").arg(filename) : TutorialEditor::Manager::findUnopenable(filename);
+}
+
 void TutorialManager::loadAndFeedback(const QString &name)
 {
     const QString path = QStringLiteral("qml/Tutorial/%1.js").arg(name);
-    QString filename = getExistsFilename(path);
+    QString source = getExistsFilename(path);
+    QString filename = source;
     if (isMakingSupported()) {
-        // A resource can be read but not saved.
-        const QString written = QLatin1String("tutorial-win/") + path;
-        if (!isInItsFolder(name, QFileInfo(written))) {
+        filename = QLatin1String("tutorial-win/") + path;
+        if (!isInItsFolder(name, QFileInfo(filename))) {
             Log::warning(kFolder, "TutorialManager::loadAndFeedback", __LINE__) << "no tutorial of the folder" << name;
             return;
         }
-        if (DataSupport::fileExists(written) || !DataSupport::fileExists(filename))
-            filename = written;
+        // A resource can be read; it is saved as a file, which from then on goes before it.
+        if (DataSupport::fileExists(filename) || !DataSupport::fileExists(source))
+            source = filename;
+        const QString refusal = TutorialEditor::Manager::findUnopenable(source);
+        if (!refusal.isEmpty()) {
+            Log::warning(kFolder, "TutorialManager::loadAndFeedback", __LINE__) << refusal;
+            return;
+        }
         // The steps of the history belong to the tutorial before.
         if (EditHistory *history = EditHistory::instance())
             history->clear();
     }
-    const QString error = loadTutorial(filename);
+    const QString error = load(source, filename);
     if (error.isEmpty())
         startFromId(-1);
     else

@@ -61,7 +61,7 @@ Manager *Manager::instance()
 }
 
 /// Why a file that is there is not even opened: a device and a pipe may have no end, or never a beginning.
-QString Manager::refusalOf(const QString &filename) const
+QString Manager::refusalOf(const QString &filename)
 {
     const QFileInfo info(filename);
     if (info.exists() && !info.isFile() && !info.isDir())
@@ -69,6 +69,15 @@ QString Manager::refusalOf(const QString &filename) const
     if (info.size() > DataSupport::kMostBytes)
         return tr("It is larger than %1 MiB: %2").arg(DataSupport::kMostBytes / 1024 / 1024).arg(filename);
     return QString();
+}
+
+QString Manager::findUnopenable(const QString &filename)
+{
+    QFile file(filename);
+    const QString refusal = refusalOf(filename);
+    if (!refusal.isEmpty() || !file.exists() || DataSupport::openWhole(file))
+        return refusal;
+    return tr("%1 can't be read").arg(filename);
 }
 
 QStringList Manager::setContents(const QString &filename)
@@ -140,6 +149,12 @@ QString Manager::save()
     if (EditHistory *history = EditHistory::instance())
         history->markClean();
     return QString();
+}
+
+void Manager::saveAs(const QString &filename)
+{
+    mFilename = filename;
+    mFileHash.clear();
 }
 
 bool Manager::isChangedOnDisk() const

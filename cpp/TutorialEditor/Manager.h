@@ -49,6 +49,13 @@ public:
     /// Whether a save loses nothing that stands in the file.
     bool isSaveable() const { return mState != State::Unreadable; }
 
+    /// Why a load of the file would leave the document as it is, or empty it, although something is there; empty if it
+    /// would not.
+    static QString findUnopenable(const QString &filename);
+
+    /// Has the document saved as that file from here on.
+    void saveAs(const QString &filename);
+
     /// Whether the file holds something else than when it was read or saved here; false where it is
     /// missing.
     bool isChangedOnDisk() const;
@@ -91,7 +98,7 @@ private:
         Loaded
     };
 
-    QString refusalOf(const QString &filename) const;
+    static QString refusalOf(const QString &filename);
     void replaceDocument();
     void dropRecords();
 

@@ -1,5 +1,6 @@
 #include "quick/Gui.h"
 
+#include "quick/ModalGuard.h"
 #include "quick/WindowPlace.h"
 #include "tool/Log.h"
 #include "Tutorial/guidance/HintText.h"
@@ -56,6 +57,11 @@ void Gui::present(QWindow *window)
     }
     window->raise();
     window->requestActivate();
+}
+
+bool Gui::isBlocked(QWindow *window)
+{
+    return ModalGuard::isBlocked(window);
 }
 
 QString Gui::withoutLoading(const QString &richText)

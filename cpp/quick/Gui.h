@@ -30,6 +30,8 @@ public:
     Q_INVOKABLE static void bringIntoSight(QWindow *window);
     /// Shows the window where it can be seen, above the others and with the keys.
     Q_INVOKABLE static void present(QWindow *window);
+    /// Whether a modal window keeps the user from that one.
+    Q_INVOKABLE static bool isBlocked(QWindow *window);
     /// The rich text as it may be shown: where it would load files or pages, its plain text stands for it.
     Q_INVOKABLE static QString withoutLoading(const QString &richText);
     /// Calls the function while the object emits nothing. Who calls tells of what has changed.

@@ -2,9 +2,11 @@
 
 #include "quick/WindowPlace.h"
 #include "support/FaultyDisk.h"
+#include "Tutorial/recovery/Recovery.h"
 #include "UndoRedo/UndoRedo.h"
 
 #include <QDesktopServices>
+#include <QDirIterator>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QScreen>
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void saveCheck();
     void saveThatFails();
     void hostOpensATutorial();
+    void hostWaitsForTheWriter();
     void hostReachesNothingElse();
     void saveOverSomeoneElsesChange();
     void saveThatDropsSomething();
@@ -207,6 +210,41 @@ void tst_ApplicationWindow::hostOpensATutorial()
     QCOMPARE(managerInstance->save(), QString());
 }
 
+// A question is about the tutorial that it was asked for.
+void tst_ApplicationWindow::hostWaitsForTheWriter()
+{
+    loadModified();
+    writeAll(kTutorial, "[]");
+    press(QKeySequence::Save);
+    QTRY_VERIFY(messageBox());
+    mHost.send(HostMessages::FromHost::kTutorial, QStringLiteral("TutorialTopViewStep1"));
+    mHost.send(HostMessages::FromHost::kTutorialList);
+    QSignalSpy answers(&mHost, &ProgramLink::received);
+    QTRY_VERIFY(answers.contains(
+        { QVariant(QStringList{ HostMessages::ToHost::kTutorialList, managerInstance->getTutorialJson() }) }));
+    QVERIFY(!saveQuestion());
+    answer(QMessageBox::Cancel);
+    QVERIFY(answerSaveQuestion("no"));
+    QTRY_COMPARE(mWindow->title(), QStringLiteral("TutorialTopViewStep1"));
+    // What came from a resource is saved as a file.
+    QVERIFY(activate());
+    press(QKeySequence::Save);
+    QTRY_VERIFY(QFile::exists(QStringLiteral("tutorial-win/qml/Tutorial/TutorialTopViewStep1.js")));
+    QVERIFY(!messageBox());
+
+    // Who gives up what is unsaved for a tutorial that can't be opened still has it, and so has the copy.
+    loadModified();
+    const QDir folder = QFileInfo(kTutorial).dir();
+    QVERIFY(folder.mkdir(QStringLiteral("Folder.js")));
+    mWarnings.expect(QStringLiteral("can't be read"));
+    mHost.send(HostMessages::FromHost::kTutorial, QStringLiteral("Folder"));
+    QVERIFY(answerSaveQuestion("no"));
+    QCOMPARE(mWindow->title(), QStringLiteral("*Sample"));
+    qobject_cast<Recovery *>(managerInstance->recovery())->flush();
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    QVERIFY(QDirIterator(data, { QStringLiteral("copy.json") }, QDir::Files, QDirIterator::Subdirectories).hasNext());
+}
+
 // Of what stands elsewhere nothing is even opened.
 void tst_ApplicationWindow::hostReachesNothingElse()
 {
@@ -265,6 +303,16 @@ void tst_ApplicationWindow::saveOverSomeoneElsesChange()
     }
     // What was saved here is no one else's change.
     QVERIFY(!managerInstance->isChangedOnDisk());
+    // What can't be opened takes the place of nothing.
+    loadModified();
+    QVERIFY(QFile::remove(kTutorial) && QDir().mkdir(kTutorial));
+    press(QKeySequence::Save);
+    answer(QMessageBox::No);
+    QVERIFY(answer(QMessageBox::Ok).contains(QFileInfo(kTutorial).fileName()));
+    QCOMPARE(mWindow->title(), QStringLiteral("*Sample"));
+    QVERIFY(QDir().rmdir(kTutorial));
+    press(QKeySequence::Save);
+    QTRY_COMPARE(mWindow->title(), QStringLiteral("Sample"));
 }
 
 // The writer is told of it at the load, and asked at the save.

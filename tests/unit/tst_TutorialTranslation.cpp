@@ -125,6 +125,15 @@ void tst_TutorialTranslation::keepsEachLanguageInItsFile()
         QVERIFY(load());
     }
     QCOMPARE(hints(1) + hints(2) + hints(3), QString::fromUtf8("one \"\\\n<b>/新/ /#3"));
+    // Without the file they are the same items in the other language.
+    QVERIFY(QFile::remove(kScenario));
+    mManager->setLocale(kJapanese);
+    mManager->reload();
+    QCOMPARE(hints(1), QString::fromUtf8("新/one \"\\\n<b>"));
+    QVERIFY(save());
+    QCOMPARE(files(), saved);
+    mManager->setLocale(kEnglish);
+    QVERIFY(load());
 
     // With a language that has no source the second one changes, and each goes to its own file still.
     mWarnings.expect(QStringLiteral("translation file not found"));

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace
 {
 constexpr char kFolder[] = "cpp/Tutorial/translation";
@@ -137,7 +139,6 @@ void TutorialTranslation::installTranslator(const QString &locale)
 void TutorialTranslation::beginLoad(const QString &tutorialName)
 {
     mTranslationContext = tutorialName;
-    mHintLocale = mLocale;
     if (!mAuthoring)
         return;
     loadTranslation();
@@ -147,6 +148,7 @@ void TutorialTranslation::beginLoad(const QString &tutorialName)
 
 void TutorialTranslation::endLoad()
 {
+    mHintLocale = mLocale;
     if (!mAuthoring)
         return;
     HintMerge::readHints(mDocument, &TutorialItemData::mHint2, mLoadedHints.value(mLocale2));
@@ -155,11 +157,22 @@ void TutorialTranslation::endLoad()
 
 void TutorialTranslation::endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale)
 {
+    mHintLocale = mLocale;
     for (auto language = loaded.cbegin(); language != loaded.cend(); ++language)
         mLoadedHints.insert(language.key(), language.value());
     HintMerge::readHints(mDocument, firstHint(), hints.value(mLocale, mLoadedHints.value(mLocale)));
     HintMerge::readHints(mDocument, secondHint(), hints.value(mLocale2, mLoadedHints.value(mLocale2)));
     mStaleHints.begin(mDocument, stale.value(mLocale2, mLoadedStale.value(mLocale2)));
+}
+
+void TutorialTranslation::keepItems()
+{
+    if (!mAuthoring || mHintLocale != mLocale2)
+        return;
+    for (TutorialItemData *record : qAsConst(mDocument.mDataList))
+        std::swap(record->mHint, record->mHint2);
+    mHintLocale = mLocale;
+    mStaleHints.begin(mDocument, mLoadedStale.value(mLocale2));
 }
 
 QHash<QString, HintMerge::Hint> TutorialTranslation::hintsOfItems() const

@@ -55,6 +55,9 @@ public:
     /// a language of now. `loaded` is what the files had said when they were read or saved, and `stale` are the keys of
     /// the stale translations.
     void endLoad(const Hints &hints, const Hints &loaded, const StaleKeys &stale);
+    /// To be called instead where no item was read and those before stay: their hints change places if the language has
+    /// changed since.
+    void keepItems();
     /// Which hints of the items are those of a language, by locale.
     QHash<QString, HintMerge::Hint> hintsOfItems() const;
     /// Learns what translations were made from, which has to be done after each change of the document.
