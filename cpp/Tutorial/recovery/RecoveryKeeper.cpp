@@ -1,7 +1,5 @@
 #include "Tutorial/recovery/RecoveryKeeper.h"
 
-#include "Tutorial/recovery/RecoveryWriter.h"
-
 RecoveryContext::~RecoveryContext() = default;
 
 namespace
@@ -27,6 +25,7 @@ RecoveryKeeper::RecoveryKeeper(RecoveryContext *context, const QString &root, QO
     connect(this, &RecoveryKeeper::writeRequested, mWriter, &RecoveryWriter::write, Qt::QueuedConnection);
     connect(this, &RecoveryKeeper::removeRequested, mWriter, &RecoveryWriter::remove);
     connect(mWriter, &RecoveryWriter::written, this, &RecoveryKeeper::onWritten);
+    qRegisterMetaType<RecoveryWriter::Outcome>();
     mTimer.setSingleShot(true);
     mTimer.setTimerType(Qt::PreciseTimer);
     connect(&mTimer, &QTimer::timeout, this, &RecoveryKeeper::write);
@@ -87,14 +86,16 @@ void RecoveryKeeper::write()
     Q_EMIT writeRequested(mContext->project(), mContext->unsavedWork(mTyped.values()));
 }
 
-void RecoveryKeeper::onWritten(bool success, qint64 milliseconds)
+void RecoveryKeeper::onWritten(RecoveryWriter::Outcome outcome, qint64 milliseconds)
 {
-    mPause = qMax(success ? kPause : kFailurePause, milliseconds * kShare);
+    const bool mayComeRight = outcome == RecoveryWriter::Outcome::Failed;
+    mPause = qMax(mayComeRight ? kFailurePause : kPause, milliseconds * kShare);
     mWriting = false;
-    if (!success && !mFailing)
+    const bool wasFailing = mFailing;
+    mFailing = outcome != RecoveryWriter::Outcome::Kept;
+    if (mFailing && !wasFailing)
         Q_EMIT failed();
-    mFailing = !success;
-    if (mDue || !success)
+    if (mDue || mayComeRight)
         noteChange();
 }
 

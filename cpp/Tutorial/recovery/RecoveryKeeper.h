@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tutorial/recovery/RecoveryContext.h"
+#include "Tutorial/recovery/RecoveryWriter.h"
 
 #include <QElapsedTimer>
 #include <QHash>
@@ -9,9 +10,6 @@
 #include <QTimer>
 
 #include <memory>
-
-class RecoveryFolder;
-class RecoveryWriter;
 
 /// Keeps the copy of what is unsaved: writes it soon after a change and at most once a second, and throws it away as
 /// soon as nothing is unsaved any more.
@@ -45,7 +43,7 @@ Q_SIGNALS:
 private:
     bool isNeeded() const;
     void write();
-    void onWritten(bool success, qint64 milliseconds);
+    void onWritten(RecoveryWriter::Outcome outcome, qint64 milliseconds);
     void sync();
 
     RecoveryContext *mContext;

@@ -26,11 +26,15 @@ void RecoveryWriter::write(const QString &project, const UnsavedWork &work)
     // Somebody may have cleared the program's data away.
     if (!mFolder || !mFolder->isThere())
         adopt(RecoveryFolder::create(mRoot, project, copy.path), project, copy.path);
-    // A larger one could not be read again.
-    const bool success = mFolder && bytes.size() <= DataSupport::kMostBytes && mFolder->write(bytes);
-    if (former && success)
+    Outcome outcome = Outcome::Kept;
+    // It could not be read again.
+    if (bytes.size() > DataSupport::kMostBytes)
+        outcome = Outcome::TooLarge;
+    else if (!mFolder || !mFolder->write(bytes))
+        outcome = Outcome::Failed;
+    if (former && outcome == Outcome::Kept)
         former->remove();
-    Q_EMIT written(success, milliseconds);
+    Q_EMIT written(outcome, milliseconds);
 }
 
 void RecoveryWriter::remove()

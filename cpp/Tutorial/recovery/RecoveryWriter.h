@@ -12,6 +12,9 @@ class RecoveryWriter : public QObject
     Q_OBJECT
 
 public:
+    enum class Outcome { Kept, Failed, TooLarge };
+    Q_ENUM(Outcome)
+
     explicit RecoveryWriter(const QString &root) : mRoot(root) { }
 
     /// Takes a copy over as its own. Only while nothing that it was asked for is under way.
@@ -26,7 +29,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     /// With the time that it took to put the copy together.
-    void written(bool success, qint64 milliseconds);
+    void written(RecoveryWriter::Outcome outcome, qint64 milliseconds);
 
 private:
     const QString mRoot;
