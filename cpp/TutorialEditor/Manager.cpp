@@ -164,9 +164,10 @@ bool Manager::isChangedOnDisk() const
 
 Manager::FileState Manager::compareFile(const QString &filename, const QByteArray &hash)
 {
-    QFile file(filename);
-    if (!file.exists())
+    // Not QFile's own word, which takes a link that leads nowhere for a file.
+    if (!QFileInfo::exists(filename))
         return FileState::Missing;
+    QFile file(filename);
     // What can't be read any more is something else, too.
     return DataSupport::openWhole(file) && hashOf(file.readAll()) == hash ? FileState::Same : FileState::Changed;
 }
