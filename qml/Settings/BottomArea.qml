@@ -25,6 +25,7 @@ Rectangle {
     color: Theme.toolArea
 
     Row {
+        id: saving
         anchors {
             left: parent.left
             leftMargin: Theme.margin
@@ -39,7 +40,34 @@ Rectangle {
         }
     }
 
+    SeveritySign {
+        id: noticeSign
+        anchors {
+            left: saving.right
+            leftMargin: Theme.margin * 2
+            verticalCenter: parent.verticalCenter
+        }
+        severity: notice.text === "" ? -1 : 1
+    }
+
+    // In sight until it is over, and in nobody's way.
+    Label {
+        id: notice
+        objectName: "copyNotice"
+        anchors {
+            left: noticeSign.right
+            leftMargin: Theme.margin
+            right: history.left
+            rightMargin: Theme.margin * 2
+        }
+        height: parent.height
+        text: TutorialManager.recovery.notice
+        wrapMode: Text.Wrap
+        elide: Text.ElideRight
+    }
+
     Row {
+        id: history
         anchors {
             right: parent.right
             rightMargin: Theme.margin

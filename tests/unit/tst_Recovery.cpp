@@ -38,7 +38,10 @@ private Q_SLOTS:
     void staleTranslationsAreTold();
     void copyGoesWithTheChanges();
     void copyIsOfItsMoment();
+#ifndef Q_OS_WIN
+    // Nobody can remove what is locked there.
     void copyOutlivesFaults();
+#endif
     void fileOfTheCopyIsLookedAt();
     void damagedCopyIsNotOffered();
     void twoProgramsKeepTheirOwn();
@@ -50,7 +53,10 @@ private:
         return QDir(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
                     + QLatin1String("/recovery"));
     }
-    static QStringList folders() { return root().entryList(QDir::Dirs | QDir::NoDotAndDotDot); }
+    static QStringList folders()
+    {
+        return root().entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    }
     /// A file in the only folder.
     static QString copyFile(const char *name = "copy.json")
     {
@@ -248,13 +254,10 @@ void tst_Recovery::copyIsOfItsMoment()
     QCOMPARE(work().toBytes(), bytes);
 }
 
+#ifndef Q_OS_WIN
 void tst_Recovery::copyOutlivesFaults()
 {
-#ifdef Q_OS_WIN
-    QSKIP("Nobody can remove what is locked.");
-#endif
     auto writer = begin();
-    QSignalSpy failures(&writer->recovery(), &Recovery::failed);
     const auto change = [&](int x) {
         writer->set(1, "x", x);
         writer->recovery().flush();
@@ -270,9 +273,9 @@ void tst_Recovery::copyOutlivesFaults()
     QVERIFY(root().removeRecursively());
     writeAll(root().path(), QByteArray());
     change(3);
-    QTRY_COMPARE(failures.size(), 1);
+    QTRY_VERIFY(!writer->recovery().notice().isEmpty());
     QVERIFY(QFile::remove(root().path()));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copyFile()), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(copyFile()) && writer->recovery().notice().isEmpty(), 60000);
     mWarnings.begin();
     const QByteArray picture = writer->picture();
     writer.reset();
@@ -282,6 +285,7 @@ void tst_Recovery::copyOutlivesFaults()
     QCOMPARE(writer->recovery().restore(), QString());
     QCOMPARE(writer->picture(), picture);
 }
+#endif
 
 void tst_Recovery::fileOfTheCopyIsLookedAt()
 {

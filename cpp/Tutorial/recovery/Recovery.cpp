@@ -25,9 +25,11 @@ Recovery::~Recovery() = default;
 void Recovery::begin(UndoRedo *history)
 {
     mKeeper = std::make_unique<RecoveryKeeper>(mContext, rootFolder());
-    connect(mKeeper.get(), &RecoveryKeeper::failed, this, [this] {
-        Q_EMIT failed(tr("No copy of the unsaved changes can be kept in %1. Save more often.")
-                          .arg(QDir::toNativeSeparators(rootFolder())));
+    connect(mKeeper.get(), &RecoveryKeeper::failingChanged, this, [this](bool failing) {
+        mNotice = failing ? tr("No copy of the unsaved changes can be kept in %1. Save more often.")
+                                .arg(QDir::toNativeSeparators(rootFolder()))
+                          : QString();
+        Q_EMIT noticeChanged();
     });
     connect(history, &UndoRedo::documentChanged, this, &Recovery::noteChange);
     lookFor(QString());

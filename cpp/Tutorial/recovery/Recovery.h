@@ -17,6 +17,9 @@ class Recovery : public QObject
     /// The tutorial whose copy that is, and what has become of its file, if anything.
     Q_PROPERTY(QString offeredFile READ offeredFile NOTIFY offerChanged)
     Q_PROPERTY(QString offeredRemark READ offeredRemark NOTIFY offerChanged)
+    /// Tells that no copy of what is unsaved can be kept; empty while one can. To be shown where it stops nobody who
+    /// types.
+    Q_PROPERTY(QString notice READ notice NOTIFY noticeChanged)
 
 public:
     explicit Recovery(RecoveryContext *context, QObject *parent = nullptr);
@@ -30,6 +33,7 @@ public:
     bool isOffered() const { return mFolder != nullptr; }
     QString offeredFile() const;
     QString offeredRemark() const;
+    QString notice() const { return mNotice; }
     /// A line for each difference between the files and what the offered copy would make of them.
     Q_INVOKABLE QStringList differences() const;
     /// Makes the offered copy the loaded tutorial. The reason for a failure is returned.
@@ -50,6 +54,7 @@ public:
 
 Q_SIGNALS:
     void offerChanged();
+    void noticeChanged();
     /// Something went wrong that the writer should know of.
     void failed(const QString &message);
 
@@ -62,4 +67,5 @@ private:
     std::unique_ptr<RecoveryFolder> mFolder;
     RecoveryCopy mCopy;
     QString mWantedPath;
+    QString mNotice;
 };

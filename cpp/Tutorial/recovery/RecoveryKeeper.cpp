@@ -71,6 +71,7 @@ void RecoveryKeeper::forget()
 {
     mDue = false;
     mTimer.stop();
+    setFailing(false);
     Q_EMIT removeRequested();
 }
 
@@ -86,15 +87,20 @@ void RecoveryKeeper::write()
     Q_EMIT writeRequested(mContext->project(), mContext->unsavedWork(mTyped.values()));
 }
 
+void RecoveryKeeper::setFailing(bool failing)
+{
+    if (mFailing == failing)
+        return;
+    mFailing = failing;
+    Q_EMIT failingChanged(failing);
+}
+
 void RecoveryKeeper::onWritten(RecoveryWriter::Outcome outcome, qint64 milliseconds)
 {
     const bool mayComeRight = outcome == RecoveryWriter::Outcome::Failed;
     mPause = qMax(mayComeRight ? kFailurePause : kPause, milliseconds * kShare);
     mWriting = false;
-    const bool wasFailing = mFailing;
-    mFailing = outcome != RecoveryWriter::Outcome::Kept;
-    if (mFailing && !wasFailing)
-        Q_EMIT failed();
+    setFailing(outcome != RecoveryWriter::Outcome::Kept);
     if (mDue || mayComeRight)
         noteChange();
 }

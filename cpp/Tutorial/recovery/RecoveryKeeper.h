@@ -34,8 +34,8 @@ public:
     void adopt(std::unique_ptr<RecoveryFolder> folder, const QString &path);
 
 Q_SIGNALS:
-    /// The first of several copies could not be written.
-    void failed();
+    /// What is unsaved can't be written as a copy, or no longer so.
+    void failingChanged(bool failing);
 
     void writeRequested(const QString &project, const UnsavedWork &work);
     void removeRequested();
@@ -43,6 +43,7 @@ Q_SIGNALS:
 private:
     bool isNeeded() const;
     void write();
+    void setFailing(bool failing);
     void onWritten(RecoveryWriter::Outcome outcome, qint64 milliseconds);
     void sync();
 
