@@ -31,7 +31,6 @@ private Q_SLOTS:
     void entriesOfNoScreen();
     void saveCheck();
     void saveThatFails();
-    void copyThatFails();
     void hostOpensATutorial();
     void hostWaitsForTheWriter();
     void hostReachesNothingElse();
@@ -183,27 +182,6 @@ void tst_ApplicationWindow::saveThatFails()
     managerInstance->loadTutorial(kTutorial);
     QVERIFY(answer(QMessageBox::Ok).endsWith(QLatin1Char('\n') + kJapanese));
     writeAll(kJapanese, before);
-}
-
-// Who types goes on, and sees it until it is over.
-void tst_ApplicationWindow::copyThatFails()
-{
-    load(kShape);
-    select(1);
-    const auto notice = [this] { return item("copyNotice")->property("text").toString(); };
-    QDir copies(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/recovery"));
-    QVERIFY(copies.removeRecursively());
-    writeAll(copies.path(), QByteArray());
-    // How often it is tried is told by warnings.
-    mWarnings.end();
-    typeInto("hint.edit", QStringLiteral("ab"));
-    QTRY_VERIFY(notice().contains(QDir::toNativeSeparators(copies.path())));
-    type(QStringLiteral("cd"));
-    QCOMPARE(shown("hint.edit"), QStringLiteral("abcd"));
-    QVERIFY(QFile::remove(copies.path()));
-    QTRY_COMPARE_WITH_TIMEOUT(notice(), QString(), 60000);
-    mWarnings.begin();
-    QVERIFY(copies.exists());
 }
 
 // What the host editor wants waits for the writer's answer, as at "Open".

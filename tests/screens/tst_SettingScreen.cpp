@@ -3,6 +3,8 @@
 #include "UndoRedo/UndoRedo.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QStandardPaths>
 
 using namespace HostMessages;
 
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void takenNameIsAskedFor();
     void localeIsSwitched();
     void eventIsTakenOver();
+    void copyThatFails();
 
 private:
     static QString condition(int id) { return record(id)->mCondition; }
@@ -283,6 +286,25 @@ void tst_SettingScreen::eventIsTakenOver()
     QTRY_COMPARE(dialog->findChild<QQuickItem *>(QStringLiteral("coordinates"))->property("text").toString(),
                  QStringLiteral("1, 2"));
     QTRY_VERIFY(row("eventList", 9000) && !row("eventList", 8900));
+}
+
+// Who types goes on, and sees it until it is over.
+void tst_SettingScreen::copyThatFails()
+{
+    const auto notice = [this] { return item("copyNotice")->property("text").toString(); };
+    QDir copies(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/recovery"));
+    QVERIFY(copies.removeRecursively());
+    writeAll(copies.path(), QByteArray());
+    // How often it is tried is told by warnings.
+    mWarnings.end();
+    typeInto("hint.edit", QStringLiteral("ab"));
+    QTRY_VERIFY(notice().contains(QDir::toNativeSeparators(copies.path())));
+    type(QStringLiteral("cd"));
+    QCOMPARE(shown("hint.edit"), QStringLiteral("abcd"));
+    QVERIFY(QFile::remove(copies.path()));
+    QTRY_COMPARE_WITH_TIMEOUT(notice(), QString(), 60000);
+    mWarnings.begin();
+    QVERIFY(copies.exists());
 }
 
 AUTHORING_TEST_MAIN(tst_SettingScreen)
