@@ -74,7 +74,7 @@ QString Manager::refusalOf(const QString &filename)
 QString Manager::findUnopenable(const QString &filename)
 {
     QFile file(filename);
-    const QString refusal = refusalOf(filename);
+    QString refusal = refusalOf(filename);
     if (!refusal.isEmpty() || !file.exists() || DataSupport::openWhole(file))
         return refusal;
     return tr("%1 can't be read").arg(filename);
