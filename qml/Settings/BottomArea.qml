@@ -61,6 +61,7 @@ Rectangle {
             rightMargin: Theme.margin * 2
         }
         height: parent.height
+        visible: text !== ""
         text: TutorialManager.recovery.notice
         wrapMode: Text.Wrap
         elide: Text.ElideRight
