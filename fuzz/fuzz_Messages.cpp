@@ -16,6 +16,9 @@ using namespace ManagerFixture;
 
 namespace
 {
+// With a hundred and no byte on the link the host editor counts as silent, which ends the program as it should.
+constexpr int kMostTicks = 90;
+
 void tickAll(Manager &manager)
 {
     manager.tick();
@@ -71,8 +74,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QByteArray bytes = FuzzTarget::exchangeSeparators(FuzzTarget::bytesOf(data, size));
     {
         Manager manager;
-        for (const QByteArray &message : bytes.split(HostRecord::kEnd))
-            carryOut(manager, QString::fromUtf8(message));
+        int ticks = 0;
+        for (const QByteArray &message : bytes.split(HostRecord::kEnd)) {
+            if (message != "tick" || ++ticks <= kMostTicks)
+                carryOut(manager, QString::fromUtf8(message));
+        }
         tickAll(manager);
         // A stop while nothing runs leaves what a late step shows.
         manager.onReceived(HostMessages::FromHost::kStart);
